@@ -1,0 +1,77 @@
+// velmora.exe: an automatic session when the command line names a script and
+// a debug file, otherwise the interactive session's window.
+#include <windows.h>
+
+#include "debug_log.h"
+#include "engine.h"
+#include "session.h"
+#include "session_window.h"
+#include "win32_host.h"
+#include "win32_registry.h"
+
+namespace velmora {
+namespace {
+
+// Plays every line as a comment: each line selected is logged and the
+// selection moves to the next line that holds a command.
+class CommentRunner : public ScriptRunner {
+ public:
+  void Preprocess(Engine&) override {}
+  void Process_Line(Engine& engine) override {
+    RunState& state = engine.state;
+    const bool interactive = state.InteractiveSession;
+    Pause_Tenths(engine, 1);
+    const std::string line = engine.TraceWindow.Item(engine.TraceWindow.Selected());
+    Print_Debug(engine, interactive, state.DebugFileNumber, state.DebugOn, "");
+    if (!line.empty()) Print_Debug(engine, interactive, state.DebugFileNumber, state.DebugOn, "==> " + line);
+    Pause_Tenths(engine, 1);
+    const long next = Next_Executeable_Statement(engine, engine.TraceWindow.Selected());
+    if (next == -1) {
+      state.StopRunning = true;
+      if (engine.TraceWindow.Count() > 0) engine.TraceWindow.Select(static_cast<long>(engine.TraceWindow.Count()) - 1);
+    } else {
+      engine.TraceWindow.Select(next);
+    }
+  }
+};
+
+// The debug file of a script opened from the shell: the script's name with ".vld".
+std::string Debug_Name_For(std::string script) {
+  if (script.size() >= 2 && script.front() == '"' && script.back() == '"') script = script.substr(1, script.size() - 2);
+  const auto dot = script.find_last_of('.');
+  const auto slash = script.find_last_of("\\/");
+  if (dot != std::string::npos && (slash == std::string::npos || dot > slash)) script.resize(dot);
+  return script + ".vld";
+}
+
+int Run_Interactive(Engine& engine, HINSTANCE instance, int show) {
+  SessionWindow window(engine);
+  if (!window.Create(instance, show)) return 1;
+  engine.surface = &window;
+  RunState& state = engine.state;
+  state.InteractiveSession = true;
+  if (!engine.editor.ScriptFileName.empty()) {
+    engine.editor.DebugFileName = Debug_Name_For(engine.editor.ScriptFileName);
+    Initial_Setup(engine, true, state.DebugOn, state.StopRunning, state.ScriptFileNumber, state.DebugFileNumber);
+  }
+  MSG message;
+  while (GetMessageA(&message, nullptr, 0, 0) > 0) {
+    TranslateMessage(&message);
+    DispatchMessageA(&message);
+  }
+  Shut_Down(engine, true, state.ScriptFileNumber, state.DebugFileNumber);
+  engine.surface = nullptr;
+  return 0;
+}
+
+}  // namespace
+}  // namespace velmora
+
+int WINAPI WinMain(HINSTANCE instance, HINSTANCE, LPSTR, int show) {
+  velmora::Win32Host host;
+  velmora::Win32Registry registry;
+  velmora::Engine engine(host, registry);
+  velmora::CommentRunner runner;
+  velmora::Form_Load(engine, runner);
+  return velmora::Run_Interactive(engine, instance, show);
+}

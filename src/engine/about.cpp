@@ -1,0 +1,23 @@
+#include "about.h"
+
+#include "velmora_version.h"
+
+namespace velmora {
+
+const AboutTexts& About() {
+  static const AboutTexts texts{VELMORA_PRODUCT_TEXT, VELMORA_AUTHOR_TEXT, VELMORA_NOTICE_TEXT,
+                                "Version " VELMORA_VERSION_TEXT, VELMORA_DATE_TEXT};
+  return texts;
+}
+
+std::string Identification_Line() {
+  const AboutTexts& a = About();
+  return a.Title + " " + a.Version + ", " + a.Date + ". " + a.Notice;
+}
+
+std::string Trace_Header_Line() {
+  const AboutTexts& a = About();
+  return "# " + a.Title + ", " + a.Version + " - " + a.Date + "  Author: " + a.Author + ". " + a.Notice;
+}
+
+}  // namespace velmora

@@ -1,0 +1,26 @@
+// The five about texts, shared by the about box, the session headers and the
+// error report's identification line.
+#pragma once
+
+#include <string>
+
+namespace velmora {
+
+struct AboutTexts {
+  std::string Title;    // first text
+  std::string Author;   // second text
+  std::string Notice;   // third text, also shown by the notice label
+  std::string Version;  // fourth text
+  std::string Date;     // fifth text
+};
+
+const AboutTexts& About();
+
+// "Velmora Version 1.0.0, November 2026. <notice>": heads the automatic
+// session's log and every error report.
+std::string Identification_Line();
+
+// The first line of the editor's trace list.
+std::string Trace_Header_Line();
+
+}  // namespace velmora

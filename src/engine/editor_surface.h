@@ -1,0 +1,33 @@
+// What the engine asks of the editor's window while an interactive session
+// runs: measuring debug lines, the debug list's scroll extent, the debug frame
+// and the trace font. The automatic session has no surface.
+#pragma once
+
+#include <string>
+
+namespace velmora {
+
+class EditorSurface {
+ public:
+  virtual ~EditorSurface() = default;
+  // Width of the text in pixels, measured in the debug list's font.
+  virtual long MeasureDebugText(const std::string& text) = 0;
+  virtual long DebugWindowWidth() = 0;
+  virtual void SetDebugHorizontalExtent(long pixels) = 0;
+  virtual void EnableDebugFrame() = 0;
+  // Sets the trace list's font and returns the name of the font it now has.
+  virtual std::string SetTraceFont(const std::string& name) = 0;
+};
+
+// The editor's own values that the engine reads and writes.
+struct EditorState {
+  std::string ScriptFileName;
+  std::string DebugFileName;
+  bool DebugLogHasOutput = false;
+  bool NewSection = false;
+  bool ScriptRunning = false;
+  long WidestDebugLine = 0;
+  long WidestTraceLine = 0;
+};
+
+}  // namespace velmora

@@ -1,0 +1,35 @@
+// The engine's context: the run state, the editor's values, the lists and
+// the platform seams. Every engine procedure takes it first.
+#pragma once
+
+#include "desktop.h"
+#include "editor_surface.h"
+#include "file_table.h"
+#include "host.h"
+#include "list_model.h"
+#include "registry.h"
+#include "run_state.h"
+
+namespace velmora {
+
+struct Engine {
+  Engine(Host& h, Registry& r, Desktop* d = nullptr) : host(h), registry(r), desktop(d) {}
+
+  Host& host;
+  Registry& registry;
+  Desktop* desktop;
+  EditorSurface* surface = nullptr;  // the editor's window; none in an automatic session
+
+  RunState state;
+  EditorState editor;
+  FileTable files;
+
+  ListModel TraceWindow;      // the script lines; the selected index is the current line
+  ListModel DebugWindow;      // the debug output shown in the editor
+  ListModel LogicalControls;  // the block table
+
+  int reportDepth = 0;       // error reports under way; a report from inside one is not written
+  bool nestedFatal = false;  // a fatal report arrived while another report was being written
+};
+
+}  // namespace velmora

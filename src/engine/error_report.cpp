@@ -1,0 +1,99 @@
+#include "error_report.h"
+
+#include <cstdlib>
+
+#include "about.h"
+#include "debug_log.h"
+#include "engine.h"
+#include "session.h"
+#include "trap.h"
+
+namespace velmora {
+
+namespace {
+
+const std::string kRule(77, '-');
+
+// Restores a flag when the scope ends, however it ends.
+class FlagGuard {
+ public:
+  explicit FlagGuard(bool& flag) : flag_(flag), saved_(flag) { flag_ = true; }
+  ~FlagGuard() { flag_ = saved_; }
+  FlagGuard(const FlagGuard&) = delete;
+  FlagGuard& operator=(const FlagGuard&) = delete;
+
+ private:
+  bool& flag_;
+  bool saved_;
+};
+
+void Log(Engine& engine, bool interactive, const std::string& text) {
+  Print_Debug(engine, interactive, engine.state.DebugFileNumber, true, text);
+}
+
+void Close_Block(Engine& engine, bool interactive) {
+  Log(engine, interactive, kRule);
+  Log(engine, interactive, "");
+}
+
+[[noreturn]] void End_Automatic_Session(Engine& engine) {
+  engine.state.ReportingFatalError = true;
+  // The closing rule goes out before the debug file is closed, so that the
+  // file always ends with a whole block.
+  Close_Block(engine, false);
+  Shut_Down(engine, false, engine.state.ScriptFileNumber, engine.state.DebugFileNumber);
+  engine.host.Beep();
+  engine.host.EndProcess(1);
+  std::abort();  // EndProcess never returns
+}
+
+}  // namespace
+
+void Report_Error(Engine& engine, bool interactive, long code, const std::string& message, const std::string& /*title*/,
+                  const std::string& location, int kind) {
+  RunState& state = engine.state;
+  // A report raised while a report writes its own lines (the debug file
+  // itself failing) would only recurse: it is not written, but when it is
+  // fatal the outer report ends the run in its place.
+  if (state.ReportingFatalError) return;
+  if (engine.reportDepth > 0) {
+    if (kind == kFatal) engine.nestedFatal = true;  // the outer report ends the run for it
+    return;
+  }
+  ++engine.reportDepth;
+  struct DepthGuard {
+    int& depth;
+    ~DepthGuard() { --depth; }
+  } depthGuard{engine.reportDepth};
+
+  Log(engine, interactive, "");
+  Log(engine, interactive, kRule);
+  Log(engine, interactive, Identification_Line());
+  if (kind == kFatal) {
+    if (interactive && engine.surface) engine.surface->EnableDebugFrame();
+    Log(engine, interactive, "Fatal Error:  " + message + ".");
+    Log(engine, interactive, "Error Code:  " + std::to_string(code));
+    Log(engine, interactive, "Error Location:  " + location);
+    Log(engine, interactive, "Program will TERMINATE.  This operation was unsuccessful and caused a fatal error.");
+    if (!interactive) End_Automatic_Session(engine);
+    {
+      FlagGuard guard(state.ReportingFatalError);
+      Close_Block(engine, interactive);
+    }
+    state.ReportingFatalError = false;
+    state.StopRunning = true;
+    return;
+  }
+  Log(engine, interactive, message + ".");
+  Log(engine, interactive, "Error Code:  " + std::to_string(code));
+  Log(engine, interactive, "Error Location:  " + location);
+  Log(engine, interactive, "Program will continue, but this operation was unsuccessful.");
+  if (!state.StopRunning) Close_Block(engine, interactive);
+  if (engine.nestedFatal) {
+    engine.nestedFatal = false;
+    if (!interactive) End_Automatic_Session(engine);
+    state.StopRunning = true;
+  }
+}
+
+}  // namespace velmora

@@ -1,0 +1,28 @@
+// The program-wide run state shared by start-up, the debug log, the error
+// report, the interpreter and the editor. There is one for the process.
+#pragma once
+
+#include <cstdint>
+
+#include "desktop.h"
+
+namespace velmora {
+
+using FileNumber = std::uint16_t;
+constexpr FileNumber kNoFile = 65535;
+
+struct RunState {
+  bool InteractiveSession = false;
+  bool DebugOn = false;
+  bool DebugFileOpen = false;
+  bool StopRunning = false;
+  FileNumber ScriptFileNumber = 0;
+  FileNumber DebugFileNumber = 0;
+  double SpeedFactor = 1.0;
+  bool LastCommandSucceeded = false;
+  bool HaltRequested = false;
+  bool ReportingFatalError = false;
+  WindowHandle FoundWindow = 0;
+};
+
+}  // namespace velmora

@@ -1,0 +1,181 @@
+#include "session.h"
+
+#include <cstdlib>
+
+#include "about.h"
+#include "careful_io.h"
+#include "command_line.h"
+#include "debug_log.h"
+#include "engine.h"
+#include "file_type.h"
+#include "numeric.h"
+#include "text.h"
+#include "trap.h"
+
+namespace velmora {
+
+double Read_Speed_Factor(Host& host) {
+  const auto text = host.GetEnv("SPEED_FACTOR");
+  if (!text) return 1.0;
+  const auto value = Numeric_Value(*text);
+  return value && *value > 0 ? *value : 1.0;
+}
+
+void Form_Load(Engine& engine, ScriptRunner& runner) {
+  RunState& state = engine.state;
+  EditorState& editor = engine.editor;
+  state.SpeedFactor = Read_Speed_Factor(engine.host);
+  Register_FileType(engine.registry, engine.host.ProgramPath());
+  state.DebugFileOpen = false;
+  state.ReportingFatalError = false;
+
+  const std::string commandLine = engine.host.CommandLine();
+  if (!commandLine.empty()) Parse_CommandLine(engine, commandLine, editor.ScriptFileName, editor.DebugFileName);
+  if (!editor.ScriptFileName.empty() && !editor.DebugFileName.empty()) Run_Automatic_Session(engine, runner);
+  if (!editor.ScriptFileName.empty()) editor.ScriptFileName = '"' + editor.ScriptFileName + '"';
+  state.SpeedFactor = 1.0;
+}
+
+void Run_Automatic_Session(Engine& engine, ScriptRunner& runner) {
+  RunState& state = engine.state;
+  state.InteractiveSession = false;
+  Initial_Setup(engine, false, state.DebugOn, state.StopRunning, state.ScriptFileNumber, state.DebugFileNumber);
+  runner.Preprocess(engine);
+  engine.editor.ScriptRunning = true;
+  if (engine.TraceWindow.Count() > 0) engine.TraceWindow.Select(0);
+  while (!state.StopRunning) runner.Process_Line(engine);
+  Shut_Down(engine, false, state.ScriptFileNumber, state.DebugFileNumber);
+  engine.host.Beep();
+  engine.host.EndProcess(0);
+  std::abort();  // EndProcess never returns
+}
+
+namespace {
+
+void Log(Engine& engine, bool interactive, const std::string& text) {
+  Print_Debug(engine, interactive, engine.state.DebugFileNumber, true, text);
+}
+
+void Open_Debug_File(Engine& engine, bool interactive, const std::string& debugName, FileNumber& debugFileNumber) {
+  std::string name = debugName;
+  Careful_IO(engine, interactive, kOpenOutput, debugFileNumber, name, "", "Velmora.(General).Initial_Setup.OpenOuput.1",
+             kFatal);
+  // Only a file that really opened takes the log's lines.
+  engine.state.DebugFileOpen = engine.files.Find(debugFileNumber) != nullptr;
+}
+
+// The interactive session opens the script if it can and otherwise makes it
+// a new, empty script.
+void Open_Or_Create_Script(Engine& engine, std::string scriptName, FileNumber& scriptFileNumber) {
+  Careful_IO(engine, true, kOpenInput, scriptFileNumber, scriptName, "", "Velmora.(General).Initial_Setup.OpenInput.2",
+             kGoOn);
+  if (scriptFileNumber != kNoFile) return;
+  Careful_IO(engine, true, kOpenOutput, scriptFileNumber, scriptName, "",
+             "Velmora.(General).Initial_Setup.OpenInput.3", kGoOn);
+  Careful_IO(engine, true, kClose, scriptFileNumber, scriptName, "", "Velmora.(General).Shut_Down.Close.1", kGoOn);
+  Careful_IO(engine, true, kOpenInput, scriptFileNumber, scriptName, "", "Velmora.(General).Initial_Setup.OpenInput.4",
+             kGoOn);
+}
+
+void Write_Interactive_Header(Engine& engine, const std::string& debugName) {
+  RunState& state = engine.state;
+  if (engine.editor.NewSection) {
+    engine.editor.NewSection = false;
+    engine.editor.DebugLogHasOutput = false;
+    engine.host.Beep();
+    const bool fileOpen = state.DebugFileOpen;
+    state.DebugFileOpen = false;  // the separator is for the window only
+    Log(engine, true, std::string(63, '^'));
+    state.DebugFileOpen = fileOpen;
+  }
+  Log(engine, true, "Interactive Session Started." + Date_Time_Stamp(engine));
+  Log(engine, true, "Info: Debug File Open:  " + debugName);
+}
+
+void Set_Trace_Font(Engine& engine) {
+  if (!engine.surface) return;
+  if (engine.surface->SetTraceFont("Lucida Console") != "Lucida Console") engine.surface->SetTraceFont("Courier New");
+}
+
+void Read_Script(Engine& engine, bool interactive, FileNumber& scriptFileNumber) {
+  while (!engine.state.StopRunning && !At_End_Of_File(engine, scriptFileNumber)) {
+    std::string line;
+    Careful_IO(engine, interactive, kLineInput, scriptFileNumber, line, "", "Velmora.(General).Initial_Setup.Input.1",
+               kFatal);
+    if (!engine.state.StopRunning) engine.TraceWindow.Add(std::move(line));
+  }
+  std::string unused;
+  Careful_IO(engine, interactive, kClose, scriptFileNumber, unused, "", "Velmora.(General).Initial_Setup.Close.1",
+             kGoOn);
+}
+
+void Write_Automatic_Header(Engine& engine) {
+  Log(engine, false, Identification_Line());
+  Log(engine, false, "Automatic Session Started.");
+  if (engine.state.SpeedFactor != 1.0)
+    Log(engine, false,
+        "SPEED_FACTOR IN USE:  " + Shortest_Decimal(engine.state.SpeedFactor, engine.host.DecimalSeparator()));
+}
+
+}  // namespace
+
+void Initial_Setup(Engine& engine, bool interactive, bool& debugOn, bool& stopRunning, FileNumber& scriptFileNumber,
+                   FileNumber& debugFileNumber) {
+  Trap(engine, interactive, "Velmora.(General).Initial_Setup.TrappableErrors.1", kFatal, [&] {
+    const std::string commandLine = interactive
+                                        ? engine.editor.ScriptFileName + " " + engine.editor.DebugFileName
+                                        : Trim(engine.host.CommandLine());
+    std::string scriptName, debugName;
+    Parse_CommandLine(engine, commandLine, scriptName, debugName);
+
+    const bool debugWanted = interactive || Lower(debugName) != "nofile";
+    debugOn = true;
+    stopRunning = false;
+    if (debugWanted && !engine.editor.DebugLogHasOutput) Open_Debug_File(engine, interactive, debugName, debugFileNumber);
+
+    if (interactive) {
+      Write_Interactive_Header(engine, debugName);
+      engine.host.Beep();
+      Open_Or_Create_Script(engine, scriptName, scriptFileNumber);
+      Log(engine, true, "Info: Script File Open:  " + scriptName);
+    } else {
+      Careful_IO(engine, false, kOpenInput, scriptFileNumber, scriptName, "",
+                 "Velmora.(General).Initial_Setup.OpenInput.5", kFatal);
+    }
+
+    engine.TraceWindow.Clear();
+    engine.editor.WidestTraceLine = 0;
+    if (interactive) {
+      Set_Trace_Font(engine);
+      engine.TraceWindow.Add(Trace_Header_Line());
+    }
+    Read_Script(engine, interactive, scriptFileNumber);
+    if (!interactive) Write_Automatic_Header(engine);
+  });
+}
+
+void Shut_Down(Engine& engine, bool interactive, FileNumber /*scriptFileNumber*/, FileNumber debugFileNumber) {
+  // No later line may go to the closed file, not even the report of a failed close.
+  engine.state.DebugFileOpen = false;
+  std::string unused;
+  Careful_IO(engine, interactive, kClose, debugFileNumber, unused, "", "Velmora.(General).Shut_Down.Close.2", kGoOn);
+}
+
+long Next_Executeable_Statement(Engine& engine, long index) {
+  const long count = static_cast<long>(engine.TraceWindow.Count());
+  for (long i = index; i < count;) {
+    ++i;
+    const std::string text = Trim(engine.TraceWindow.Item(i));
+    if (!text.empty() && text.front() != '#') return i;
+  }
+  return -1;
+}
+
+void Pause_Tenths(Engine& engine, int tenths) {
+  for (int i = 0; i < tenths; ++i) {
+    engine.host.Sleep(95);
+    engine.host.DoEvents();
+  }
+}
+
+}  // namespace velmora

@@ -1,0 +1,48 @@
+// The Desktop seam: the window tree, the pointer, input injection and the
+// screen. Window handles are the platform's, carried as integers so that the
+// portable code can log and compare them.
+#pragma once
+
+#include <cstdint>
+#include <string>
+
+namespace velmora {
+
+using WindowHandle = std::int64_t;
+
+struct WindowRect {
+  long left = 0, top = 0, right = 0, bottom = 0;
+};
+
+struct ScreenPoint {
+  long x = 0, y = 0;
+};
+
+enum class WindowRelation { FirstChild = 5, Next = 2 };
+
+class Desktop {
+ public:
+  virtual ~Desktop() = default;
+
+  virtual WindowHandle DesktopWindow() = 0;
+  virtual WindowHandle GetWindow(WindowHandle window, WindowRelation relation) = 0;
+  virtual WindowHandle GetParent(WindowHandle window) = 0;
+  // Text and class as read into a buffer of the given size (the terminator takes one place).
+  virtual std::string WindowText(WindowHandle window, int bufferSize) = 0;
+  virtual std::string ClassName(WindowHandle window, int bufferSize) = 0;
+  virtual long ControlId(WindowHandle window) = 0;
+  virtual bool GetWindowRect(WindowHandle window, WindowRect& rect) = 0;
+  virtual bool IsWindowEnabled(WindowHandle window) = 0;
+  virtual WindowHandle WindowFromPoint(ScreenPoint point) = 0;
+  virtual bool SetForegroundWindow(WindowHandle window) = 0;
+
+  virtual bool SetCursorPos(ScreenPoint point) = 0;
+  virtual ScreenPoint GetCursorPos() = 0;
+  // One mouse event with the given flag word at a normalised or pixel position.
+  virtual void MouseEvent(std::uint32_t flags, long x, long y) = 0;
+  virtual int DoubleClickTime() = 0;
+  virtual int ScreenWidth() = 0;
+  virtual int ScreenHeight() = 0;
+};
+
+}  // namespace velmora

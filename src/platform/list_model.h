@@ -1,0 +1,49 @@
+// The Views seam: a list of text items with one selected index. The trace
+// list, the debug list and the block table are such lists; in the automatic
+// session they are plain models, in the editor a list box mirrors them.
+#pragma once
+
+#include <cstddef>
+#include <string>
+#include <vector>
+
+namespace velmora {
+
+class ListObserver {
+ public:
+  virtual ~ListObserver() = default;
+  virtual void OnCleared() = 0;
+  virtual void OnInserted(std::size_t index) = 0;
+  virtual void OnChanged(std::size_t index) = 0;
+  virtual void OnRemoved(std::size_t index) = 0;
+  virtual void OnSelected(long index) = 0;
+};
+
+class ListModel {
+ public:
+  static constexpr long kNoSelection = -1;
+
+  std::size_t Count() const { return items_.size(); }
+  // The item at the index; a position outside the list reads as empty.
+  const std::string& Item(long index) const;
+  const std::vector<std::string>& Items() const { return items_; }
+
+  void Add(std::string text);
+  void Insert(std::size_t index, std::string text);
+  void Set(std::size_t index, std::string text);
+  void Remove(std::size_t index);
+  void Clear();
+  void Reserve(std::size_t count) { items_.reserve(count); }
+
+  long Selected() const { return selected_; }
+  void Select(long index);
+
+  void SetObserver(ListObserver* observer) { observer_ = observer; }
+
+ private:
+  std::vector<std::string> items_;
+  long selected_ = kNoSelection;
+  ListObserver* observer_ = nullptr;
+};
+
+}  // namespace velmora

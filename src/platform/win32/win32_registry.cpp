@@ -1,0 +1,76 @@
+#include "win32_registry.h"
+
+#include <windows.h>
+
+#include <vector>
+
+namespace velmora {
+
+namespace {
+
+HKEY Root_Key(RegistryRoot root) { return root == RegistryRoot::ClassesRoot ? HKEY_CLASSES_ROOT : HKEY_CURRENT_USER; }
+
+// Owns an open key.
+class OpenKey {
+ public:
+  OpenKey(RegistryRoot root, const std::string& path, REGSAM access, bool create) {
+    const LONG status = create ? RegCreateKeyExA(Root_Key(root), path.c_str(), 0, nullptr, 0, access, nullptr, &key_,
+                                                 nullptr)
+                               : RegOpenKeyExA(Root_Key(root), path.c_str(), 0, access, &key_);
+    if (status != ERROR_SUCCESS) key_ = nullptr;
+  }
+  ~OpenKey() {
+    if (key_) RegCloseKey(key_);
+  }
+  OpenKey(const OpenKey&) = delete;
+  OpenKey& operator=(const OpenKey&) = delete;
+
+  HKEY get() const { return key_; }
+  explicit operator bool() const { return key_ != nullptr; }
+
+ private:
+  HKEY key_ = nullptr;
+};
+
+}  // namespace
+
+bool Win32Registry::CreateKey(RegistryRoot root, const std::string& path) {
+  return static_cast<bool>(OpenKey(root, path, KEY_WRITE, true));
+}
+
+bool Win32Registry::KeyExists(RegistryRoot root, const std::string& path) {
+  return static_cast<bool>(OpenKey(root, path, KEY_READ, false));
+}
+
+std::optional<std::string> Win32Registry::QueryString(RegistryRoot root, const std::string& path,
+                                                      const std::string& name) {
+  OpenKey key(root, path, KEY_READ, false);
+  if (!key) return std::nullopt;
+  DWORD type = 0, size = 0;
+  if (RegQueryValueExA(key.get(), name.c_str(), nullptr, &type, nullptr, &size) != ERROR_SUCCESS ||
+      (type != REG_SZ && type != REG_EXPAND_SZ))
+    return std::nullopt;
+  std::vector<char> value(size + 1, '\0');
+  if (RegQueryValueExA(key.get(), name.c_str(), nullptr, &type, reinterpret_cast<BYTE*>(value.data()), &size) !=
+      ERROR_SUCCESS)
+    return std::nullopt;
+  return std::string(value.data());  // stops at the terminator, which the stored size may include
+}
+
+bool Win32Registry::SetString(RegistryRoot root, const std::string& path, const std::string& name,
+                              const std::string& value) {
+  OpenKey key(root, path, KEY_WRITE, true);
+  return key && RegSetValueExA(key.get(), name.c_str(), 0, REG_SZ, reinterpret_cast<const BYTE*>(value.c_str()),
+                               static_cast<DWORD>(value.size() + 1)) == ERROR_SUCCESS;
+}
+
+bool Win32Registry::DeleteValue(RegistryRoot root, const std::string& path, const std::string& name) {
+  OpenKey key(root, path, KEY_WRITE, false);
+  return key && RegDeleteValueA(key.get(), name.c_str()) == ERROR_SUCCESS;
+}
+
+bool Win32Registry::DeleteKey(RegistryRoot root, const std::string& path) {
+  return RegDeleteKeyA(Root_Key(root), path.c_str()) == ERROR_SUCCESS;
+}
+
+}  // namespace velmora

@@ -1,0 +1,23 @@
+#include "win32_text.h"
+
+namespace velmora {
+
+std::string System_Text(DWORD code) {
+  char* buffer = nullptr;
+  const DWORD length = FormatMessageA(
+      FORMAT_MESSAGE_ALLOCATE_BUFFER | FORMAT_MESSAGE_FROM_SYSTEM | FORMAT_MESSAGE_IGNORE_INSERTS, nullptr, code, 0,
+      reinterpret_cast<char*>(&buffer), 0, nullptr);
+  std::string text = length ? std::string(buffer, length) : "Error " + std::to_string(code);
+  if (buffer) LocalFree(buffer);
+  // The report adds its own full stop after the message.
+  while (!text.empty() && (text.back() == '\r' || text.back() == '\n' || text.back() == ' ' || text.back() == '.'))
+    text.pop_back();
+  return text;
+}
+
+SystemError Last_Error() {
+  const DWORD code = GetLastError();
+  return {static_cast<long>(code), System_Text(code)};
+}
+
+}  // namespace velmora
