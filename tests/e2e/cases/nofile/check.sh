@@ -1,0 +1,3 @@
+set -e
+source "$E2E_LIB"
+expect_no_new_files

@@ -1,0 +1,92 @@
+// launch.exe: starts a program with an exact command line, waits for it and
+// returns its exit status.
+//
+//   launch.exe <program> <arguments-file> [seconds]
+//
+// `wine prog.exe ARGS` re-quotes its arguments (a " becomes \"), so a program
+// started that way never sees the line a Windows shell would give it. The
+// first line of <arguments-file> (UTF-8, its line end removed) is put after
+// the quoted program name exactly as written. A program still running after
+// <seconds> (default 60) is terminated and launch.exe returns 124; a failure
+// of launch.exe itself returns 125.
+#include <windows.h>
+#include <shellapi.h>
+
+#include <cstdio>
+#include <cwchar>
+#include <string>
+
+namespace {
+
+constexpr int kTimedOut = 124;
+constexpr int kLaunchFailed = 125;
+constexpr DWORD kDefaultSeconds = 60;
+
+int Fail(const wchar_t* what, const std::wstring& detail) {
+  std::fwprintf(stderr, L"launch: %ls %ls (error %lu)\n", what, detail.c_str(), GetLastError());
+  return kLaunchFailed;
+}
+
+bool ReadFirstLine(const std::wstring& path, std::string& line) {
+  HANDLE file = CreateFileW(path.c_str(), GENERIC_READ, FILE_SHARE_READ, nullptr, OPEN_EXISTING,
+                            FILE_ATTRIBUTE_NORMAL, nullptr);
+  if (file == INVALID_HANDLE_VALUE) return false;
+  std::string bytes;
+  char buffer[4096];
+  DWORD got = 0;
+  while (ReadFile(file, buffer, sizeof buffer, &got, nullptr) && got > 0) bytes.append(buffer, got);
+  CloseHandle(file);
+  line = bytes.substr(0, bytes.find_first_of("\r\n"));
+  return true;
+}
+
+std::wstring Widen(const std::string& utf8) {
+  if (utf8.empty()) return {};
+  const int length = MultiByteToWideChar(CP_UTF8, 0, utf8.data(), static_cast<int>(utf8.size()), nullptr, 0);
+  std::wstring wide(static_cast<size_t>(length), L'\0');
+  MultiByteToWideChar(CP_UTF8, 0, utf8.data(), static_cast<int>(utf8.size()), wide.data(), length);
+  return wide;
+}
+
+}  // namespace
+
+int main() {
+  int argc = 0;
+  wchar_t** argv = CommandLineToArgvW(GetCommandLineW(), &argc);
+  if (!argv || argc < 3 || argc > 4) {
+    std::fwprintf(stderr, L"usage: launch.exe <program> <arguments-file> [seconds]\n");
+    return kLaunchFailed;
+  }
+  const std::wstring program = argv[1];
+  const std::wstring argumentsFile = argv[2];
+  const DWORD seconds = argc == 4 ? static_cast<DWORD>(std::wcstoul(argv[3], nullptr, 10)) : kDefaultSeconds;
+  LocalFree(argv);
+
+  std::string arguments;
+  if (!ReadFirstLine(argumentsFile, arguments)) return Fail(L"cannot read", argumentsFile);
+
+  // The shape a Windows shell gives: the quoted program, a blank, the arguments.
+  std::wstring commandLine = L"\"" + program + L"\"";
+  if (!arguments.empty()) commandLine += L" " + Widen(arguments);
+
+  STARTUPINFOW startup{};
+  startup.cb = sizeof startup;
+  PROCESS_INFORMATION process{};
+  if (!CreateProcessW(program.c_str(), commandLine.data(), nullptr, nullptr, FALSE, 0, nullptr, nullptr, &startup,
+                      &process))
+    return Fail(L"cannot start", program);
+  CloseHandle(process.hThread);
+
+  int status = kLaunchFailed;
+  if (WaitForSingleObject(process.hProcess, seconds * 1000) == WAIT_TIMEOUT) {
+    std::fwprintf(stderr, L"launch: %ls still running after %lu s; terminated\n", program.c_str(), seconds);
+    TerminateProcess(process.hProcess, kTimedOut);
+    WaitForSingleObject(process.hProcess, INFINITE);
+    status = kTimedOut;
+  } else {
+    DWORD code = 0;
+    if (GetExitCodeProcess(process.hProcess, &code)) status = static_cast<int>(code);
+  }
+  CloseHandle(process.hProcess);
+  return status;
+}

@@ -1,0 +1,24 @@
+# shellcheck shell=bash
+# Helpers for the cases' check.sh, sourced as: source "$E2E_LIB"
+# Each prints what is wrong and returns non-zero; check.sh runs under set -e.
+
+# The working folder holds exactly the files it held before the run.
+expect_no_new_files() {
+  local now
+  now="$(find . -type f | sort)"
+  if [ "$now" != "$(cat "$E2E_BEFORE")" ]; then
+    echo "the working folder changed:"
+    diff <(cat "$E2E_BEFORE") <(printf '%s\n' "$now") | sed 's/^/  /'
+    return 1
+  fi
+}
+
+expect_absent() {
+  local name
+  for name in "$@"; do
+    if [ -e "$name" ]; then
+      echo "$name exists, and should not"
+      return 1
+    fi
+  done
+}

@@ -1,0 +1,182 @@
+#!/usr/bin/env bash
+# Plays the end-to-end cases: velmora.exe under Wine, started with an exact
+# command line, its exit status and debug log compared with what the case
+# expects.
+#
+#   tests/e2e/run.sh [case...]      (all cases when none is named)
+#
+# A case is a folder cases/<name>/ holding:
+#   files/          the working folder's content (scripts, an old log, ...);
+#                   velmora.exe runs with a copy of it as current directory
+#   cmdline         the command line after the program name, exactly (first line)
+#   env             optional KEY=VALUE lines added to the Windows environment
+#   expected_status optional exit status (default 0)
+#   expected.vld    optional expected debug log (LF line ends here; the real
+#                   file must end every line in CR LF)
+#   table           instead of cmdline, env, expected_status and expected.vld,
+#                   one row per run:
+#                     variant | status | expected log or - | KEY=VALUE ... or - | command line
+#                   the command line is the rest of the row, leading blanks
+#                   removed; lines starting with # are comments
+#   debug_file      optional name of the debug file to compare (default a.vld)
+#   check.sh        optional extra checks, run in the working folder after the
+#                   program, with E2E_STATUS, E2E_VARIANT, E2E_BEFORE (listing
+#                   of the folder before the run) and E2E_LIB (helpers) set
+#
+# Logs are compared after mask.sed (time stamps, window handles). Needs
+# build/windows/bin/{velmora,launch}.exe; starts its own Wine session unless a
+# calling script already has one. Ends with "e2e: N passed, N failed".
+set -uo pipefail
+
+here="$(cd "$(dirname "${BASH_SOURCE[0]}")" && pwd)"
+root="$(cd "$here/../.." && pwd)"
+bin="${VELMORA_BIN:-$root/build/windows/bin}"
+work_root="$root/build/e2e"
+mask="$here/mask.sed"
+
+for program in velmora.exe launch.exe; do
+  if [ ! -f "$bin/$program" ]; then
+    echo "e2e: $bin/$program is missing; build the windows preset first" >&2
+    exit 2
+  fi
+done
+
+# shellcheck source=../../tools/wine-env.sh
+source "$root/tools/wine-env.sh"
+wine_start || { echo "e2e: no Wine session" >&2; exit 2; }
+
+velmora_win="$(wine_winpath "$bin/velmora.exe")"
+passed=0
+failed=0
+
+# Normalised debug log for comparison: CR removed, masks applied.
+normalise() { tr -d '\r' <"$1" | sed -E -f "$mask"; }
+
+# Succeeds when every line of the file ends in CR LF.
+all_lines_end_in_crlf() {
+  local file="$1" lf cr crlf
+  [ -s "$file" ] || return 0
+  [ "$(tail -c 2 "$file" | od -An -tx1 | tr -d ' \n')" = "0d0a" ] || return 1
+  lf=$(tr -cd '\n' <"$file" | wc -c)
+  cr=$(tr -cd '\r' <"$file" | wc -c)
+  crlf=$(grep -c $'\r$' "$file")
+  [ "$lf" -eq "$cr" ] && [ "$cr" -eq "$crlf" ]
+}
+
+# Runs one variant of a case and prints its verdict.
+#   run_one <case dir> <label> <variant> <expected status> <expected log or ""> <env words> <command line>
+run_one() {
+  local case_dir="$1" label="$2" variant="$3" want_status="$4" expected="$5" env_words="$6" command_line="$7"
+  local scratch="$work_root/$label" problems=""
+  local wd="$scratch/work"
+  rm -rf "$scratch"
+  mkdir -p "$wd"
+  [ -d "$case_dir/files" ] && cp -a "$case_dir/files/." "$wd/"
+  printf '%s\n' "$command_line" >"$scratch/cmdline.txt"
+  (cd "$wd" && find . -type f | sort) >"$scratch/before.txt"
+
+  local status
+  (
+    cd "$wd" || exit 125
+    unset SPEED_FACTOR
+    local word
+    for word in $env_words; do
+      [ "$word" = "-" ] || export "${word?}"
+    done
+    VELMORA_WINE_TIMEOUT=60 wine_run "$bin/launch.exe" "$velmora_win" "$(wine_winpath "$scratch/cmdline.txt")" 30
+  ) >"$scratch/launch.log" 2>&1
+  status=$?
+
+  if [ "$status" != "$want_status" ]; then
+    problems+="exit status $status, expected $want_status"$'\n'
+  fi
+
+  if [ -n "$expected" ] && [ ! -f "$expected" ]; then
+    problems+="the case has no file ${expected#"$root/"}"$'\n'
+  elif [ -n "$expected" ]; then
+    local debug_name="a.vld"
+    [ -f "$case_dir/debug_file" ] && debug_name="$(head -n 1 "$case_dir/debug_file")"
+    local actual="$wd/$debug_name"
+    if [ ! -f "$actual" ]; then
+      problems+="no debug file $debug_name was written"$'\n'
+    else
+      all_lines_end_in_crlf "$actual" || problems+="$debug_name has a line that does not end in CR LF"$'\n'
+      local difference
+      if ! difference="$(diff -u --label "expected ${expected#"$root/"}" --label "actual $debug_name (masked)" \
+        <(normalise "$expected") <(normalise "$actual"))"; then
+        problems+="debug log differs:"$'\n'"$difference"$'\n'
+      fi
+    fi
+  fi
+
+  if [ -f "$case_dir/check.sh" ]; then
+    local check_output
+    if ! check_output="$(cd "$wd" && E2E_STATUS="$status" E2E_VARIANT="$variant" E2E_BEFORE="$scratch/before.txt" \
+      E2E_LIB="$here/lib.sh" bash "$case_dir/check.sh" 2>&1)"; then
+      problems+="check.sh failed:"$'\n'"$check_output"$'\n'
+    fi
+  fi
+
+  if [ -z "$problems" ]; then
+    echo "PASS $label"
+    passed=$((passed + 1))
+  else
+    echo "FAIL $label (command line: $command_line)"
+    printf '%s' "$problems" | sed 's/^/    /'
+    if [ -s "$scratch/launch.log" ]; then
+      echo "    output of the run:"
+      sed 's/^/      /' "$scratch/launch.log"
+    fi
+    failed=$((failed + 1))
+  fi
+}
+
+trim() { local s="$1"; s="${s#"${s%%[![:space:]]*}"}"; printf '%s' "${s%"${s##*[![:space:]]}"}"; }
+
+run_case() {
+  local case_dir="$1" name
+  name="$(basename "$case_dir")"
+  if [ -f "$case_dir/table" ]; then
+    local row variant status log env_words command_line expected
+    while IFS= read -r row || [ -n "$row" ]; do
+      row="${row%$'\r'}"
+      [[ "$(trim "$row")" == "" || "$(trim "$row")" == \#* ]] && continue
+      IFS='|' read -r variant status log env_words _ <<<"$row"
+      variant="$(trim "$variant")"
+      status="$(trim "$status")"
+      log="$(trim "$log")"
+      env_words="$(trim "$env_words")"
+      command_line="${row#*|*|*|*|}"
+      command_line="${command_line#"${command_line%%[! ]*}"}"
+      expected=""
+      [ "$log" != "-" ] && expected="$case_dir/$log"
+      run_one "$case_dir" "$name/$variant" "$variant" "$status" "$expected" "$env_words" "$command_line"
+    done <"$case_dir/table"
+  else
+    local status=0 env_words="" command_line expected=""
+    [ -f "$case_dir/expected_status" ] && status="$(trim "$(cat "$case_dir/expected_status")")"
+    [ -f "$case_dir/env" ] && env_words="$(grep -v '^[[:space:]]*\(#\|$\)' "$case_dir/env" | tr '\n' ' ')"
+    [ -f "$case_dir/expected.vld" ] && expected="$case_dir/expected.vld"
+    IFS= read -r command_line <"$case_dir/cmdline" || true
+    run_one "$case_dir" "$name" "" "$status" "$expected" "$env_words" "${command_line%$'\r'}"
+  fi
+}
+
+cases=()
+if [ $# -gt 0 ]; then
+  for name in "$@"; do cases+=("$here/cases/${name%/}"); done
+else
+  for dir in "$here"/cases/*/; do cases+=("${dir%/}"); done
+fi
+
+started=$(date +%s)
+for case_dir in "${cases[@]}"; do
+  if [ ! -d "$case_dir" ]; then
+    echo "FAIL $(basename "$case_dir") (no such case)"
+    failed=$((failed + 1))
+    continue
+  fi
+  run_case "$case_dir"
+done
+echo "e2e: $passed passed, $failed failed ($(($(date +%s) - started)) s)"
+[ "$failed" -eq 0 ]
