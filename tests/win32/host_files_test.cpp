@@ -1,6 +1,7 @@
 // Text files and file operations of the Windows host, on the real file system.
 #include <gtest/gtest.h>
 
+#include <ostream>
 #include <string>
 #include <vector>
 
@@ -52,6 +53,8 @@ struct ReadCase {
   std::string bytes;
   std::vector<std::string> lines;
 };
+// Failure messages name the row instead of dumping its bytes.
+void PrintTo(const ReadCase& row, std::ostream* out) { *out << row.name; }
 
 std::string Repeated(char c, std::size_t count) { return std::string(count, c); }
 
@@ -148,6 +151,7 @@ struct OpenFailureCase {
   const char* relativePath;
   FileMode mode;
 };
+void PrintTo(const OpenFailureCase& row, std::ostream* out) { *out << row.name; }
 
 const OpenFailureCase kOpenFailures[] = {
     {"input_missing_file", "missing.vls", FileMode::Input},
@@ -249,6 +253,7 @@ struct DeleteCase {
   std::set<std::string> remainingTop;  // files left in the scratch folder
   std::set<std::string> remainingSub;  // files left in its "sub" folder
 };
+void PrintTo(const DeleteCase& row, std::ostream* out) { *out << row.name; }
 
 // The scratch folder holds a.tmp, b.tmp, c.txt and the folder "sub" with
 // a.tmp and d.txt.

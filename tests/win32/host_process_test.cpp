@@ -5,6 +5,7 @@
 #include <cctype>
 #include <chrono>
 #include <optional>
+#include <ostream>
 #include <string>
 #include <thread>
 
@@ -28,6 +29,8 @@ struct EnvCase {
   const char* queryName;
   std::optional<std::string> expected;
 };
+// Failure messages name the row instead of dumping its bytes.
+void PrintTo(const EnvCase& row, std::ostream* out) { *out << row.name; }
 
 const EnvCase kEnvCases[] = {
     {"set", "VELMORA_TEST_VALUE", "2.5", "VELMORA_TEST_VALUE", "2.5"},
@@ -61,6 +64,7 @@ struct MissingProgramCase {
   const char* name;
   const char* commandLine;
 };
+void PrintTo(const MissingProgramCase& row, std::ostream* out) { *out << row.name; }
 
 const MissingProgramCase kMissingPrograms[] = {
     {"unknown_name", "velmora_no_such_program.exe"},
@@ -153,6 +157,7 @@ struct DriveCase {
   bool succeeds;
   char expectedDrive;  // the current directory's drive letter afterwards
 };
+void PrintTo(const DriveCase& row, std::ostream* out) { *out << row.name; }
 
 // Wine gives every prefix the drives C: (the prefix) and Z: (the Unix root);
 // nothing is mapped to Q:.

@@ -7,6 +7,7 @@
 #include <gtest/gtest.h>
 
 #include <optional>
+#include <ostream>
 #include <string>
 #include <vector>
 
@@ -78,6 +79,8 @@ struct RoundTripCase {
   std::string valueName;
   std::string value;
 };
+// Failure messages name the row instead of dumping its bytes.
+void PrintTo(const RoundTripCase& row, std::ostream* out) { *out << row.name; }
 
 const RoundTripCase kRoundTrips[] = {
     {"plain", "Editor", "Script File", "C:\\Setup\\setup.vls"},
@@ -120,6 +123,7 @@ struct MissingCase {
   const char* path;  // below the scratch key
   const char* valueName;
 };
+void PrintTo(const MissingCase& row, std::ostream* out) { *out << row.name; }
 
 const MissingCase kMissing[] = {
     {"missing_key", false, "Editor", "Top"},

@@ -1,0 +1,118 @@
+#!/usr/bin/env bash
+# Builds Velmora both ways and runs every test layer:
+#   1. native unit tests (host g++, AddressSanitizer and UBSan), through ctest
+#   2. the Win32 platform tests, under Wine
+#   3. the end-to-end cases of velmora.exe, under Wine
+# One Wine session (display, server, prefix) serves layers 2 and 3.
+# Exits non-zero when anything fails; the last line is "N passed, N failed",
+# counting every test of every layer (each GoogleTest test, each e2e run),
+# and a build that fails counts as one failure.
+set -uo pipefail
+
+root="$(cd "$(dirname "${BASH_SOURCE[0]}")/.." && pwd)"
+cd "$root" || exit 1
+logs="$root/build/test-logs"
+
+passed=0
+failed=0
+started=$(date +%s)
+
+section() { printf '\n=== %s\n' "$*"; }
+elapsed() { echo "$(($(date +%s) - $1)) s"; }
+# Adds a layer's counts: add <layer> <passed> <failed>
+add() {
+  echo "[$1] $2 passed, $3 failed"
+  passed=$((passed + $2))
+  failed=$((failed + $3))
+}
+
+section "setup"
+if ! "$root/tools/setup.sh"; then
+  echo "setup failed"
+  echo "0 passed, 1 failed"
+  exit 1
+fi
+mkdir -p "$logs"
+
+# Builds one preset; its full output goes to a log, shown when it fails.
+build() {
+  local preset="$1" since
+  since=$(date +%s)
+  section "build $preset"
+  if cmake --preset "$preset" >"$logs/configure-$preset.log" 2>&1 &&
+    cmake --build --preset "$preset" -j2 >"$logs/build-$preset.log" 2>&1; then
+    echo "built $preset in $(elapsed "$since")"
+    return 0
+  fi
+  cat "$logs/configure-$preset.log" "$logs/build-$preset.log" 2>/dev/null | tail -n 60
+  echo "building $preset failed (logs in ${logs#"$root/"})"
+  return 1
+}
+
+# --- layer 1: native ---------------------------------------------------------
+if build native; then
+  section "native unit tests"
+  since=$(date +%s)
+  ctest --preset native -j2 --timeout 120 2>&1 | tee "$logs/native.log" |
+    grep -vE '^ +Start +[0-9]+: |^ *[0-9]+/[0-9]+ Test +#[0-9]+: .* Passed'
+  # "100% tests passed, 0 tests failed out of 42"
+  summary="$(grep -E '[0-9]+% tests passed, [0-9]+ tests? failed out of [0-9]+' "$logs/native.log" | tail -n 1)"
+  if [ -n "$summary" ]; then
+    total=$(sed -E 's/.* out of ([0-9]+).*/\1/' <<<"$summary")
+    bad=$(sed -E 's/.*passed, ([0-9]+) tests? failed.*/\1/' <<<"$summary")
+    add native "$((total - bad))" "$bad"
+  else
+    echo "ctest gave no summary"
+    add native 0 1
+  fi
+  echo "native tests took $(elapsed "$since")"
+else
+  add native 0 1
+fi
+
+# --- layers 2 and 3: under Wine ----------------------------------------------
+if build windows; then
+  # shellcheck source=wine-env.sh
+  source "$root/tools/wine-env.sh"
+  section "Wine"
+  if wine_start; then
+    section "Win32 tests (Wine)"
+    since=$(date +%s)
+    VELMORA_WINE_TIMEOUT=300 wine_run "$root/build/windows/bin/velmora_win32_tests.exe" --gtest_color=no --gtest_brief=1 \
+      2>&1 | tee "$logs/win32.log"
+    # "[==========] 76 tests from 14 test suites ran.", "[  PASSED  ] 75 tests.",
+    # "[  SKIPPED ] 1 test, listed below:"; the rest of those that ran failed.
+    ran=$(sed -nE 's/^\[==========\] ([0-9]+) tests? from .* ran\..*/\1/p' "$logs/win32.log" | tail -n 1)
+    good=$(sed -nE 's/^\[  PASSED  \] ([0-9]+) tests?\..*/\1/p' "$logs/win32.log" | tail -n 1)
+    skipped=$(sed -nE 's/^\[  SKIPPED \] ([0-9]+) tests?, listed below:.*/\1/p' "$logs/win32.log" | tail -n 1)
+    if [ -z "$ran" ]; then
+      echo "the Win32 test program ended without its summary"
+      add win32 "${good:-0}" 1
+    else
+      add win32 "${good:-0}" "$((ran - ${good:-0} - ${skipped:-0}))"
+    fi
+    echo "Win32 tests took $(elapsed "$since")"
+
+    section "end-to-end tests (Wine)"
+    "$root/tests/e2e/run.sh" 2>&1 | tee "$logs/e2e.log"
+    line="$(grep -E '^e2e: [0-9]+ passed, [0-9]+ failed' "$logs/e2e.log" | tail -n 1)"
+    if [ -n "$line" ]; then
+      add e2e "$(sed -E 's/^e2e: ([0-9]+) passed.*/\1/' <<<"$line")" \
+        "$(sed -E 's/^e2e: [0-9]+ passed, ([0-9]+) failed.*/\1/' <<<"$line")"
+    else
+      echo "the end-to-end runner ended without its summary"
+      add e2e 0 1
+    fi
+    wine_stop
+  else
+    echo "Wine did not start (logs in build/wine-logs)"
+    add wine 0 1
+  fi
+else
+  add windows 0 1
+fi
+
+section "total"
+echo "tools/test.sh took $(elapsed "$started")"
+echo "$passed passed, $failed failed"
+[ "$failed" -eq 0 ] && [ "$passed" -gt 0 ]
