@@ -161,9 +161,9 @@ wine_run() {
   local program="$1" lock="${VELMORA_WINE_LOCK_FD:-}"
   shift
   if [ -n "$lock" ]; then
-    timeout -k 5 "${VELMORA_WINE_TIMEOUT:-120}" "$VELMORA_WINE" "$program" "$@" {lock}>&-
+    timeout -k 5 "${VELMORA_WINE_TIMEOUT:-120}" "$VELMORA_WINE" "$program" "$@" {lock}>&- </dev/null
   else
-    timeout -k 5 "${VELMORA_WINE_TIMEOUT:-120}" "$VELMORA_WINE" "$program" "$@"
+    timeout -k 5 "${VELMORA_WINE_TIMEOUT:-120}" "$VELMORA_WINE" "$program" "$@" </dev/null
   fi
 }
 
