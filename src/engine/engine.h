@@ -2,6 +2,9 @@
 // the platform seams. Every engine procedure takes it first.
 #pragma once
 
+#include <cstdint>
+#include <vector>
+
 #include "desktop.h"
 #include "editor_surface.h"
 #include "file_table.h"
@@ -12,6 +15,8 @@
 
 namespace velmora {
 
+class WindowAutomation;  // the window commands, supplied by the automation library
+
 struct Engine {
   Engine(Host& h, Registry& r, Desktop* d = nullptr) : host(h), registry(r), desktop(d) {}
 
@@ -19,6 +24,7 @@ struct Engine {
   Registry& registry;
   Desktop* desktop;
   EditorSurface* surface = nullptr;  // the editor's window; none in an automatic session
+  WindowAutomation* automation = nullptr;
 
   RunState state;
   EditorState editor;
@@ -27,6 +33,9 @@ struct Engine {
   ListModel TraceWindow;      // the script lines; the selected index is the current line
   ListModel DebugWindow;      // the debug output shown in the editor
   ListModel LogicalControls;  // the block table
+  // Beside the block table: for every script line, the block table item that
+  // names it as a keyword line (-1 for none), so jumps need no search.
+  std::vector<std::int32_t> BlockItemOfLine;
 
   int reportDepth = 0;       // error reports under way; a report from inside one is not written
   bool nestedFatal = false;  // a fatal report arrived while another report was being written

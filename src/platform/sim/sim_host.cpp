@@ -124,6 +124,14 @@ bool SimHost::ChangeDrive(const std::string& drive, SystemError& error) {
 }
 
 long SimHost::StartProgram(const std::string& line, WindowStyle, SystemError& error) {
+  if (!startOutcomes.empty()) {
+    const bool starts = startOutcomes.front();
+    startOutcomes.pop_front();
+    if (!starts) {
+      error = NotFound();
+      return -1;
+    }
+  }
   if (unstartable.count(line) || line.empty()) {
     error = NotFound();
     return -1;
@@ -134,6 +142,7 @@ long SimHost::StartProgram(const std::string& line, WindowStyle, SystemError& er
 
 void SimHost::Sleep(int milliseconds) {
   ++sleeps;
+  if (milliseconds == 95) ++tenthSleeps;
   if (milliseconds <= 0) return;
   clockMs += milliseconds;
   sleptMs += milliseconds;

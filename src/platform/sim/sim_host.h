@@ -2,6 +2,7 @@
 // clock that sleeping advances, and a record of what the engine asked for.
 #pragma once
 
+#include <deque>
 #include <map>
 #include <set>
 #include <string>
@@ -23,6 +24,7 @@ class SimHost : public Host {
   std::set<std::string> unclosable;          // paths whose closing fails
   std::set<std::string> unstartable;         // programs that cannot be started
   bool throwFromFileOperations = false;      // rename, delete, copy throw, as a broken layer would
+  std::deque<bool> startOutcomes;            // outcomes of the next program starts, taken in order
   std::string dateTimeText = "21/11/2026 10:20:30";
   std::string decimalSeparator = ".";
 
@@ -30,6 +32,7 @@ class SimHost : public Host {
   long long clockMs = 0;
   long long sleptMs = 0;
   int sleeps = 0;
+  long long tenthSleeps = 0;  // sleeps of 95 ms: the tenths of a second that the engine paused
   int doEvents = 0;
   int beeps = 0;
   std::vector<std::string> startedPrograms;

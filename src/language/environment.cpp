@@ -1,0 +1,96 @@
+#include "environment.h"
+
+#include <cstdint>
+
+#include "debug_log.h"
+#include "engine.h"
+#include "trap.h"
+
+namespace velmora {
+
+namespace {
+
+constexpr char kBackquote = '`';
+constexpr char kMarker = '\n';  // an unpaired backquote while the expansion works
+
+const char* const kCountWords[] = {"Two",      "Three",    "Four",    "Five",      "Six",       "Seven",
+                                   "Eight",    "Nine",     "Ten",     "Eleven",    "Twelve",    "Thirteen",
+                                   "Fourteen", "Fifteen",  "Sixteen", "Seventeen", "Eighteen",  "Nineteen"};
+
+// Pass 1: a doubled backquote becomes one literal backquote; every other
+// backquote becomes a marker.
+void Mark_Backquotes(std::string& text) {
+  for (auto p = text.find(kBackquote); p != std::string::npos;) {
+    if (p + 1 < text.size() && text[p + 1] == kBackquote) {
+      text.erase(p + 1, 1);
+      if (p + 1 >= text.size()) break;
+      p = text.find(kBackquote, p + 1);
+    } else {
+      text[p] = kMarker;
+      p = text.find(kBackquote, p + 1);
+    }
+  }
+}
+
+// Pass 2: the text between two markers is a name, replaced by its value.
+// Values are not scanned again. Returns the number of references.
+std::uint8_t Replace_References(Engine& engine, std::string& text) {
+  std::uint8_t count = 0;
+  std::size_t from = 0;
+  for (;;) {
+    const auto first = text.find(kMarker, from);
+    if (first == std::string::npos) break;
+    const auto second = text.find(kMarker, first + 1);
+    if (second == std::string::npos) {
+      text[first] = kBackquote;
+      break;
+    }
+    const std::string value = engine.host.GetEnv(text.substr(first + 1, second - first - 1)).value_or("");
+    text.replace(first, second - first + 1, value);
+    from = first + value.size();
+    if (count == UINT8_MAX) throw OverflowError();
+    ++count;
+  }
+  return count;
+}
+
+std::string Count_Line(unsigned count) {
+  if (count == 1) return "One (1) Environment Variable Used.  Conversion follows:";
+  if (count < 20)
+    return std::string(kCountWords[count - 2]) + " (" + std::to_string(count) +
+           ") Environment Variables Used.  Conversion follows:";
+  return std::to_string(count) + " Environment Variables Used.  Conversion follows:";
+}
+
+}  // namespace
+
+std::string Convert_EnvVars(Engine& engine, bool Interactive, const std::string& text) {
+  std::string expanded = text;
+  Trap(engine, Interactive, "Velmora.(General).Convert_EnvVars.TrappableErrors.1", kFatal, [&] {
+    Mark_Backquotes(expanded);
+    const std::uint8_t count = Replace_References(engine, expanded);
+    if (count == 0) return;
+    const RunState& state = engine.state;
+    Print_Debug(engine, Interactive, state.DebugFileNumber, state.DebugOn, Count_Line(count));
+    Print_Debug(engine, Interactive, state.DebugFileNumber, state.DebugOn, "     " + text);
+    Print_Debug(engine, Interactive, state.DebugFileNumber, state.DebugOn, " --> " + expanded);
+  });
+  return expanded;
+}
+
+void TestEnvironmentVariables_Command(Engine& engine, bool Interactive, const std::string& Parameters,
+                                      bool& LastCommandSucceeded) {
+  Trap(engine, Interactive, "Velmora.(General).TestEnvironmentVariables_Command.TrappableErrors.1", kFatal, [&] {
+    const auto separator = Parameters.find('\n');
+    const std::string left = Parameters.substr(0, separator);
+    const std::string right = separator == std::string::npos ? std::string() : Parameters.substr(separator + 1);
+    const std::string leftValue = Convert_EnvVars(engine, Interactive, left);
+    const std::string rightValue = Convert_EnvVars(engine, Interactive, right);
+    LastCommandSucceeded = leftValue == rightValue;
+    const RunState& state = engine.state;
+    Print_Debug(engine, Interactive, state.DebugFileNumber, state.DebugOn,
+                LastCommandSucceeded ? "  Match Found!  Test Succeeded." : "  No Match Found!  Test Failed.");
+  });
+}
+
+}  // namespace velmora

@@ -1,0 +1,108 @@
+#include <gtest/gtest.h>
+
+#include "engine_fixture.h"
+#include "environment.h"
+
+namespace velmora::testing {
+namespace {
+
+class EnvironmentTest : public EngineTest {
+ protected:
+  void SetUp() override {
+    engine.state.InteractiveSession = true;
+    engine.state.DebugOn = true;
+    host.environment = {{"A", "1"}, {"B", "two"}, {"C", "3"}, {"WINDIR", "C:\\WINDOWS"}, {"Q", "`A`"},
+                        {"OS", "Windows_NT"}};
+  }
+};
+
+struct ExpansionCase {
+  const char* text;
+  const char* expanded;
+  const char* countLine;  // nullptr: nothing logged
+};
+
+TEST_F(EnvironmentTest, ExpandsReferencesAndLogsTheConversion) {
+  const ExpansionCase cases[] = {
+      {"plain text", "plain text", nullptr},
+      {"a``b", "a`b", nullptr},
+      {"``", "`", nullptr},
+      {"````", "``", nullptr},
+      {"5` to go", "5` to go", nullptr},
+      {"trailing`", "trailing`", nullptr},
+      {"`UNDEFINED_NAME`x", "x", "One (1) Environment Variable Used.  Conversion follows:"},
+      {"`WINDIR`\\SYSTEM", "C:\\WINDOWS\\SYSTEM", "One (1) Environment Variable Used.  Conversion follows:"},
+      {"` PATH`", "", "One (1) Environment Variable Used.  Conversion follows:"},
+      {"`a`", "", "One (1) Environment Variable Used.  Conversion follows:"},
+      {"`A``B`", "", "One (1) Environment Variable Used.  Conversion follows:"},
+      {"```A`", "`1", "One (1) Environment Variable Used.  Conversion follows:"},
+      {"`Q`", "`A`", "One (1) Environment Variable Used.  Conversion follows:"},
+      {"x\nA\ny", "x1y", "One (1) Environment Variable Used.  Conversion follows:"},
+      {"`A``B", "`A`B", nullptr},
+      {"`A`-`B`", "1-two", "Two (2) Environment Variables Used.  Conversion follows:"},
+      {"`A` and `B` and `C`", "1 and two and 3", "Three (3) Environment Variables Used.  Conversion follows:"},
+      {"`A` `B` `C` `", "1 two 3 `", "Three (3) Environment Variables Used.  Conversion follows:"},
+  };
+  for (const ExpansionCase& c : cases) {
+    engine.DebugWindow.Clear();
+    EXPECT_EQ(Convert_EnvVars(engine, true, c.text), c.expanded) << c.text;
+    if (c.countLine) {
+      EXPECT_EQ(engine.DebugWindow.Items(),
+                (std::vector<std::string>{c.countLine, std::string("     ") + c.text, std::string(" --> ") + c.expanded}))
+          << c.text;
+    } else {
+      EXPECT_EQ(engine.DebugWindow.Count(), 0u) << c.text;
+    }
+  }
+}
+
+TEST_F(EnvironmentTest, CountWordsGoUpToNineteenThenDigits) {
+  const std::pair<int, const char*> cases[] = {
+      {4, "Four (4) Environment Variables Used.  Conversion follows:"},
+      {12, "Twelve (12) Environment Variables Used.  Conversion follows:"},
+      {19, "Nineteen (19) Environment Variables Used.  Conversion follows:"},
+      {20, "20 Environment Variables Used.  Conversion follows:"},
+      {255, "255 Environment Variables Used.  Conversion follows:"},
+  };
+  for (const auto& [count, line] : cases) {
+    std::string text, expanded;
+    for (int i = 0; i < count; ++i) {
+      text += "`A`,";
+      expanded += "1,";
+    }
+    engine.DebugWindow.Clear();
+    EXPECT_EQ(Convert_EnvVars(engine, true, text), expanded);
+    EXPECT_EQ(engine.DebugWindow.Item(0), line);
+  }
+}
+
+TEST_F(EnvironmentTest, MoreThan255ReferencesOverflowTheCount) {
+  std::string text;
+  for (int i = 0; i < 256; ++i) text += "`A`,";
+  Convert_EnvVars(engine, true, text);
+  EXPECT_EQ(engine.DebugWindow.Item(3), "Fatal Error:  Overflow.");
+  EXPECT_EQ(engine.DebugWindow.Item(5), "Error Location:  Velmora.(General).Convert_EnvVars.TrappableErrors.1");
+  EXPECT_TRUE(engine.state.StopRunning);
+}
+
+TEST_F(EnvironmentTest, TestComparesBothExpandedSidesExactly) {
+  struct Case {
+    const char* left;
+    const char* right;
+    bool equal;
+  };
+  const Case cases[] = {{"`OS`", "Windows_NT", true},  {"`OS`", "windows_nt", false}, {"`A``B`", "", true},
+                        {"Windows_NT", "`OS`", true},  {"`A`", "`A` ", false},       {"", "", true},
+                        {"`OS`x", "Windows_NT", false}};
+  for (const Case& c : cases) {
+    engine.DebugWindow.Clear();
+    bool succeeded = !c.equal;
+    TestEnvironmentVariables_Command(engine, true, std::string(c.left) + "\n" + c.right, succeeded);
+    EXPECT_EQ(succeeded, c.equal) << c.left << " = " << c.right;
+    EXPECT_EQ(engine.DebugWindow.Items().back(),
+              c.equal ? "  Match Found!  Test Succeeded." : "  No Match Found!  Test Failed.");
+  }
+}
+
+}  // namespace
+}  // namespace velmora::testing

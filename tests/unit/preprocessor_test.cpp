@@ -1,0 +1,163 @@
+#include <gtest/gtest.h>
+
+#include "engine_fixture.h"
+#include "preprocessor.h"
+
+namespace velmora::testing {
+namespace {
+
+using Lines = std::vector<std::string>;
+
+class PreprocessorTest : public EngineTest {
+ protected:
+  // Runs the pass over the lines; the engine is interactive unless told
+  // otherwise, so that a fatal report stops the run instead of the process.
+  void Preprocess(const Lines& lines, bool interactive = true) {
+    engine.state.InteractiveSession = interactive;
+    engine.state.DebugOn = true;
+    engine.state.LastCommandSucceeded = true;
+    engine.TraceWindow.Clear();
+    engine.DebugWindow.Clear();
+    for (const auto& line : lines) engine.TraceWindow.Add(line);
+    Preprocess_Commands(engine, interactive, engine.state.DebugOn, true, engine.state.LastCommandSucceeded);
+  }
+  const Lines& Table() const { return engine.LogicalControls.Items(); }
+  const Lines& Trace() const { return engine.TraceWindow.Items(); }
+};
+
+TEST_F(PreprocessorTest, PairsBlocksIntoTableItems) {
+  struct Case {
+    Lines script;
+    Lines table;
+  };
+  const Case cases[] = {
+      {{"if: succeeded", "sendkeys: \"x\"", "endif"}, {"ix0;0,2"}},
+      {{"if: failed", "wait: 1", "else", "wait: 2", "endif"}, {"ie0;2,4"}},
+      {{"while: failed", "wait: 1", "endwhile"}, {"we0,2"}},
+      {{"repeat", "wait: 1", "until: succeeded"}, {"ru0,2"}},
+      {{"wait: 1", "while: succeeded", "if: failed", "wait: 1", "endif", "repeat", "until: failed", "endwhile",
+        "if: failed", "wait: 1", "else", "while: failed", "endwhile", "endif"},
+       {"we1,7", "ix2;0,4", "ru5,6", "ie8;10,13", "we11,12"}},
+      {{"repeat", "repeat", "until: failed", "until: failed"}, {"ru0,3", "ru1,2"}},
+      {{"# just", "", "wait: 1"}, {}},
+  };
+  for (const Case& c : cases) {
+    Preprocess(c.script, false);
+    EXPECT_EQ(Table(), c.table) << c.script.front();
+    EXPECT_FALSE(engine.state.StopRunning);
+  }
+}
+
+TEST_F(PreprocessorTest, IndentsBlockBodiesButNeverQuit) {
+  Preprocess({"  while: failed ", "if: failed", "wait: 1", " # inner", "quit", "endif", "endwhile", "   # note"},
+             false);
+  EXPECT_EQ(Trace(), (Lines{"while: failed", "  if: failed", "    wait: 1", "    # inner", "quit", "  endif",
+                            "endwhile", "# note"}));
+}
+
+TEST_F(PreprocessorTest, UnknownWordIsReportedMarkedAndLeftOutOfBlocks) {
+  Preprocess({"if: failed", "jump: 5", "endif", "run:"});
+  EXPECT_EQ(Trace(), (Lines{"if: failed", "# ERROR! # jump: 5", "endif", "", "# ERROR! # run:"}));
+  EXPECT_EQ(Table(), Lines{"ix0;0,2"});
+  EXPECT_EQ(engine.DebugWindow.Items()[3], "Unknown Command:  jump: 5.");
+  EXPECT_EQ(engine.DebugWindow.Items()[5],
+            "Error Location:  Velmora.(General).Preprocess_Command.UnknownCommandError.1");
+  EXPECT_FALSE(engine.state.StopRunning);
+  EXPECT_TRUE(engine.state.LastCommandSucceeded);
+}
+
+struct BlockErrorCase {
+  Lines script;
+  std::string message;
+  std::string location;
+  long selected;
+};
+
+class BlockErrorTest : public PreprocessorTest, public ::testing::WithParamInterface<BlockErrorCase> {};
+
+TEST_P(BlockErrorTest, StopsThePassAtTheFirstBlockError) {
+  const BlockErrorCase& c = GetParam();
+  Preprocess(c.script);
+  EXPECT_EQ(engine.DebugWindow.Items(),
+            Fatal_Block(c.message, -1, "Velmora.(General).Preprocess_Command." + c.location));
+  EXPECT_EQ(engine.TraceWindow.Selected(), c.selected);
+  EXPECT_TRUE(engine.state.StopRunning);
+  EXPECT_FALSE(engine.state.LastCommandSucceeded);
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    EveryBlockError, BlockErrorTest,
+    ::testing::Values(
+        BlockErrorCase{{"repeat", "while: failed", "until: failed", "endwhile"},
+                       "UNTIL on line 3 is on a different level then its matching REPEAT!", "LogicalBlocksCrossError.1",
+                       2},
+        BlockErrorCase{{"wait: 1", "until: failed"}, "UNTIL on line 2 has no matching REPEAT!",
+                       "NoMatchingRepeatError.1", 1},
+        BlockErrorCase{{"if: failed", "while: failed", "else"},
+                       "ELSE on line 3 is on a different level then its matching IF!", "LogicalBlocksCrossError.2", 2},
+        BlockErrorCase{{"else"}, "ELSE on line 1 has no matching IF!", "NoMatchingIfError.1", 0},
+        BlockErrorCase{{"if: failed", "else", "else", "endif"}, "ELSE on line 3 has no matching IF!",
+                       "NoMatchingIfError.1", 2},
+        BlockErrorCase{{"if: failed", "repeat", "endif"},
+                       "ENDIF on line 3 is on a different level then its matching IF!", "LogicalBlocksCrossError.3", 2},
+        BlockErrorCase{{"endif"}, "ENDIF on line 1 has no matching IF!", "NoMatchingIfError.2", 0},
+        // The else part stands at the level of its if, so inside another block
+        // the endif of an if with an else is one level too shallow.
+        BlockErrorCase{{"while: failed", "if: failed", "else", "endif", "endwhile"},
+                       "ENDIF on line 4 is on a different level then its matching IF!", "LogicalBlocksCrossError.3", 3},
+        BlockErrorCase{{"while: failed", "if: succeeded", "endwhile", "endif"},
+                       "ENDWHILE on line 3 is on a different level then its matching WHILE!",
+                       "LogicalBlocksCrossError.4", 2},
+        BlockErrorCase{{"if: failed", "endif", "endwhile"}, "ENDWHILE on line 3 has no matching WHILE!",
+                       "NoMatchingWhileError.1", 2},
+        BlockErrorCase{{"test: \"a\" = \"a\"", "if: failed"}, "IF on line 2 has no matching ENDIF!",
+                       "NoMatchingEndIfError.1", 1},
+        BlockErrorCase{{"while: failed", "if: failed", "endif"}, "WHILE on line 1 has no matching ENDWHILE!",
+                       "NoMatchingEndWhileError.1", 0},
+        BlockErrorCase{{"repeat", "while: failed"}, "REPEAT on line 1 has no matching UNTIL!",
+                       "NoMatchingUntilError.1", 0}),
+    [](const ::testing::TestParamInfo<BlockErrorCase>& info) {
+      return info.param.location.substr(0, info.param.location.size() - 2) + std::to_string(info.index);
+    });
+
+TEST_F(PreprocessorTest, BlockErrorLeavesTheLaterLinesAsTheyWere) {
+  Preprocess({"if: failed", "endwhile", "  wait: 1  "});
+  EXPECT_EQ(Trace(), (Lines{"if: failed", "endwhile", "", "  wait: 1  "}));
+}
+
+TEST_F(PreprocessorTest, BlockErrorInAnAutomaticSessionEndsIt) {
+  EXPECT_EQ(Exit_Status_Of([&] { Preprocess({"endif"}, false); }), 1);
+}
+
+TEST_F(PreprocessorTest, InteractiveReformatSetsBlocksApartWithEmptyLines) {
+  Preprocess({"wait: 1", "if: failed", "wait: 2", "endif", "wait: 3", "test: \"a\" = \"b\"", "while: failed",
+              "repeat", "until: failed", "endwhile", "else: x"});
+  EXPECT_EQ(Trace(), (Lines{"wait: 1", "", "if: failed", "  wait: 2", "endif", "", "wait: 3", "test: \"a\" = \"b\"",
+                            "while: failed", "  repeat", "  until: failed", "endwhile", "else: x"}));
+  // The else after the endwhile has no if: the reformatting is still done before the error.
+  EXPECT_EQ(Table(), (Lines{"ix2;0,4", "we8,11", "ru9,10"}));
+}
+
+TEST_F(PreprocessorTest, AutomaticSessionNeverInsertsLines) {
+  Preprocess({"wait: 1", "if: failed", "endif", "wait: 3"}, false);
+  EXPECT_EQ(Trace().size(), 4u);
+  EXPECT_EQ(Table(), Lines{"ix1;0,2"});
+}
+
+TEST_F(PreprocessorTest, BreakpointMarkStaysAndIsReadThroughOnlyInTheEditor) {
+  Preprocess({">>> if: failed", "wait: 1", ">>>endif"});
+  EXPECT_EQ(Trace(), (Lines{">>> if: failed", "  wait: 1", ">>>endif"}));
+  EXPECT_EQ(Table(), Lines{"ix0;0,2"});
+
+  Preprocess({">>> quit"}, false);
+  EXPECT_EQ(Trace(), Lines{"# ERROR! # >>> quit"});
+}
+
+TEST_F(PreprocessorTest, FirstLineWithAParameterProblemIsSelectedAtTheEnd) {
+  Preprocess({"wait: 1", "debug: maybe", "debug: neither", "wait: 2"});
+  EXPECT_EQ(engine.TraceWindow.Selected(), 1);
+  EXPECT_FALSE(engine.state.StopRunning);
+}
+
+}  // namespace
+}  // namespace velmora::testing
