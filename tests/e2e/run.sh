@@ -10,12 +10,14 @@
 #                   velmora.exe runs with a copy of it as current directory
 #   cmdline         the command line after the program name, exactly (first line)
 #   env             optional KEY=VALUE lines added to the Windows environment
+#                   (the value is the rest of the line, blanks included)
 #   expected_status optional exit status (default 0)
 #   expected.vld    optional expected debug log (LF line ends here; the real
 #                   file must end every line in CR LF)
 #   table           instead of cmdline, env, expected_status and expected.vld,
 #                   one row per run:
 #                     variant | status | expected log or - | KEY=VALUE ... or - | command line
+#                   (environment values without blanks here)
 #                   the command line is the rest of the row, leading blanks
 #                   removed; lines starting with # are comments
 #   debug_file      optional name of the debug file to compare (default a.vld)
@@ -64,9 +66,9 @@ all_lines_end_in_crlf() {
 }
 
 # Runs one variant of a case and prints its verdict.
-#   run_one <case dir> <label> <variant> <expected status> <expected log or ""> <env words> <command line>
+#   run_one <case dir> <label> <variant> <expected status> <expected log or ""> <KEY=VALUE lines> <command line>
 run_one() {
-  local case_dir="$1" label="$2" variant="$3" want_status="$4" expected="$5" env_words="$6" command_line="$7"
+  local case_dir="$1" label="$2" variant="$3" want_status="$4" expected="$5" env_lines="$6" command_line="$7"
   local scratch="$work_root/$label" problems=""
   local wd="$scratch/work"
   rm -rf "$scratch"
@@ -78,11 +80,12 @@ run_one() {
   local status
   (
     cd "$wd" || exit 125
+    # Wine hands the Unix environment to Windows programs: only the case's own.
     unset SPEED_FACTOR
-    local word
-    for word in $env_words; do
-      [ "$word" = "-" ] || export "${word?}"
-    done
+    local assignment
+    while IFS= read -r assignment; do
+      [ -n "$assignment" ] && export "${assignment?}"
+    done <<<"$env_lines"
     VELMORA_WINE_TIMEOUT=60 wine_run "$bin/launch.exe" "$velmora_win" "$(wine_winpath "$scratch/cmdline.txt")" 30
   ) >"$scratch/launch.log" 2>&1
   status=$?
@@ -137,7 +140,7 @@ run_case() {
   local case_dir="$1" name
   name="$(basename "$case_dir")"
   if [ -f "$case_dir/table" ]; then
-    local row variant status log env_words command_line expected
+    local row variant status log env_words env_lines command_line expected
     while IFS= read -r row || [ -n "$row" ]; do
       row="${row%$'\r'}"
       [[ "$(trim "$row")" == "" || "$(trim "$row")" == \#* ]] && continue
@@ -150,15 +153,17 @@ run_case() {
       command_line="${command_line#"${command_line%%[! ]*}"}"
       expected=""
       [ "$log" != "-" ] && expected="$case_dir/$log"
-      run_one "$case_dir" "$name/$variant" "$variant" "$status" "$expected" "$env_words" "$command_line"
+      env_lines=""
+      [ "$env_words" != "-" ] && env_lines="$(tr -s ' ' '\n' <<<"$env_words")"
+      run_one "$case_dir" "$name/$variant" "$variant" "$status" "$expected" "$env_lines" "$command_line"
     done <"$case_dir/table"
   else
-    local status=0 env_words="" command_line expected=""
+    local status=0 env_lines="" command_line expected=""
     [ -f "$case_dir/expected_status" ] && status="$(trim "$(cat "$case_dir/expected_status")")"
-    [ -f "$case_dir/env" ] && env_words="$(grep -v '^[[:space:]]*\(#\|$\)' "$case_dir/env" | tr '\n' ' ')"
+    [ -f "$case_dir/env" ] && env_lines="$(tr -d '\r' <"$case_dir/env" | grep -v '^[[:space:]]*\(#\|$\)')"
     [ -f "$case_dir/expected.vld" ] && expected="$case_dir/expected.vld"
     IFS= read -r command_line <"$case_dir/cmdline" || true
-    run_one "$case_dir" "$name" "" "$status" "$expected" "$env_words" "${command_line%$'\r'}"
+    run_one "$case_dir" "$name" "" "$status" "$expected" "$env_lines" "${command_line%$'\r'}"
   fi
 }
 
