@@ -1,0 +1,73 @@
+#!/usr/bin/env bash
+# Builds the "bench" preset and runs the benchmarks, then prints a short table:
+# the CPU time per line of each benchmark and size, and the ratios that the
+# performance targets are stated in.
+#   tools/bench.sh [extra Google Benchmark options, e.g. --benchmark_filter=Parse]
+# BENCH_REPETITIONS (default 3) sets the repetitions; the table shows medians.
+# The full results are kept in build/bench/results.json.
+set -euo pipefail
+
+root="$(cd "$(dirname "${BASH_SOURCE[0]}")/.." && pwd)"
+cd "$root"
+results="$root/build/bench/results.json"
+repetitions="${BENCH_REPETITIONS:-3}"
+
+if ! command -v jq >/dev/null 2>&1; then
+  echo "bench: jq is needed to read the results (tools/setup.sh installs it)" >&2
+  exit 1
+fi
+
+mkdir -p build/bench
+if ! { cmake --preset bench && cmake --build --preset bench -j2; } >build/bench/build.log 2>&1; then
+  tail -n 40 build/bench/build.log
+  echo "bench: building the bench preset failed (build/bench/build.log)" >&2
+  exit 1
+fi
+
+build/bench/bin/velmora_bench --benchmark_repetitions="$repetitions" --benchmark_report_aggregates_only=true \
+  --benchmark_out="$results" --benchmark_out_format=json "$@"
+
+# One row per benchmark: name, lines per iteration, CPU nanoseconds per line,
+# CPU milliseconds per iteration.
+rows="$(jq -r '
+  .benchmarks[]
+  | select(.run_type == "iteration" or .aggregate_name == "median")
+  | select(.error_occurred | not)
+  | [(.run_name // .name), .lines, (.time_per_line * 1e9),
+     (.cpu_time * ({"ns": 1e-6, "us": 1e-3, "ms": 1, "s": 1e3}[.time_unit]))]
+  | @tsv' "$results")"
+
+echo
+echo "Machine: $(nproc) cores, $(grep -m1 'model name' /proc/cpuinfo | cut -d: -f2 | sed 's/^ *//'); load $(cut -d' ' -f1-3 /proc/loadavg)"
+echo "CPU time (medians of $repetitions runs)"
+printf '%-36s %12s %12s %14s\n' "benchmark" "lines" "ns/line" "ms/iteration"
+awk -F'\t' '{ printf "%-36s %12d %12.1f %14.3f\n", $1, $2, $3, $4 }' <<<"$rows"
+
+# ns per line of a benchmark by name, empty when it did not run.
+per_line() { awk -F'\t' -v n="$1" '$1 == n { print $3 }' <<<"$rows"; }
+ratio() {
+  local a b
+  a="$(per_line "$2")"
+  b="$(per_line "$3")"
+  [ -n "$a" ] && [ -n "$b" ] && awk -v l="$1" -v a="$a" -v b="$b" 'BEGIN { printf "%-58s %6.2fx\n", l, a / b }'
+  return 0
+}
+
+echo
+echo "Ratios"
+ratio "parse: per line at 1M / at 10k" BM_Parse/1000000 BM_Parse/10000
+ratio "preprocess (automatic): per line at 1M / at 10k (target 1.3)" \
+  BM_Preprocess_Automatic/1000000 BM_Preprocess_Automatic/10000
+ratio "preprocess (interactive): per line at 100k / at 10k" \
+  BM_Preprocess_Interactive/100000 BM_Preprocess_Interactive/10000
+ratio "interpreter loop, no debug file / bare walk" BM_Interpreter_Loop_NoFile BM_Baseline_Walk_Loop
+ratio "interpreter loop, no debug file / parse + walk" BM_Interpreter_Loop_NoFile BM_Baseline_Parse_Walk_Loop
+ratio "interpreter loop, debug file / parse + walk" BM_Interpreter_Loop_DebugFile BM_Baseline_Parse_Walk_Loop
+ratio "interpreter straight, debug file: per line at 1M / at 10k" \
+  BM_Interpreter_Straight_DebugFile/1000000 BM_Interpreter_Straight_DebugFile/10000
+ratio "interpreter straight, no debug file: per line at 1M / at 10k" \
+  BM_Interpreter_Straight_NoFile/1000000 BM_Interpreter_Straight_NoFile/10000
+
+million="$(awk -F'\t' '$1 == "BM_Preprocess_Automatic/1000000" { print $4 }' <<<"$rows")"
+[ -n "$million" ] && echo "preprocess (automatic) of 1M lines: ${million} ms of CPU (target under 1000 ms)"
+exit 0
