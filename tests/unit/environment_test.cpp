@@ -28,6 +28,7 @@ TEST_F(EnvironmentTest, ExpandsReferencesAndLogsTheConversion) {
       {"a``b", "a`b", nullptr},
       {"``", "`", nullptr},
       {"````", "``", nullptr},
+      {"`````", "```", nullptr},
       {"5` to go", "5` to go", nullptr},
       {"trailing`", "trailing`", nullptr},
       {"`UNDEFINED_NAME`x", "x", "One (1) Environment Variable Used.  Conversion follows:"},
