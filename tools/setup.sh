@@ -16,6 +16,8 @@ packages=(
   nsis imagemagick
   # unit tests, benchmarks, fuzzers
   googletest libgtest-dev libbenchmark-dev clang
+  # libFuzzer and the sanitizer runtimes for clang (only recommended by it); jq reads benchmark results
+  libclang-rt-14-dev jq
 )
 
 installed() {
