@@ -39,7 +39,8 @@ build() {
   local preset="$1" since
   since=$(date +%s)
   section "build $preset"
-  if cmake --preset "$preset" >"$logs/configure-$preset.log" 2>&1 &&
+  # Tests on, whatever an earlier configure of the same folder left in its cache.
+  if cmake --preset "$preset" -DVELMORA_TESTS=ON >"$logs/configure-$preset.log" 2>&1 &&
     cmake --build --preset "$preset" -j2 >"$logs/build-$preset.log" 2>&1; then
     echo "built $preset in $(elapsed "$since")"
     return 0
