@@ -1,0 +1,14 @@
+// The key names of the key notation, such as {ENTER} and {F5}.
+#pragma once
+
+#include <cstdint>
+#include <optional>
+#include <string_view>
+
+namespace velmora {
+
+// The virtual key of a key name, in any mix of case; nothing for a name
+// that is not a key.
+std::optional<std::uint16_t> Named_Key(std::string_view name);
+
+}  // namespace velmora
