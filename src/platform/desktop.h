@@ -5,6 +5,7 @@
 
 #include <cstdint>
 #include <string>
+#include <vector>
 
 namespace velmora {
 
@@ -19,6 +20,18 @@ struct ScreenPoint {
 };
 
 enum class WindowRelation { FirstChild = 5, Next = 2 };
+
+// One key going down or up: a virtual key, or a character that the sender
+// types with whatever keys the keyboard layout needs (or as a Unicode
+// character when the layout has no key for it).
+struct KeyInput {
+  bool isCharacter = false;
+  std::uint16_t virtualKey = 0;
+  char32_t character = 0;
+  bool up = false;
+
+  bool operator==(const KeyInput&) const = default;
+};
 
 class Desktop {
  public:
@@ -40,6 +53,11 @@ class Desktop {
   virtual ScreenPoint GetCursorPos() = 0;
   // One mouse event with the given flag word at a normalised or pixel position.
   virtual void MouseEvent(std::uint32_t flags, long x, long y) = 0;
+  // Sends the keys to the foreground window; false when not all were sent.
+  virtual bool SendKeyInputs(const std::vector<KeyInput>& inputs) = 0;
+  // Waits until the foreground window has processed its input, at most the
+  // given time; false when the time ran out.
+  virtual bool WaitForInputIdle(int timeoutMilliseconds) = 0;
   virtual int DoubleClickTime() = 0;
   virtual int ScreenWidth() = 0;
   virtual int ScreenHeight() = 0;

@@ -1,0 +1,132 @@
+#include "sim_desktop.h"
+
+namespace velmora {
+
+SimDesktop::SimDesktop(SimHost& host) : host_(host), windows_(2) {
+  windows_[1].className = "#32769";
+  windows_[1].rect = {0, 0, 1024, 768};
+}
+
+WindowHandle SimDesktop::Add(WindowHandle parent, const std::string& text, const std::string& className, long id,
+                             WindowRect rect) {
+  const auto handle = static_cast<WindowHandle>(windows_.size());
+  Window window;
+  window.parent = parent;
+  window.text = text;
+  window.className = className;
+  window.id = id;
+  window.rect = rect;
+  auto& siblings = windows_.at(static_cast<std::size_t>(parent)).children;
+  window.placeAmongSiblings = siblings.size();
+  siblings.push_back(handle);
+  windows_.push_back(std::move(window));
+  return handle;
+}
+
+bool SimDesktop::Exists(WindowHandle window) const {
+  if (window == 1) return true;
+  if (window <= 1 || static_cast<std::size_t>(window) >= windows_.size()) return false;
+  const Window& w = windows_[static_cast<std::size_t>(window)];
+  return host_.clockMs >= w.appearsAt && host_.clockMs < w.vanishesAt && Exists(w.parent);
+}
+
+WindowHandle SimDesktop::First_Existing(const std::vector<WindowHandle>& list, std::size_t from) const {
+  for (std::size_t i = from; i < list.size(); ++i)
+    if (Exists(list[i])) return list[i];
+  return 0;
+}
+
+WindowHandle SimDesktop::GetWindow(WindowHandle window, WindowRelation relation) {
+  if (onGetWindow) onGetWindow(window);
+  if (!Exists(window)) return 0;
+  const Window& w = windows_[static_cast<std::size_t>(window)];
+  if (relation == WindowRelation::FirstChild) return First_Existing(w.children, 0);
+  if (window == 1) return 0;
+  return First_Existing(windows_[static_cast<std::size_t>(w.parent)].children, w.placeAmongSiblings + 1);
+}
+
+// Like the system: top-level windows have no parent, and neither does the desktop.
+WindowHandle SimDesktop::GetParent(WindowHandle window) {
+  if (!Exists(window) || window == 1) return 0;
+  const WindowHandle parent = windows_[static_cast<std::size_t>(window)].parent;
+  return parent == 1 ? 0 : parent;
+}
+
+namespace {
+std::string Cut(const std::string& text, int bufferSize) {
+  if (bufferSize <= 0) return {};
+  return text.substr(0, static_cast<std::size_t>(bufferSize - 1));
+}
+}  // namespace
+
+std::string SimDesktop::WindowText(WindowHandle window, int bufferSize) {
+  return Exists(window) ? Cut(windows_[static_cast<std::size_t>(window)].text, bufferSize) : std::string();
+}
+
+std::string SimDesktop::ClassName(WindowHandle window, int bufferSize) {
+  return Exists(window) ? Cut(windows_[static_cast<std::size_t>(window)].className, bufferSize) : std::string();
+}
+
+long SimDesktop::ControlId(WindowHandle window) {
+  return Exists(window) ? windows_[static_cast<std::size_t>(window)].id : 0;
+}
+
+bool SimDesktop::GetWindowRect(WindowHandle window, WindowRect& rect) {
+  if (!Exists(window)) return false;
+  const Window& w = windows_[static_cast<std::size_t>(window)];
+  rect = host_.clockMs >= w.movesAt ? w.movedRect : w.rect;
+  return true;
+}
+
+bool SimDesktop::IsWindowEnabled(WindowHandle window) {
+  return Exists(window) && host_.clockMs >= windows_[static_cast<std::size_t>(window)].enabledAt;
+}
+
+// The deepest window that contains the point; earlier siblings lie on top.
+WindowHandle SimDesktop::Deepest_At(WindowHandle parent, ScreenPoint point) {
+  for (WindowHandle child : windows_[static_cast<std::size_t>(parent)].children) {
+    WindowRect r;
+    if (!GetWindowRect(child, r)) continue;
+    if (point.x >= r.left && point.x < r.right && point.y >= r.top && point.y < r.bottom) {
+      const WindowHandle deeper = Deepest_At(child, point);
+      return deeper ? deeper : child;
+    }
+  }
+  return 0;
+}
+
+WindowHandle SimDesktop::WindowFromPoint(ScreenPoint point) {
+  if (pointOwnerOverride) return pointOwnerOverride;
+  const WindowHandle found = Deepest_At(1, point);
+  return found ? found : 1;
+}
+
+bool SimDesktop::SetForegroundWindow(WindowHandle window) {
+  foregroundCalls.push_back(window);
+  if (!Exists(window)) return false;
+  foreground = window;
+  return true;
+}
+
+bool SimDesktop::SetCursorPos(ScreenPoint point) {
+  cursor = point;
+  cursorMoves.push_back(point);
+  return true;
+}
+
+void SimDesktop::MouseEvent(std::uint32_t flags, long x, long y) { mouseEvents.push_back({host_.clockMs, flags, x, y}); }
+
+bool SimDesktop::SendKeyInputs(const std::vector<KeyInput>& inputs) {
+  keys.insert(keys.end(), inputs.begin(), inputs.end());
+  keysSentAt.push_back(host_.clockMs);
+  return true;
+}
+
+bool SimDesktop::WaitForInputIdle(int timeoutMilliseconds) {
+  ++inputIdleWaits;
+  if (!inputIdleTimesOut) return true;
+  host_.Sleep(timeoutMilliseconds);
+  return false;
+}
+
+}  // namespace velmora

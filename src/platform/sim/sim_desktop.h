@@ -1,0 +1,94 @@
+// A desktop made of memory: a tree of fake windows that live on the
+// simulated host's clock (they can appear, vanish, move and become enabled at
+// given times), and a record of the pointer, focus and input sent to them.
+#pragma once
+
+#include <functional>
+#include <limits>
+#include <string>
+#include <vector>
+
+#include "desktop.h"
+#include "sim_host.h"
+
+namespace velmora {
+
+class SimDesktop : public Desktop {
+ public:
+  static constexpr long long kNever = std::numeric_limits<long long>::max();
+
+  struct Window {
+    WindowHandle parent = 0;
+    std::string text;
+    std::string className;
+    long id = 0;
+    WindowRect rect;
+    long long appearsAt = 0;  // milliseconds on the host's clock
+    long long vanishesAt = kNever;
+    long long enabledAt = 0;
+    long long movesAt = kNever;
+    WindowRect movedRect;
+    std::vector<WindowHandle> children;
+    std::size_t placeAmongSiblings = 0;
+  };
+
+  struct MouseRecord {
+    long long atMs;
+    std::uint32_t flags;
+    long x, y;
+  };
+
+  explicit SimDesktop(SimHost& host);
+
+  // Builds the tree: a window under the parent (the desktop is DesktopWindow()).
+  WindowHandle Add(WindowHandle parent, const std::string& text, const std::string& className, long id = 0,
+                   WindowRect rect = {0, 0, 100, 100});
+  Window& At(WindowHandle window) { return windows_.at(static_cast<std::size_t>(window)); }
+
+  // What the engine did.
+  ScreenPoint cursor{0, 0};
+  WindowHandle foreground = 0;
+  std::vector<WindowHandle> foregroundCalls;
+  std::vector<ScreenPoint> cursorMoves;
+  std::vector<MouseRecord> mouseEvents;
+  std::vector<KeyInput> keys;
+  std::vector<long long> keysSentAt;
+  int inputIdleWaits = 0;
+
+  // Settings for tests.
+  int doubleClickTime = 500;
+  int screenWidth = 1024, screenHeight = 768;
+  bool inputIdleTimesOut = false;
+  std::function<void(WindowHandle)> onGetWindow;  // called on every tree step, to change the tree mid-walk
+  WindowHandle pointOwnerOverride = 0;             // when set, WindowFromPoint answers this
+
+  WindowHandle DesktopWindow() override { return 1; }
+  WindowHandle GetWindow(WindowHandle window, WindowRelation relation) override;
+  WindowHandle GetParent(WindowHandle window) override;
+  std::string WindowText(WindowHandle window, int bufferSize) override;
+  std::string ClassName(WindowHandle window, int bufferSize) override;
+  long ControlId(WindowHandle window) override;
+  bool GetWindowRect(WindowHandle window, WindowRect& rect) override;
+  bool IsWindowEnabled(WindowHandle window) override;
+  WindowHandle WindowFromPoint(ScreenPoint point) override;
+  bool SetForegroundWindow(WindowHandle window) override;
+  bool SetCursorPos(ScreenPoint point) override;
+  ScreenPoint GetCursorPos() override { return cursor; }
+  void MouseEvent(std::uint32_t flags, long x, long y) override;
+  bool SendKeyInputs(const std::vector<KeyInput>& inputs) override;
+  bool WaitForInputIdle(int timeoutMilliseconds) override;
+  int DoubleClickTime() override { return doubleClickTime; }
+  int ScreenWidth() override { return screenWidth; }
+  int ScreenHeight() override { return screenHeight; }
+
+  bool Exists(WindowHandle window) const;
+
+ private:
+  WindowHandle First_Existing(const std::vector<WindowHandle>& list, std::size_t from) const;
+  WindowHandle Deepest_At(WindowHandle parent, ScreenPoint point);
+
+  SimHost& host_;
+  std::vector<Window> windows_;  // indexed by handle; 0 is no window, 1 the desktop
+};
+
+}  // namespace velmora
