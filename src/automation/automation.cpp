@@ -1,0 +1,35 @@
+#include "automation.h"
+
+#include "parser.h"
+
+namespace velmora {
+
+Automation::Automation(Engine& engine, Desktop& desktop)
+    : search_(engine, desktop),
+      findWindow_(engine, desktop, search_, target_),
+      sendKeys_(engine, desktop, search_, target_),
+      mouse_(engine, desktop, target_) {}
+
+void Automation::FindWindow_Command(Engine&, bool Interactive, const ParsedCommand& command,
+                                    bool& LastCommandSucceeded) {
+  findWindow_.FindWindow_Command(Interactive, command, LastCommandSucceeded);
+}
+
+void Automation::SendKeys_Command(Engine&, bool Interactive, const ParsedCommand& command,
+                                  bool& LastCommandSucceeded) {
+  sendKeys_.SendKeys_Command(Interactive, target_.FoundCount, command.Parameters, LastCommandSucceeded);
+}
+
+void Automation::UseMouse_Command(Engine&, bool Interactive, const ParsedCommand& command) {
+  mouse_.UseMouse_Command(Interactive, command.Parameters, command.MouseX, command.MouseY);
+}
+
+// The click goes where the target was picked: the innermost level's fractions.
+void Automation::SendButtons_Command(Engine&, bool Interactive, const ParsedCommand& command,
+                                     bool& LastCommandSucceeded) {
+  const double x = target_.Levels.empty() ? 0.5 : target_.Levels.back().relativeX;
+  const double y = target_.Levels.empty() ? 0.5 : target_.Levels.back().relativeY;
+  mouse_.SendButtons_Command(Interactive, target_.FoundCount, command.Parameters, x, y, LastCommandSucceeded);
+}
+
+}  // namespace velmora

@@ -1,0 +1,202 @@
+#include "find_window.h"
+
+#include <algorithm>
+#include <cmath>
+
+#include "debug_log.h"
+#include "engine.h"
+#include "environment.h"
+#include "numeric.h"
+#include "parser.h"
+#include "session.h"
+#include "trap.h"
+
+namespace velmora {
+
+namespace {
+
+// Reads the text up to the next delimiter and moves past the delimiter.
+std::string Take_Until(const std::string& text, std::size_t& at, const std::string& delimiter) {
+  const auto end = text.find(delimiter, at);
+  if (end == std::string::npos) throw SubscriptError();
+  std::string part = text.substr(at, end - at);
+  at = end + delimiter.size();
+  return part;
+}
+
+double Number(const std::string& text) {
+  const auto value = Numeric_Value(text);
+  if (!value) throw TypeMismatchError();
+  return *value;
+}
+
+std::string Seconds_Text(std::int32_t seconds) {
+  return std::to_string(seconds) + (seconds == 1 ? " second." : " seconds.");
+}
+
+// A fraction of a rectangle's width and height, as a point on the screen.
+struct Point {
+  double x, y;
+};
+
+Point At_Fraction(const WindowRect& r, double fx, double fy) {
+  return {static_cast<double>(r.left) + static_cast<double>(r.right - r.left) * fx,
+          static_cast<double>(r.top) + static_cast<double>(r.bottom - r.top) * fy};
+}
+
+// Rounds half to even into a 16-bit screen coordinate; beyond it is an overflow.
+long Screen_Coordinate(double value) {
+  const double rounded = Round_Half_Even(value);
+  if (!(rounded >= INT16_MIN && rounded <= INT16_MAX)) throw OverflowError();
+  return static_cast<long>(rounded);
+}
+
+}  // namespace
+
+std::vector<WindowLevel> Read_Window_Levels(const std::string& parameters) {
+  std::size_t at = 0;
+  const double count = Number(Take_Until(parameters, at, ", "));
+  if (count < 1 || count > 255 || count != std::floor(count)) throw InvalidCallError();
+  std::vector<WindowLevel> levels(static_cast<std::size_t>(count));
+  for (WindowLevel& level : levels) {
+    Take_Until(parameters, at, "\"");
+    level.title = Take_Until(parameters, at, "\", \"");
+    level.className = Take_Until(parameters, at, "\", ");
+    level.childId = static_cast<std::int32_t>(Number(Take_Until(parameters, at, ", ")));
+    level.relativeX = Number(Take_Until(parameters, at, ", "));
+    level.relativeY = Number(Take_Until(parameters, at, ", "));
+  }
+  return levels;
+}
+
+std::string Window_Path_Of_Levels(const std::vector<WindowLevel>& levels) {
+  std::string path;
+  for (auto level = levels.rbegin(); level != levels.rend(); ++level)
+    path += std::to_string(level->childId) + ", \"" + level->className + "\", \"" + level->title + "\", ";
+  return path + std::to_string(levels.size());
+}
+
+void FindWindow::Log(const std::string& text) {
+  Print_Debug(engine_, engine_.state.InteractiveSession, engine_.state.DebugFileNumber, engine_.state.DebugOn, text);
+}
+
+std::int32_t FindWindow::Find_The_Window(const std::string& WindowText, const std::string& ClassName,
+                                         std::int32_t ChildID, const std::string& WindowPath, std::int32_t WaitSeconds,
+                                         std::vector<WindowHandle>& FoundList) {
+  Log("Maximum Wait Time:  " + Seconds_Text(WaitSeconds));
+  std::int64_t remaining = WaitSeconds;
+  std::int32_t count = 0;
+  do {
+    Pause_Tenths(engine_, 10);
+    count = search_.Find_Window_Like(FoundList, desktop_.DesktopWindow(), 0, WindowText, ClassName, ChildID,
+                                     WindowPath);
+    --remaining;
+  } while (!(remaining < 1 || count > 0 || engine_.state.HaltRequested));
+  Log("Total Elapsed Time:  " + Seconds_Text(static_cast<std::int32_t>(WaitSeconds - remaining)));
+  return count;
+}
+
+std::int32_t FindWindow::FindWindow_Command(bool Interactive, const ParsedCommand& command,
+                                            bool& LastCommandSucceeded) {
+  Trap(engine_, Interactive, "Velmora.(General).FindWindow_Command.TrappableErrors.1", kFatal, [&] {
+    target_.Levels = Read_Window_Levels(Convert_EnvVars(engine_, Interactive, command.Parameters));
+    const WindowLevel& innermost = target_.Levels.back();
+    target_.WindowText = innermost.title;
+    target_.ClassName = innermost.className;
+    target_.ChildID = innermost.childId;
+    search_.TargetChildID = innermost.childId;
+    auto& list = target_.TargetList;
+    target_.FoundCount = Find_The_Window(target_.WindowText, target_.ClassName, target_.ChildID,
+                                         Window_Path_Of_Levels(target_.Levels), command.TimeOut, list);
+    if (target_.FoundCount < 1) {
+      LastCommandSucceeded = false;
+      Log("The window was NOT found.");
+      return;
+    }
+    LastCommandSucceeded = true;
+    if (target_.FoundCount > 1) Log("Found:  " + std::to_string(target_.FoundCount) + " Windows!");
+    for (std::int32_t i = 1; i <= target_.FoundCount; ++i) Log("Found Window:  " + std::to_string(list[i]));
+    if (target_.FoundCount > 1) Narrow_By_Distance();
+    if (target_.FoundCount > 1) {
+      Warn_Several();
+      Choose_Under_Pointer();
+    }
+    engine_.state.FoundWindow = list[1];
+    Log("==>  Using Window:  " + std::to_string(list[1]));
+  });
+  return target_.FoundCount;
+}
+
+// For each level in turn, keeps the candidates whose place at the level's
+// fractions within their parent lies nearest (under 100 pixels) to the same
+// fractions within themselves.
+void FindWindow::Narrow_By_Distance() {
+  auto& list = target_.TargetList;
+  for (const WindowLevel& level : target_.Levels) {
+    double best = 100.0;
+    std::vector<WindowHandle> nearest;
+    for (std::int32_t i = 1; i <= target_.FoundCount; ++i) {
+      WindowRect parentRect, ownRect;
+      if (!desktop_.GetWindowRect(desktop_.GetParent(list[i]), parentRect)) continue;
+      desktop_.GetWindowRect(list[i], ownRect);
+      const Point a = At_Fraction(parentRect, level.relativeX, level.relativeY);
+      const Point b = At_Fraction(ownRect, level.relativeX, level.relativeY);
+      const double distance = std::sqrt((a.x - b.x) * (a.x - b.x) + (a.y - b.y) * (a.y - b.y));
+      if (distance < best) {
+        best = distance;
+        nearest.assign(1, list[i]);
+      } else if (distance == best) {
+        nearest.push_back(list[i]);
+      }
+    }
+    if (nearest.size() > 1) {
+      std::copy(nearest.begin(), nearest.end(), list.begin() + 1);
+      target_.FoundCount = static_cast<std::int32_t>(nearest.size());
+    } else if (nearest.size() == 1) {
+      // To the front, by exchange, so that no candidate is lost or listed twice.
+      std::iter_swap(list.begin() + 1, std::find(list.begin() + 1, list.end(), nearest.front()));
+    }
+  }
+}
+
+void FindWindow::Warn_Several() {
+  Log("");
+  Log("N.B.:  More than one possilbe Target Window/Control was found!");
+  Log("       You should probably find SOME OTHER way of accessing this Window/Control.");
+  Log("       Consider using your application's Menu or if necessary the UseMouse command.");
+  Log("This FindWindow command will ARBITRARILY chosen the FIRST Target Window/Control under the Mouse Pointer that it "
+      "identifies!");
+  Log("If NONE of the Possible Targets are found under the Mouse Pointer, the first Possible Target in the list WILL "
+      "BE USED!");
+  Log("");
+  Log("Found:  " + std::to_string(target_.FoundCount) + " Possible Target Windows/Controls!");
+  for (std::int32_t i = 1; i <= target_.FoundCount; ++i)
+    Log("Possible Target:  " + std::to_string(target_.TargetList[i]));
+}
+
+// The first candidate that is the window at the point where the target was
+// picked (its parent's level fractions within the parent) becomes the target.
+void FindWindow::Choose_Under_Pointer() {
+  auto& list = target_.TargetList;
+  const auto& levels = target_.Levels;
+  const WindowLevel& picked = levels.size() >= 2 ? levels[levels.size() - 2] : levels.back();
+  for (std::int32_t i = 1; i <= target_.FoundCount; ++i) {
+    const WindowHandle parent = desktop_.GetParent(list[i]);
+    desktop_.SetForegroundWindow(parent);
+    engine_.host.DoEvents();
+    desktop_.SetForegroundWindow(list[i]);
+    engine_.host.DoEvents();
+    WindowRect r;
+    desktop_.GetWindowRect(parent, r);
+    const ScreenPoint point{r.left + Screen_Coordinate(static_cast<double>(r.right - r.left) * picked.relativeX),
+                            r.top + Screen_Coordinate(static_cast<double>(r.bottom - r.top) * picked.relativeY)};
+    const WindowHandle under = desktop_.WindowFromPoint(point);
+    engine_.host.DoEvents();
+    if (under == list[i]) {
+      std::swap(list[1], list[i]);
+      return;
+    }
+  }
+}
+
+}  // namespace velmora

@@ -1,0 +1,126 @@
+#include "mouse.h"
+
+#include "debug_log.h"
+#include "engine.h"
+#include "error_report.h"
+#include "numeric.h"
+#include "send_keys.h"
+#include "session.h"
+#include "trap.h"
+
+namespace velmora {
+
+namespace {
+
+struct ButtonFlags {
+  std::uint32_t down, up;
+};
+constexpr ButtonFlags kButtons[] = {{2, 4}, {32, 64}, {8, 16}, {0, 0}};  // l, m, r, c
+
+long Rounded_To(double value, double low, double high) {
+  const double rounded = Round_Half_Even(value);
+  if (!(rounded >= low && rounded <= high)) throw OverflowError();
+  return static_cast<long>(rounded);
+}
+
+// A pixel at the fractions of the rectangle, in 16 bits.
+ScreenPoint Pixel_At(const WindowRect& r, double fx, double fy) {
+  return {r.left + Rounded_To(static_cast<double>(r.right - r.left) * fx, INT16_MIN, INT16_MAX),
+          r.top + Rounded_To(static_cast<double>(r.bottom - r.top) * fy, INT16_MIN, INT16_MAX)};
+}
+
+}  // namespace
+
+Click Click_Of(const std::string& clickCode, int doubleClickTime) {
+  const auto place = clickCode.empty() ? std::string::npos : std::string("lmrc").find(clickCode.back());
+  if (place == std::string::npos) throw SubscriptError();
+  Click click;
+  click.down = kButtons[place].down;
+  click.up = kButtons[place].up;
+  click.isDouble = !clickCode.empty() && clickCode.front() == 'd';
+  click.unitMs = static_cast<int>(Round_Half_Even(static_cast<double>(doubleClickTime) / 1.5));
+  return click;
+}
+
+// Down, three units, up; a double click adds a unit, down, three units, up
+// and five units.
+void Mouse::Click_At(const Click& click, std::uint32_t down, std::uint32_t up, long x, long y, bool yieldAfterEach) {
+  Host& host = engine_.host;
+  desktop_.MouseEvent(down, x, y);
+  host.Sleep(3 * click.unitMs);
+  host.DoEvents();
+  desktop_.MouseEvent(up, x, y);
+  if (!click.isDouble) return;
+  host.Sleep(click.unitMs);
+  host.DoEvents();
+  desktop_.MouseEvent(down, x, y);
+  host.Sleep(3 * click.unitMs);
+  if (yieldAfterEach) host.DoEvents();
+  desktop_.MouseEvent(up, x, y);
+  host.Sleep(5 * click.unitMs);
+  if (yieldAfterEach) host.DoEvents();
+}
+
+void Mouse::UseMouse_Command(bool Interactive, const std::string& clickCode, std::int32_t X, std::int32_t Y) {
+  Trap(engine_, Interactive, "Velmora.(General).UseMouse_Command.TrappableErrors.1", kFatal, [&] {
+    const Click click = Click_Of(clickCode, desktop_.DoubleClickTime());
+    desktop_.MouseEvent(kMoveFlags, X, Y);
+    engine_.host.DoEvents();
+    Click_At(click, click.down, click.up, X, Y, false);
+  });
+}
+
+// The pixel as a position in the 0 to 65536 range across the screen.
+ScreenPoint Mouse::Normalised(ScreenPoint pixel) {
+  const double width = desktop_.ScreenWidth(), height = desktop_.ScreenHeight();
+  return {Rounded_To(static_cast<double>(pixel.x) * 65536.0 / width, INT32_MIN, INT32_MAX),
+          Rounded_To(static_cast<double>(pixel.y) * 65536.0 / height, INT32_MIN, INT32_MAX)};
+}
+
+void Mouse::SendButtons_Command(bool Interactive, std::int32_t foundCount, const std::string& clickCode,
+                                double relativeX, double relativeY, bool& LastCommandSucceeded) {
+  Trap(engine_, Interactive, "Velmora.(General).SendButtons_Command.TrappableErrors.1", kFatal, [&] {
+    if (foundCount <= 0) {
+      Report_Error(engine_, Interactive, -1, "No Window found to SendButtons_To", "No SendButtons Window Found Error!",
+                   "Velmora.(General).SendButtons_Command.Send_Buttons_ToError.1", kFatal);
+      return;
+    }
+    Host& host = engine_.host;
+    const WindowHandle window = target_.TargetList.at(1);
+    LastCommandSucceeded = true;
+    const std::string text = desktop_.WindowText(window, kTextBufferSize);
+    Log_Window_Identity(engine_, Interactive, text, desktop_.ClassName(window, kTextBufferSize),
+                        Child_Id_Of(desktop_, window), window);
+    host.Sleep(10);
+    host.DoEvents();
+    WindowRect r;
+    desktop_.GetWindowRect(window, r);
+    host.DoEvents();
+    const Click click = Click_Of(clickCode, desktop_.DoubleClickTime());
+    ScreenPoint pixel = Pixel_At(r, relativeX, relativeY);
+    ScreenPoint point = Normalised(pixel);
+    desktop_.MouseEvent(kMoveFlags, point.x, point.y);
+    host.DoEvents();
+    if (desktop_.WindowFromPoint(pixel) != window) {
+      desktop_.SetForegroundWindow(window);
+      host.DoEvents();
+    }
+    if (!Wait_Until_Enabled(engine_, desktop_, window)) {
+      Report_Error(engine_, Interactive, -1, "This window is not able to receive input:  " + text,
+                   "Is Window Enabled Error!", "Velmora.(General).SendButtons_Command.IsWindowEnabledError.1", kGoOn);
+      LastCommandSucceeded = false;
+      return;
+    }
+    Pause_Tenths(engine_, 3);
+    desktop_.GetWindowRect(window, r);  // the window may have moved meanwhile
+    pixel = Pixel_At(r, relativeX, relativeY);
+    point = Normalised(pixel);
+    desktop_.MouseEvent(kMoveFlags, point.x, point.y);
+    host.DoEvents();
+    Print_Debug(engine_, Interactive, engine_.state.DebugFileNumber, engine_.state.DebugOn,
+                "Mouse X, Y:  " + std::to_string(point.x) + ", " + std::to_string(point.y));
+    Click_At(click, kMoveFlags | click.down, kMoveFlags | click.up, point.x, point.y, true);
+  });
+}
+
+}  // namespace velmora

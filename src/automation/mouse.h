@@ -1,0 +1,46 @@
+// The mouse commands: usemouse moves the pointer to a screen position and
+// clicks there; sendbuttons clicks inside the target window.
+#pragma once
+
+#include <cstdint>
+#include <string>
+
+#include "target_state.h"
+#include "window_search.h"
+
+namespace velmora {
+
+struct Engine;
+
+// The move event's flag word: absolute position and move, upper bits set.
+constexpr std::uint32_t kMoveFlags = 0xFFFF8001u;
+
+// The button flags and click unit that a click code selects.
+struct Click {
+  std::uint32_t down = 0;
+  std::uint32_t up = 0;
+  bool isDouble = false;
+  int unitMs = 0;  // the double-click time divided by 1.5
+};
+
+// Throws a trappable error when the code's last character is not one of "lmrc".
+Click Click_Of(const std::string& clickCode, int doubleClickTime);
+
+class Mouse {
+ public:
+  Mouse(Engine& engine, Desktop& desktop, TargetState& target) : engine_(engine), desktop_(desktop), target_(target) {}
+
+  void UseMouse_Command(bool Interactive, const std::string& clickCode, std::int32_t X, std::int32_t Y);
+  void SendButtons_Command(bool Interactive, std::int32_t foundCount, const std::string& clickCode, double relativeX,
+                           double relativeY, bool& LastCommandSucceeded);
+
+ private:
+  void Click_At(const Click& click, std::uint32_t down, std::uint32_t up, long x, long y, bool yieldAfterEach);
+  ScreenPoint Normalised(ScreenPoint pixel);
+
+  Engine& engine_;
+  Desktop& desktop_;
+  TargetState& target_;
+};
+
+}  // namespace velmora

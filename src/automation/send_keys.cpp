@@ -1,0 +1,119 @@
+#include "send_keys.h"
+
+#include "debug_log.h"
+#include "engine.h"
+#include "environment.h"
+#include "error_report.h"
+#include "key_notation.h"
+#include "numeric.h"
+#include "session.h"
+#include "trap.h"
+
+namespace velmora {
+
+namespace {
+
+long Centre(long low, long high) {
+  const double rounded = Round_Half_Even(0.5 * static_cast<double>(high - low));
+  const double value = static_cast<double>(low) + rounded;
+  if (value < INT16_MIN || value > INT16_MAX) throw OverflowError();
+  return static_cast<long>(value);
+}
+
+}  // namespace
+
+void Log_Window_Identity(Engine& engine, bool interactive, const std::string& text, const std::string& className,
+                         long childIdShown, WindowHandle window) {
+  const RunState& s = engine.state;
+  for (const std::string& line : {std::string("Set Focus using:"), "  Window Text   :  " + text,
+                                  "  Window Class  :  " + className, "  Window ChildID:  " + std::to_string(childIdShown),
+                                  "  Window Handle :  " + std::to_string(window)})
+    Print_Debug(engine, interactive, s.DebugFileNumber, s.DebugOn, line);
+}
+
+bool Wait_Until_Enabled(Engine& engine, Desktop& desktop, WindowHandle window) {
+  for (int counter = 0; !desktop.IsWindowEnabled(window) && counter < 10; ++counter) Pause_Tenths(engine, 5);
+  return desktop.IsWindowEnabled(window);
+}
+
+void SendKeys::Log(bool interactive, const std::string& text) {
+  Print_Debug(engine_, interactive, engine_.state.DebugFileNumber, engine_.state.DebugOn, text);
+}
+
+void SendKeys::SendKeys_Command(bool Interactive, std::int32_t foundCount, const std::string& keys,
+                                bool& LastCommandSucceeded) {
+  Trap(engine_, Interactive, "Velmora.(General).SendKeys_Command.TrappableErrors.1", kFatal, [&] {
+    if (foundCount <= 0) {
+      Report_Error(engine_, Interactive, -1, "No Window found to SendKeys_To", "No SendKeys Window Found Error!",
+                   "Velmora.(General).SendKeys_Command.Send_Keys_ToError.1", kFatal);
+      return;
+    }
+    const std::string expanded = Convert_EnvVars(engine_, Interactive, keys);
+    Send_Keys_To(Interactive, expanded, target_.TargetList.at(1), LastCommandSucceeded);
+    engine_.host.DoEvents();
+  });
+}
+
+// Twice, as the pointer and the focus may need a second try while the
+// window comes forward.
+void SendKeys::Point_At_And_Focus(WindowHandle window) {
+  for (int round = 0; round < 2; ++round) {
+    WindowRect r;
+    desktop_.GetWindowRect(window, r);
+    engine_.host.DoEvents();
+    desktop_.SetCursorPos({Centre(r.left, r.right), Centre(r.top, r.bottom)});
+    engine_.host.DoEvents();
+    desktop_.SetForegroundWindow(window);
+    engine_.host.DoEvents();
+  }
+}
+
+int SendKeys::Send_Keys_To(bool Interactive, const std::string& keys, WindowHandle window,
+                           bool& LastCommandSucceeded) {
+  int status = 0;
+  Trap(engine_, Interactive, "Velmora.(General).Send_Keys_To.TrappableErrors.1", kFatal, [&] {
+    LastCommandSucceeded = true;
+    const std::string text = desktop_.WindowText(window, kTextBufferSize);
+    const std::string className = desktop_.ClassName(window, kTextBufferSize);
+    search_.TargetChildID = Child_Id_Of(desktop_, window);
+    target_.ChildID = search_.TargetChildID;
+    // The identity lines show the length of the class name as the ChildID:
+    // the established log format, kept as it stands.
+    Log_Window_Identity(engine_, Interactive, text, className, static_cast<long>(className.size()), window);
+    engine_.host.Sleep(10);
+    engine_.host.DoEvents();
+    Point_At_And_Focus(window);
+    if (!Wait_Until_Enabled(engine_, desktop_, window)) {
+      Report_Error(engine_, Interactive, -1, "This window is not able to receive input:  " + text,
+                   "Is Window Enabled Error!", "Velmora.(General).Send_Keys_To.IsWindowEnabledError.1", kGoOn);
+      LastCommandSucceeded = false;
+      status = 2;
+      return;
+    }
+    Pause_Tenths(engine_, 3);
+    status = Type(Interactive, keys, LastCommandSucceeded);
+  });
+  return status;
+}
+
+// Sends the keys to the foreground window and waits, within a bound, until
+// they are processed. A malformed key string sends nothing.
+int SendKeys::Type(bool interactive, const std::string& keys, bool& succeeded) {
+  const KeyParseResult parsed = Parse_Key_String(keys);
+  if (!parsed.ok) {
+    Report_Error(engine_, interactive, -1, "Invalid key string:  " + parsed.error, "Bad Key String Error!",
+                 "Velmora.(General).Send_Keys_To.Send_Keys_ToError.1", kGoOn);
+    succeeded = false;
+    return 3;
+  }
+  if (!desktop_.SendKeyInputs(parsed.inputs)) {
+    Log(interactive, "Info: Not all keys could be sent to the window.");
+    succeeded = false;
+  }
+  if (!desktop_.WaitForInputIdle(kInputIdleBoundMilliseconds))
+    Log(interactive, "Info: The window did not finish processing the keys within " +
+                         std::to_string(kInputIdleBoundMilliseconds / 1000) + " seconds.");
+  return 0;
+}
+
+}  // namespace velmora

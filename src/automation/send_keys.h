@@ -1,0 +1,48 @@
+// The sendkeys command: brings the target window forward, waits until it
+// accepts input, and types the key string into it.
+#pragma once
+
+#include <cstdint>
+#include <string>
+
+#include "target_state.h"
+#include "window_search.h"
+
+namespace velmora {
+
+struct Engine;
+
+// How long the keys may take to be processed before the log says so.
+constexpr int kInputIdleBoundMilliseconds = 10000;
+
+class SendKeys {
+ public:
+  SendKeys(Engine& engine, Desktop& desktop, WindowSearch& search, TargetState& target)
+      : engine_(engine), desktop_(desktop), search_(search), target_(target) {}
+
+  void SendKeys_Command(bool Interactive, std::int32_t foundCount, const std::string& keys,
+                        bool& LastCommandSucceeded);
+
+  // 0 when the keys were sent, 2 when the window would not take input, 3 when
+  // the key string is malformed.
+  int Send_Keys_To(bool Interactive, const std::string& keys, WindowHandle window, bool& LastCommandSucceeded);
+
+ private:
+  void Log(bool interactive, const std::string& text);
+  void Point_At_And_Focus(WindowHandle window);
+  int Type(bool interactive, const std::string& keys, bool& succeeded);
+
+  Engine& engine_;
+  Desktop& desktop_;
+  WindowSearch& search_;
+  TargetState& target_;
+};
+
+// Shared by the keystroke and button commands.
+void Log_Window_Identity(Engine& engine, bool interactive, const std::string& text, const std::string& className,
+                         long childIdShown, WindowHandle window);
+
+// Waits up to ten half-second pauses for the window to become enabled.
+bool Wait_Until_Enabled(Engine& engine, Desktop& desktop, WindowHandle window);
+
+}  // namespace velmora

@@ -1,0 +1,127 @@
+#include <gtest/gtest.h>
+
+#include "automation_fixture.h"
+
+namespace velmora::testing {
+namespace {
+
+using Lines = std::vector<std::string>;
+
+class FindWindowTest : public AutomationTest {
+ protected:
+  WindowHandle dialog = 0, next = 0;
+  void Add_Dialog(long long appearsAt = 0) {
+    dialog = desktop.Add(1, "Setup", "#32770", 0, {100, 100, 500, 400});
+    next = desktop.Add(dialog, "Next >", "Button", 1, {300, 350, 400, 380});
+    desktop.At(dialog).appearsAt = appearsAt;
+  }
+  static constexpr const char* kNextLine =
+      "findwindow: 2, \"Setup\", \"#32770\", 0, 0.5, 0.9, \"Next >\", \"Button\", 1, 0.5, 0.5, 0.10";
+};
+
+TEST_F(FindWindowTest, ExactlyOneMatchIsUsedWithoutWarning) {
+  Add_Dialog();
+  EXPECT_TRUE(Find(kNextLine));
+  const std::string h = std::to_string(next);
+  EXPECT_EQ(DebugLines(), (Lines{"Maximum Wait Time:  10 seconds.", "Total Elapsed Time:  1 second.",
+                                 "Found Window:  " + h, "==>  Using Window:  " + h}));
+  EXPECT_EQ(host.tenthSleeps, 10);  // found only after the first one-second pause
+  EXPECT_EQ(automation.Target().TargetList, (std::vector<WindowHandle>{0, next}));
+  EXPECT_EQ(engine.state.FoundWindow, next);
+  EXPECT_EQ(automation.Target().WindowText, "Next >");
+}
+
+TEST_F(FindWindowTest, AWindowThatAppearsLaterIsFoundAtTheNextSearch) {
+  Add_Dialog(3000);
+  EXPECT_TRUE(Find(kNextLine));
+  EXPECT_EQ(DebugLines()[1], "Total Elapsed Time:  4 seconds.");  // searches at 0.95, 1.9, 2.85 and 3.8 s
+}
+
+TEST_F(FindWindowTest, TimeOutOfZeroStillSearchesOnce) {
+  EXPECT_FALSE(Find("findwindow: 1, \"Gone\", \"#32770\", 0, 0, 0, 0.00"));
+  EXPECT_EQ(DebugLines(), (Lines{"Maximum Wait Time:  0 seconds.", "Total Elapsed Time:  1 second.",
+                                 "The window was NOT found."}));
+  EXPECT_EQ(host.tenthSleeps, 10);
+}
+
+TEST_F(FindWindowTest, NotFoundWaitsTheWholeTimeOut) {
+  EXPECT_FALSE(Find("findwindow: 1, \"Gone\", \"#32770\", 0, 0, 0, 0.03"));
+  EXPECT_EQ(DebugLines()[1], "Total Elapsed Time:  3 seconds.");
+  EXPECT_EQ(host.tenthSleeps, 30);
+}
+
+TEST_F(FindWindowTest, AHaltRequestEndsTheWaitAfterTheSearchUnderWay) {
+  engine.state.HaltRequested = true;
+  EXPECT_FALSE(Find("findwindow: 1, \"Gone\", \"#32770\", 0, 0, 0, 1.00"));
+  EXPECT_EQ(DebugLines()[1], "Total Elapsed Time:  1 second.");
+}
+
+TEST_F(FindWindowTest, TitlesMayComeFromTheEnvironment) {
+  host.environment["APP"] = "Setup";
+  Add_Dialog();
+  EXPECT_TRUE(Find("findwindow: 1, \"`APP`\", \"#32770\", 0, 0, 0, 0.01"));
+  EXPECT_EQ(DebugLines()[0], "One (1) Environment Variable Used.  Conversion follows:");
+  EXPECT_EQ(automation.Target().TargetList.at(1), dialog);
+}
+
+class SeveralCandidatesTest : public FindWindowTest {
+ protected:
+  WindowHandle dialog2 = 0, next2 = 0;
+  void SetUp() override {
+    FindWindowTest::SetUp();
+    Add_Dialog();
+    dialog2 = desktop.Add(1, "Setup", "#32770", 0, {600, 100, 1000, 400});
+    next2 = desktop.Add(dialog2, "Next >", "Button", 1, {800, 350, 900, 380});
+  }
+  Lines Warning() const {
+    const std::string a = std::to_string(automation.Target().TargetList[1]);
+    return {"",
+            "N.B.:  More than one possilbe Target Window/Control was found!",
+            "       You should probably find SOME OTHER way of accessing this Window/Control.",
+            "       Consider using your application's Menu or if necessary the UseMouse command.",
+            "This FindWindow command will ARBITRARILY chosen the FIRST Target Window/Control under the Mouse Pointer "
+            "that it identifies!",
+            "If NONE of the Possible Targets are found under the Mouse Pointer, the first Possible Target in the list "
+            "WILL BE USED!",
+            ""};
+  }
+};
+
+TEST_F(SeveralCandidatesTest, WarnsAndUsesTheFirstWhenNoneIsUnderItsPoint) {
+  desktop.pointOwnerOverride = dialog;  // the picked point lands on no candidate
+  EXPECT_TRUE(Find(kNextLine));
+  const std::string a = std::to_string(next), b = std::to_string(next2);
+  Lines expected{"Maximum Wait Time:  10 seconds.", "Total Elapsed Time:  1 second.", "Found:  2 Windows!",
+                 "Found Window:  " + a, "Found Window:  " + b};
+  const Lines warning = Warning();
+  expected.insert(expected.end(), warning.begin(), warning.end());
+  for (const std::string& line : {std::string("Found:  2 Possible Target Windows/Controls!"), "Possible Target:  " + a,
+                                  "Possible Target:  " + b, "==>  Using Window:  " + a})
+    expected.push_back(line);
+  EXPECT_EQ(DebugLines(), expected);
+  EXPECT_EQ(automation.Target().TargetList, (std::vector<WindowHandle>{0, next, next2}));
+  // Each candidate's dialog, then the candidate, was brought forward.
+  EXPECT_EQ(desktop.foregroundCalls, (std::vector<WindowHandle>{dialog, next, dialog2, next2}));
+}
+
+TEST_F(SeveralCandidatesTest, TheCandidateUnderItsPickedPointIsChosen) {
+  desktop.At(next).rect = {0, 0, 1, 1};  // moved away: its dialog's picked point shows the dialog
+  EXPECT_TRUE(Find(kNextLine));
+  EXPECT_EQ(automation.Target().TargetList, (std::vector<WindowHandle>{0, next2, next}));
+  EXPECT_EQ(DebugLines().back(), "==>  Using Window:  " + std::to_string(next2));
+  EXPECT_EQ(engine.state.FoundWindow, next2);
+}
+
+TEST(WindowLevelsTest, ReadsTheParsersParameterText) {
+  const auto levels = Read_Window_Levels("2, \"Setup\", \"#32770\", 0, 0, 0, \"Next >\", \"Button\", 1, 0.5, 0.25, ");
+  ASSERT_EQ(levels.size(), 2u);
+  EXPECT_EQ(levels[1].title, "Next >");
+  EXPECT_EQ(levels[1].className, "Button");
+  EXPECT_EQ(levels[1].childId, 1);
+  EXPECT_EQ(levels[1].relativeY, 0.25);
+  EXPECT_EQ(Window_Path_Of_Levels(levels), "1, \"Button\", \"Next >\", 0, \"#32770\", \"Setup\", 2");
+  EXPECT_THROW(Read_Window_Levels("2, \"Setup\", \"#32770\", 0, 0, 0, "), std::exception);
+}
+
+}  // namespace
+}  // namespace velmora::testing

@@ -1,0 +1,136 @@
+#include <gtest/gtest.h>
+
+#include "automation_fixture.h"
+
+namespace velmora::testing {
+namespace {
+
+using Lines = std::vector<std::string>;
+using Record = SimDesktop::MouseRecord;
+
+// The mouse events as (time since the first event, flags, x, y).
+std::vector<std::vector<long long>> Timeline(const std::vector<Record>& events) {
+  std::vector<std::vector<long long>> rows;
+  for (const Record& e : events)
+    rows.push_back({e.atMs - events.front().atMs, static_cast<long long>(e.flags), e.x, e.y});
+  return rows;
+}
+
+TEST(ClickTest, CodesSelectButtonsAndTheUnitIsTheDoubleClickTimeOverOneAndAHalf) {
+  struct Case {
+    const char* code;
+    int doubleClickTime;
+    Click click;
+  };
+  const Case cases[] = {{"sl", 500, {2, 4, false, 333}},  {"dl", 500, {2, 4, true, 333}},
+                        {"sm", 600, {32, 64, false, 400}}, {"dr", 250, {8, 16, true, 167}},
+                        {"nc", 501, {0, 0, false, 334}},  {"sc", 3, {0, 0, false, 2}}};
+  for (const Case& c : cases) {
+    const Click click = Click_Of(c.code, c.doubleClickTime);
+    EXPECT_EQ(click.down, c.click.down) << c.code;
+    EXPECT_EQ(click.up, c.click.up) << c.code;
+    EXPECT_EQ(click.isDouble, c.click.isDouble) << c.code;
+    EXPECT_EQ(click.unitMs, c.click.unitMs) << c.code;
+  }
+  EXPECT_THROW(Click_Of("sx", 500), std::exception);
+  EXPECT_THROW(Click_Of("", 500), std::exception);
+}
+
+TEST_F(AutomationTest, UseMouseMovesThenClicksWithPlainFlags) {
+  struct Case {
+    const char* line;
+    std::vector<std::vector<long long>> timeline;
+  };
+  const long long move = 0xFFFF8001;
+  const Case cases[] = {
+      {"usemouse: sl, 400, 300", {{0, move, 400, 300}, {0, 2, 400, 300}, {999, 4, 400, 300}}},
+      {"usemouse: nc, 0, 0", {{0, move, 0, 0}, {0, 0, 0, 0}, {999, 0, 0, 0}}},
+      {"usemouse: dr, 65535, 65535",
+       {{0, move, 65535, 65535}, {0, 8, 65535, 65535}, {999, 16, 65535, 65535}, {1332, 8, 65535, 65535},
+        {2331, 16, 65535, 65535}}},
+  };
+  for (const Case& c : cases) {
+    desktop.mouseEvents.clear();
+    const long long before = host.clockMs;
+    automation.UseMouse_Command(engine, true, Parsed(c.line));
+    EXPECT_EQ(Timeline(desktop.mouseEvents), c.timeline) << c.line;
+    const bool isDouble = c.line[10] == 'd';
+    EXPECT_EQ(host.clockMs - before, isDouble ? 12 * 333 : 3 * 333) << c.line;  // t, 3t, 3t and 5t for a double
+  }
+  EXPECT_TRUE(DebugLines().empty());
+}
+
+TEST_F(AutomationTest, UseMouseWithAnUnknownButtonIsAnUnexpectedError) {
+  ParsedCommand command = Parsed("usemouse: sl, 1, 1");
+  command.Parameters = "sx";
+  automation.UseMouse_Command(engine, true, command);
+  EXPECT_EQ(DebugLines()[5], "Error Location:  Velmora.(General).UseMouse_Command.TrappableErrors.1");
+  EXPECT_TRUE(engine.state.StopRunning);
+}
+
+class SendButtonsTest : public AutomationTest {
+ protected:
+  WindowHandle dialog = 0, button = 0;
+  void SetUp() override {
+    AutomationTest::SetUp();
+    dialog = desktop.Add(1, "Setup", "#32770", 0, {100, 100, 500, 400});
+    button = desktop.Add(dialog, "Next >", "Button", 12, {300, 350, 400, 382});
+    ASSERT_TRUE(Find("findwindow: 2, \"Setup\", \"#32770\", 0, 0.5, 0.9, \"Next >\", \"Button\", 12, 0.5, 0.5, 0.05"));
+    engine.DebugWindow.Clear();
+    host.tenthSleeps = 0;
+    desktop.mouseEvents.clear();
+  }
+  bool Click(const std::string& code) {
+    bool succeeded = false;
+    automation.SendButtons_Command(engine, true, Parsed("sendbuttons: " + code), succeeded);
+    return succeeded;
+  }
+};
+
+TEST_F(SendButtonsTest, ClicksThePickedPointOfTheTargetInNormalisedUnits) {
+  EXPECT_TRUE(Click("sl"));
+  // Centre (350, 366) of a 1024 x 768 screen: 350 * 65536 / 1024 = 22400, 366 * 65536 / 768 = 31232.
+  EXPECT_EQ(DebugLines(), (Lines{"Set Focus using:", "  Window Text   :  Next >", "  Window Class  :  Button",
+                                 "  Window ChildID:  12", "  Window Handle :  " + std::to_string(button),
+                                 "Mouse X, Y:  22400, 31232"}));
+  const long long move = 0xFFFF8001;
+  EXPECT_EQ(Timeline(desktop.mouseEvents), (std::vector<std::vector<long long>>{
+                                               {0, move, 22400, 31232},
+                                               {285, move, 22400, 31232},
+                                               {285, move | 2, 22400, 31232},
+                                               {285 + 999, move | 4, 22400, 31232}}));
+  EXPECT_EQ(host.tenthSleeps, 3);
+}
+
+TEST_F(SendButtonsTest, AWindowThatMovesMeanwhileIsClickedAtItsNewPlace) {
+  desktop.At(button).movesAt = host.clockMs + 100;
+  desktop.At(button).movedRect = {0, 0, 100, 30};
+  EXPECT_TRUE(Click("sl"));
+  EXPECT_EQ(DebugLines().back(), "Mouse X, Y:  3200, 1280");  // (50, 15)
+}
+
+TEST_F(SendButtonsTest, ADisabledTargetIsReportedAndNotClicked) {
+  desktop.At(button).enabledAt = SimDesktop::kNever;
+  EXPECT_FALSE(Click("dl"));
+  EXPECT_EQ(desktop.mouseEvents.size(), 1u);  // only the first move
+  EXPECT_EQ(DebugLines()[8], "This window is not able to receive input:  Next >.");
+  EXPECT_EQ(DebugLines()[10], "Error Location:  Velmora.(General).SendButtons_Command.IsWindowEnabledError.1");
+  EXPECT_FALSE(engine.state.StopRunning);
+}
+
+TEST_F(SendButtonsTest, BringsTheTargetForwardWhenSomethingElseIsAtThePoint) {
+  desktop.pointOwnerOverride = dialog;
+  desktop.foregroundCalls.clear();
+  EXPECT_TRUE(Click("sl"));
+  EXPECT_EQ(desktop.foregroundCalls, std::vector<WindowHandle>{button});
+}
+
+TEST_F(AutomationTest, SendButtonsWithoutATargetIsFatal) {
+  bool succeeded = true;
+  automation.SendButtons_Command(engine, true, Parsed("sendbuttons: sl"), succeeded);
+  EXPECT_EQ(DebugLines(), Fatal_Block("No Window found to SendButtons_To", -1,
+                                      "Velmora.(General).SendButtons_Command.Send_Buttons_ToError.1"));
+}
+
+}  // namespace
+}  // namespace velmora::testing

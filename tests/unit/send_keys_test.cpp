@@ -1,0 +1,106 @@
+#include <gtest/gtest.h>
+
+#include "automation_fixture.h"
+#include "virtual_keys.h"
+
+namespace velmora::testing {
+namespace {
+
+using Lines = std::vector<std::string>;
+
+class SendKeysTest : public AutomationTest {
+ protected:
+  WindowHandle dialog = 0, edit = 0;
+  void SetUp() override {
+    AutomationTest::SetUp();
+    dialog = desktop.Add(1, "Setup", "#32770", 0, {100, 100, 501, 400});
+    edit = desktop.Add(dialog, "Folder", "Edit", 1001, {110, 120, 310, 141});
+    ASSERT_TRUE(Find("findwindow: 2, \"Setup\", \"#32770\", 0, 0, 0, \"Folder\", \"Edit\", 1001, 0.5, 0.5, 0.05"));
+    engine.DebugWindow.Clear();
+    host.tenthSleeps = 0;
+  }
+  bool Send(const std::string& keys) {
+    bool succeeded = false;
+    automation.SendKeys_Command(engine, true, Parsed("sendkeys: \"" + keys + "\""), succeeded);
+    return succeeded;
+  }
+  Lines Identity() const {
+    return {"Set Focus using:", "  Window Text   :  Folder", "  Window Class  :  Edit", "  Window ChildID:  4",
+            "  Window Handle :  " + std::to_string(edit)};
+  }
+};
+
+TEST_F(SendKeysTest, FocusesTheTargetAndTypesTheKeys) {
+  EXPECT_TRUE(Send("ab~"));
+  EXPECT_EQ(DebugLines(), Identity());  // the ChildID line shows the class name's length
+  const std::vector<KeyInput> expected{{true, 0, U'a', false}, {true, 0, U'a', true},   {true, 0, U'b', false},
+                                       {true, 0, U'b', true},  {false, virtual_key::kReturn, 0, false}, {false, virtual_key::kReturn, 0, true}};
+  EXPECT_EQ(desktop.keys, expected);
+  // The pointer goes to the centre (halves to even) twice, each time with the focus.
+  const ScreenPoint centre{210, 130};
+  ASSERT_EQ(desktop.cursorMoves.size(), 2u);
+  EXPECT_EQ(desktop.cursorMoves[1].x, centre.x);
+  EXPECT_EQ(desktop.cursorMoves[1].y, centre.y);
+  EXPECT_EQ(desktop.foreground, edit);
+  EXPECT_EQ(host.tenthSleeps, 3);  // enabled at once: only the 0.3 s before typing
+  EXPECT_EQ(automation.Search().TargetChildID, 1001);
+}
+
+TEST_F(SendKeysTest, WaitsForTheWindowToBecomeEnabled) {
+  desktop.At(edit).enabledAt = host.clockMs + 1200;
+  EXPECT_TRUE(Send("x"));
+  EXPECT_EQ(host.tenthSleeps, 3 * 5 + 3);  // three half-second pauses, then 0.3 s
+  EXPECT_EQ(desktop.keys.size(), 2u);
+}
+
+TEST_F(SendKeysTest, AWindowThatNeverTakesInputCostsTenPausesAndIsNotFatal) {
+  desktop.At(edit).enabledAt = SimDesktop::kNever;
+  EXPECT_FALSE(Send("x"));
+  EXPECT_EQ(host.tenthSleeps, 50);
+  EXPECT_TRUE(desktop.keys.empty());
+  Lines expected = Identity();
+  const Lines block = Go_On_Block("This window is not able to receive input:  Folder", -1,
+                                  "Velmora.(General).Send_Keys_To.IsWindowEnabledError.1");
+  expected.insert(expected.end(), block.begin(), block.end());
+  EXPECT_EQ(DebugLines(), expected);
+  EXPECT_FALSE(engine.state.StopRunning);
+}
+
+TEST_F(SendKeysTest, AMalformedKeyStringSendsNothingAndSaysWhy) {
+  EXPECT_FALSE(Send("ab{FOO}"));
+  EXPECT_TRUE(desktop.keys.empty());
+  EXPECT_EQ(DebugLines()[8].rfind("Invalid key string:  ", 0), 0u) << DebugLines()[8];
+  EXPECT_EQ(DebugLines()[10], "Error Location:  Velmora.(General).Send_Keys_To.Send_Keys_ToError.1");
+  EXPECT_FALSE(engine.state.StopRunning);
+}
+
+TEST_F(SendKeysTest, EmptyKeysStillFocusAndIdentifyTheWindow) {
+  EXPECT_TRUE(Send(""));
+  EXPECT_EQ(DebugLines(), Identity());
+  EXPECT_EQ(desktop.foreground, edit);
+}
+
+TEST_F(SendKeysTest, AHungTargetIsWaitedForOnlyWithinTheBound) {
+  desktop.inputIdleTimesOut = true;
+  EXPECT_TRUE(Send("x"));
+  EXPECT_EQ(DebugLines().back(), "Info: The window did not finish processing the keys within 10 seconds.");
+}
+
+TEST_F(SendKeysTest, KeysAreExpandedFromTheEnvironment) {
+  host.environment["DIR"] = "C:";
+  EXPECT_TRUE(Send("`DIR`"));
+  EXPECT_EQ(desktop.keys.size(), 4u);
+  EXPECT_EQ(DebugLines()[0], "One (1) Environment Variable Used.  Conversion follows:");
+}
+
+TEST_F(AutomationTest, SendKeysWithoutATargetIsFatal) {
+  bool succeeded = true;
+  automation.SendKeys_Command(engine, true, Parsed("sendkeys: \"x\""), succeeded);
+  EXPECT_EQ(DebugLines(), Fatal_Block("No Window found to SendKeys_To", -1,
+                                      "Velmora.(General).SendKeys_Command.Send_Keys_ToError.1"));
+  EXPECT_TRUE(succeeded);  // left as it was
+  EXPECT_TRUE(engine.state.StopRunning);
+}
+
+}  // namespace
+}  // namespace velmora::testing
