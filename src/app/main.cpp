@@ -2,8 +2,8 @@
 // a debug file, otherwise the interactive session's window.
 #include <windows.h>
 
-#include "debug_log.h"
 #include "engine.h"
+#include "interpreter.h"
 #include "session.h"
 #include "session_window.h"
 #include "win32_host.h"
@@ -11,29 +11,6 @@
 
 namespace velmora {
 namespace {
-
-// Plays every line as a comment: each line selected is logged and the
-// selection moves to the next line that holds a command.
-class CommentRunner : public ScriptRunner {
- public:
-  void Preprocess(Engine&) override {}
-  void Process_Line(Engine& engine) override {
-    RunState& state = engine.state;
-    const bool interactive = state.InteractiveSession;
-    Pause_Tenths(engine, 1);
-    const std::string line = engine.TraceWindow.Item(engine.TraceWindow.Selected());
-    Print_Debug(engine, interactive, state.DebugFileNumber, state.DebugOn, "");
-    if (!line.empty()) Print_Debug(engine, interactive, state.DebugFileNumber, state.DebugOn, "==> " + line);
-    Pause_Tenths(engine, 1);
-    const long next = Next_Executeable_Statement(engine, engine.TraceWindow.Selected());
-    if (next == -1) {
-      state.StopRunning = true;
-      if (engine.TraceWindow.Count() > 0) engine.TraceWindow.Select(static_cast<long>(engine.TraceWindow.Count()) - 1);
-    } else {
-      engine.TraceWindow.Select(next);
-    }
-  }
-};
 
 // The debug file of a script opened from the shell: the script's name with ".vld".
 std::string Debug_Name_For(std::string script) {
@@ -71,7 +48,7 @@ int WINAPI WinMain(HINSTANCE instance, HINSTANCE, LPSTR, int show) {
   velmora::Win32Host host;
   velmora::Win32Registry registry;
   velmora::Engine engine(host, registry);
-  velmora::CommentRunner runner;
+  velmora::ScriptInterpreter runner;
   velmora::Form_Load(engine, runner);
   return velmora::Run_Interactive(engine, instance, show);
 }
