@@ -2,10 +2,12 @@
 // a debug file, otherwise the interactive session's window.
 #include <windows.h>
 
+#include "automation.h"
 #include "engine.h"
 #include "interpreter.h"
 #include "session.h"
 #include "session_window.h"
+#include "win32_desktop.h"
 #include "win32_host.h"
 #include "win32_registry.h"
 
@@ -47,7 +49,10 @@ int Run_Interactive(Engine& engine, HINSTANCE instance, int show) {
 int WINAPI WinMain(HINSTANCE instance, HINSTANCE, LPSTR, int show) {
   velmora::Win32Host host;
   velmora::Win32Registry registry;
-  velmora::Engine engine(host, registry);
+  velmora::Win32Desktop desktop;
+  velmora::Engine engine(host, registry, &desktop);
+  velmora::Automation automation(engine, desktop);
+  engine.automation = &automation;
   velmora::ScriptInterpreter runner;
   velmora::Form_Load(engine, runner);
   return velmora::Run_Interactive(engine, instance, show);

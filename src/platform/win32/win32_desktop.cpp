@@ -1,0 +1,123 @@
+#include "win32_desktop.h"
+
+#include <vector>
+
+#include "win32_keyboard.h"
+
+namespace velmora {
+
+namespace {
+
+HWND Window_Of(WindowHandle window) { return reinterpret_cast<HWND>(static_cast<INT_PTR>(window)); }
+WindowHandle Handle_Of(HWND window) { return static_cast<WindowHandle>(reinterpret_cast<INT_PTR>(window)); }
+
+std::string Text_Of(int length, const char* buffer) { return std::string(buffer, length > 0 ? length : 0); }
+
+// Lets this thread's own windows handle what was sent to them.
+bool Pump_Until_Idle(int timeoutMilliseconds) {
+  const DWORD start = GetTickCount();
+  for (;;) {
+    MSG message;
+    while (PeekMessageA(&message, nullptr, 0, 0, PM_REMOVE)) {
+      if (message.message == WM_QUIT) {
+        PostQuitMessage(static_cast<int>(message.wParam));
+        return true;
+      }
+      TranslateMessage(&message);
+      DispatchMessageA(&message);
+    }
+    if (GetTickCount() - start >= static_cast<DWORD>(timeoutMilliseconds)) return false;
+    // Input injected a moment ago may still be on its way to the queue.
+    if (MsgWaitForMultipleObjects(0, nullptr, FALSE, 50, QS_ALLINPUT) == WAIT_TIMEOUT) return true;
+  }
+}
+
+}  // namespace
+
+WindowHandle Win32Desktop::DesktopWindow() { return Handle_Of(::GetDesktopWindow()); }
+
+WindowHandle Win32Desktop::GetWindow(WindowHandle window, WindowRelation relation) {
+  return Handle_Of(::GetWindow(Window_Of(window), relation == WindowRelation::FirstChild ? GW_CHILD : GW_HWNDNEXT));
+}
+
+WindowHandle Win32Desktop::GetParent(WindowHandle window) { return Handle_Of(::GetParent(Window_Of(window))); }
+
+std::string Win32Desktop::WindowText(WindowHandle window, int bufferSize) {
+  std::vector<char> buffer(static_cast<std::size_t>(bufferSize > 0 ? bufferSize : 1), '\0');
+  return Text_Of(GetWindowTextA(Window_Of(window), buffer.data(), bufferSize), buffer.data());
+}
+
+std::string Win32Desktop::ClassName(WindowHandle window, int bufferSize) {
+  std::vector<char> buffer(static_cast<std::size_t>(bufferSize > 0 ? bufferSize : 1), '\0');
+  return Text_Of(GetClassNameA(Window_Of(window), buffer.data(), bufferSize), buffer.data());
+}
+
+long Win32Desktop::ControlId(WindowHandle window) { return GetWindowLongA(Window_Of(window), GWL_ID); }
+
+bool Win32Desktop::GetWindowRect(WindowHandle window, WindowRect& rect) {
+  RECT r;
+  if (!::GetWindowRect(Window_Of(window), &r)) return false;
+  rect = {r.left, r.top, r.right, r.bottom};
+  return true;
+}
+
+bool Win32Desktop::IsWindowEnabled(WindowHandle window) { return ::IsWindowEnabled(Window_Of(window)) != FALSE; }
+
+WindowHandle Win32Desktop::WindowFromPoint(ScreenPoint point) { return Handle_Of(::WindowFromPoint({point.x, point.y})); }
+
+bool Win32Desktop::SetForegroundWindow(WindowHandle window) {
+  return ::SetForegroundWindow(Window_Of(window)) != FALSE;
+}
+
+bool Win32Desktop::SetCursorPos(ScreenPoint point) { return ::SetCursorPos(point.x, point.y) != FALSE; }
+
+ScreenPoint Win32Desktop::GetCursorPos() {
+  POINT p{};
+  ::GetCursorPos(&p);
+  return {p.x, p.y};
+}
+
+// The flag words are those of the classic mouse event call; the system's
+// input call knows only their low 16 bits.
+void Win32Desktop::MouseEvent(std::uint32_t flags, long x, long y) {
+  INPUT input{};
+  input.type = INPUT_MOUSE;
+  input.mi.dx = x;
+  input.mi.dy = y;
+  input.mi.dwFlags = flags & 0xFFFFu;
+  SendInput(1, &input, sizeof input);
+}
+
+bool Win32Desktop::SendKeyInputs(const std::vector<KeyInput>& inputs) {
+  if (inputs.empty()) return true;
+  std::vector<INPUT> records = Keyboard_Inputs(inputs, GetKeyboardLayout(0));
+  const UINT sent = SendInput(static_cast<UINT>(records.size()), records.data(), sizeof(INPUT));
+  return sent == records.size();
+}
+
+// Waits until the foreground window's program has taken all its input and
+// waits for more, but never longer than the bound.
+bool Win32Desktop::WaitForInputIdle(int timeoutMilliseconds) {
+  const HWND foreground = GetForegroundWindow();
+  DWORD processId = 0;
+  const DWORD thread = foreground ? GetWindowThreadProcessId(foreground, &processId) : 0;
+  if (!thread) return true;
+  if (processId == GetCurrentProcessId()) return Pump_Until_Idle(timeoutMilliseconds);
+  const DWORD start = GetTickCount();
+  if (HANDLE process = OpenProcess(SYNCHRONIZE | PROCESS_QUERY_INFORMATION, FALSE, processId)) {
+    const DWORD waited = ::WaitForInputIdle(process, static_cast<DWORD>(timeoutMilliseconds));
+    CloseHandle(process);
+    if (waited == WAIT_TIMEOUT) return false;
+  }
+  // A message sent to the window returns only after what was queued before it.
+  const DWORD spent = GetTickCount() - start;
+  const DWORD left = spent < static_cast<DWORD>(timeoutMilliseconds) ? timeoutMilliseconds - spent : 1;
+  DWORD_PTR result = 0;
+  return SendMessageTimeoutA(foreground, WM_NULL, 0, 0, SMTO_ABORTIFHUNG | SMTO_BLOCK, left, &result) != 0;
+}
+
+int Win32Desktop::DoubleClickTime() { return static_cast<int>(GetDoubleClickTime()); }
+int Win32Desktop::ScreenWidth() { return GetSystemMetrics(SM_CXSCREEN); }
+int Win32Desktop::ScreenHeight() { return GetSystemMetrics(SM_CYSCREEN); }
+
+}  // namespace velmora

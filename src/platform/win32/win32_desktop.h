@@ -1,0 +1,30 @@
+// The Desktop seam on Windows: the real window tree and input injection.
+#pragma once
+
+#include "desktop.h"
+
+namespace velmora {
+
+class Win32Desktop : public Desktop {
+ public:
+  WindowHandle DesktopWindow() override;
+  WindowHandle GetWindow(WindowHandle window, WindowRelation relation) override;
+  WindowHandle GetParent(WindowHandle window) override;
+  std::string WindowText(WindowHandle window, int bufferSize) override;
+  std::string ClassName(WindowHandle window, int bufferSize) override;
+  long ControlId(WindowHandle window) override;
+  bool GetWindowRect(WindowHandle window, WindowRect& rect) override;
+  bool IsWindowEnabled(WindowHandle window) override;
+  WindowHandle WindowFromPoint(ScreenPoint point) override;
+  bool SetForegroundWindow(WindowHandle window) override;
+  bool SetCursorPos(ScreenPoint point) override;
+  ScreenPoint GetCursorPos() override;
+  void MouseEvent(std::uint32_t flags, long x, long y) override;
+  bool SendKeyInputs(const std::vector<KeyInput>& inputs) override;
+  bool WaitForInputIdle(int timeoutMilliseconds) override;
+  int DoubleClickTime() override;
+  int ScreenWidth() override;
+  int ScreenHeight() override;
+};
+
+}  // namespace velmora
