@@ -144,6 +144,14 @@ wine_start() {
       wine_stop
       return 1
     fi
+    # No sound driver: on some machines the first beep of every process
+    # waits about 10 s for the audio system, and velmora.exe beeps at the end.
+    if ! timeout -k 5 60 "$VELMORA_WINE" reg add 'HKCU\Software\Wine\Drivers' /v Audio /t REG_SZ /d "" /f \
+      {_velmora_wine_lock}>&- >>"$_velmora_wine_logs/wineboot.log" 2>&1 </dev/null; then
+      _wine_log "could not switch off the sound driver; see $_velmora_wine_logs/wineboot.log"
+      wine_stop
+      return 1
+    fi
     VELMORA_PREFIX_SECONDS=$(awk -v a="$started" -v b="$(date +%s.%N)" 'BEGIN { printf "%.1f", b - a }')
     _wine_log "prefix created in ${VELMORA_PREFIX_SECONDS} s ($WINEPREFIX)"
   fi
