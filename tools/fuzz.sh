@@ -22,7 +22,7 @@ if ! [[ "$seconds" =~ ^[0-9]+$ ]] || [ "$seconds" -lt 1 ]; then
   exit 2
 fi
 jobs="${FUZZ_JOBS:-1}"
-targets=(parse_command_fuzz preprocess_fuzz convert_envvars_fuzz parse_commandline_fuzz)
+targets=(parse_command_fuzz preprocess_fuzz convert_envvars_fuzz parse_commandline_fuzz key_notation_fuzz)
 out="$root/build/fuzz"
 mkdir -p "$out/logs"
 
