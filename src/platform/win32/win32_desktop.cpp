@@ -113,7 +113,9 @@ bool Win32Desktop::WaitForInputIdle(int timeoutMilliseconds) {
   const DWORD spent = GetTickCount() - start;
   const DWORD left = spent < static_cast<DWORD>(timeoutMilliseconds) ? timeoutMilliseconds - spent : 1;
   DWORD_PTR result = 0;
-  return SendMessageTimeoutA(foreground, WM_NULL, 0, 0, SMTO_ABORTIFHUNG | SMTO_BLOCK, left, &result) != 0;
+  if (SendMessageTimeoutA(foreground, WM_NULL, 0, 0, SMTO_ABORTIFHUNG | SMTO_BLOCK, left, &result)) return true;
+  // A window that closed on its keys (Enter on a Finish button) took them all.
+  return !IsWindow(foreground);
 }
 
 int Win32Desktop::DoubleClickTime() { return static_cast<int>(GetDoubleClickTime()); }
