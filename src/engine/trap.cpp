@@ -11,9 +11,7 @@ TrappableError OverflowError() { return {6, "Overflow"}; }
 TrappableError SubscriptError() { return {9, "Subscript out of range"}; }
 TrappableError TypeMismatchError() { return {13, "Type mismatch"}; }
 
-namespace {
-
-long Code_Of(const std::exception& error) {
+long Error_Code_Of(const std::exception& error) {
   if (auto* own = dynamic_cast<const TrappableError*>(&error)) return own->Code();
   if (dynamic_cast<const std::bad_alloc*>(&error)) return 7;
   if (dynamic_cast<const std::out_of_range*>(&error)) return 9;
@@ -21,11 +19,9 @@ long Code_Of(const std::exception& error) {
   return 5;
 }
 
-}  // namespace
-
 void Report_Unexpected(Engine& engine, bool interactive, const std::exception& error,
                        const std::string& location, int kind) {
-  Report_Error(engine, interactive, Code_Of(error), error.what(), "Unexpected Trappable Error!", location, kind);
+  Report_Error(engine, interactive, Error_Code_Of(error), error.what(), "Unexpected Trappable Error!", location, kind);
 }
 
 }  // namespace velmora

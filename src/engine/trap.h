@@ -28,6 +28,9 @@ TrappableError OverflowError();      // 6
 TrappableError SubscriptError();     // 9
 TrappableError TypeMismatchError();  // 13
 
+// The code that a report shows for a caught exception.
+long Error_Code_Of(const std::exception& error);
+
 // Reports a caught exception as "Unexpected Trappable Error!" at the location.
 void Report_Unexpected(Engine& engine, bool interactive, const std::exception& error,
                        const std::string& location, int kind);

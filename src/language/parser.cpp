@@ -51,14 +51,6 @@ std::uint8_t Code_Of_Word(std::string_view framed) {
   return kUnknownCommand;
 }
 
-// The run-time error code that a trapped failure is reported with.
-long Trapped_Code(const std::exception& error) {
-  if (auto* own = dynamic_cast<const TrappableError*>(&error)) return own->Code();
-  if (dynamic_cast<const std::bad_alloc*>(&error)) return 7;
-  if (dynamic_cast<const std::out_of_range*>(&error)) return 9;
-  return 5;
-}
-
 // One call: the line, its outputs and the engine it reports to.
 class LineParser {
  public:
@@ -173,7 +165,7 @@ class LineParser {
     Select_Line();
     const std::string detail =
         std::string("Invalid Parameters:  ") + error.what() + " in line:  " + std::string(Trim_Blanks(line_));
-    Report_Error(engine_, interactive_, Trapped_Code(error), detail, "Unexpected Trappable Error!", kTrapLocation,
+    Report_Error(engine_, interactive_, Error_Code_Of(error), detail, "Unexpected Trappable Error!", kTrapLocation,
                  kFatal);
   }
 
