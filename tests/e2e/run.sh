@@ -21,6 +21,8 @@
 #                   the command line is the rest of the row, leading blanks
 #                   removed; lines starting with # are comments
 #   debug_file      optional name of the debug file to compare (default a.vld)
+#   time_limit      optional seconds that velmora.exe may run (default 30);
+#                   a script that waits for real programs needs more
 #   check.sh        optional extra checks, run in the working folder after the
 #                   program, with E2E_STATUS, E2E_VARIANT, E2E_BEFORE (listing
 #                   of the folder before the run) and E2E_LIB (helpers) set
@@ -86,7 +88,10 @@ run_one() {
     while IFS= read -r assignment; do
       [ -n "$assignment" ] && export "${assignment?}"
     done <<<"$env_lines"
-    VELMORA_WINE_TIMEOUT=60 wine_run "$bin/launch.exe" "$velmora_win" "$(wine_winpath "$scratch/cmdline.txt")" 30
+    local limit=30
+    [ -f "$case_dir/time_limit" ] && limit="$(trim "$(cat "$case_dir/time_limit")")"
+    VELMORA_WINE_TIMEOUT=$((limit + 30)) wine_run "$bin/launch.exe" "$velmora_win" \
+      "$(wine_winpath "$scratch/cmdline.txt")" "$limit"
   ) >"$scratch/launch.log" 2>&1
   status=$?
 
