@@ -1,0 +1,39 @@
+# samples/install.vls ran the sample installer: the program and the readme
+# arrived in the folder that the script typed (TARGETDIR, see env), the
+# component it left out did not, and the installed program runs.
+set -e
+here="$(cd "$(dirname "${BASH_SOURCE[0]}")" && pwd)"
+root="$(cd "$here/../../../.." && pwd)"
+bin="${VELMORA_BIN:-$root/build/windows/bin}"
+# shellcheck source=../../../../tools/wine-env.sh
+source "$root/tools/wine-env.sh"
+
+: "${WINEPREFIX:?no Wine session}"
+target="$(sed -n 's/^TARGETDIR=//p' "$here/env" | tr -d '\r')"
+relative="${target#C:\\}"
+folder="$WINEPREFIX/drive_c/${relative//\\//}"
+# The prefix may be kept between runs: leave nothing behind for the next one.
+trap 'rm -rf "$WINEPREFIX/drive_c/${relative%%\\*}"' EXIT
+
+for name in readme.txt velmora-hello.exe; do
+  if [ ! -f "$folder/$name" ]; then
+    echo "$target\\$name was not installed; the folder holds:"
+    ls -la "$folder" 2>&1 | sed 's/^/  /'
+    exit 1
+  fi
+  if [ ! "$folder/$name" -nt "$E2E_BEFORE" ]; then
+    echo "$target\\$name is older than this run"
+    exit 1
+  fi
+done
+cmp "$root/samples/installer/readme.txt" "$folder/readme.txt"
+cmp "$bin/velmora-hello.exe" "$folder/velmora-hello.exe"
+if [ -e "$folder/notes.txt" ]; then
+  echo "notes.txt was installed, although the script left out its component"
+  exit 1
+fi
+greeting="$(wine_run "$(wine_winpath "$folder/velmora-hello.exe")" | tr -d '\r')"
+if [ "$greeting" != "Hello from the Velmora sample installation." ]; then
+  echo "the installed velmora-hello.exe printed: $greeting"
+  exit 1
+fi
