@@ -1,7 +1,9 @@
 #!/usr/bin/env bash
-# Shows Velmora at work: builds velmora.exe, plays samples/demo.vls as an
-# automatic session under Wine (in a copy of samples/ under build/demo/) and
-# prints the debug log it wrote.
+# Shows Velmora at work: builds velmora.exe and the sample installer, and lets
+# samples/install.vls install the sample unattended under Wine, into
+# C:\Velmora Sample of a fresh Wine prefix. Prints the debug log, lists what
+# arrived, and saves a picture of the installer's finish page, which the
+# script leaves on the screen for a few seconds, as docs/demo-finish.png.
 set -uo pipefail
 
 root="$(cd "$(dirname "${BASH_SOURCE[0]}")/.." && pwd)"
@@ -9,36 +11,74 @@ cd "$root" || exit 1
 
 "$root/tools/setup.sh" || exit 1
 
-echo "demo: building velmora.exe"
+echo "demo: building velmora.exe and the sample installer"
 mkdir -p build
 if ! { cmake --preset windows >build/demo-build.log 2>&1 &&
-  cmake --build --preset windows -j2 --target velmora launch >>build/demo-build.log 2>&1; }; then
+  cmake --build --preset windows -j2 --target velmora launch wintree sample_setup >>build/demo-build.log 2>&1; }; then
   tail -n 40 build/demo-build.log
   echo "demo: the build failed (build/demo-build.log)"
   exit 1
 fi
 
+bin="$root/build/windows/bin"
 demo="$root/build/demo"
 rm -rf "$demo"
 mkdir -p "$demo"
 cp -a "$root/samples/." "$demo/"
+cp "$bin/velmora-sample-setup.exe" "$demo/"
 # The command line exactly as a Windows shell would pass it.
-printf '%s\n' '"demo.vls" "demo.vld"' >"$root/build/demo-cmdline.txt"
+printf '%s\n' '"install.vls" "install.vld"' >"$root/build/demo-cmdline.txt"
+picture="$root/docs/demo-finish.png"
 
 # shellcheck source=wine-env.sh
 source "$root/tools/wine-env.sh"
 wine_start || exit 1
-bin="$root/build/windows/bin"
-echo "demo: velmora.exe \"demo.vls\" \"demo.vld\"   (in ${demo#"$root/"})"
+export TARGETDIR='C:\Velmora Sample'
+echo "demo: TARGETDIR=$TARGETDIR velmora.exe \"install.vls\" \"install.vld\"   (in ${demo#"$root/"})"
+started=$(date +%s)
 (cd "$demo" && wine_run "$bin/launch.exe" "$(wine_winpath "$bin/velmora.exe")" \
-  "$(wine_winpath "$root/build/demo-cmdline.txt")" 60)
+  "$(wine_winpath "$root/build/demo-cmdline.txt")" 90) &
+session=$!
+
+# The finish page stays up for the script's wait before it clicks Finish.
+if wine_run "$bin/wintree.exe" --wait 60 "Completing Velmora Sample Setup" >/dev/null; then
+  # The setup window's rectangle, from the tree: ... id=0 [left,top,right,bottom]
+  rect="$(wine_run "$bin/wintree.exe" "Velmora Sample Setup " | head -n 1 |
+    sed -nE 's/.* id=0 \[(-?[0-9]+),(-?[0-9]+),(-?[0-9]+),(-?[0-9]+)\].*/\1 \2 \3 \4/p')"
+  crop=()
+  if [ -n "$rect" ]; then
+    read -r left top right bottom <<<"$rect"
+    crop=(-crop "$((right - left + 16))x$((bottom - top + 16))+$((left - 8))+$((top - 8))" +repage)
+  fi
+  # No time stamps in the file: the same screen gives the same bytes.
+  if import -display "$DISPLAY" -window root "${crop[@]}" -strip -define png:exclude-chunks=date,time "$picture"; then
+    echo "demo: saved the finish page as ${picture#"$root/"}"
+  else
+    echo "demo: could not take the picture of the finish page"
+  fi
+else
+  echo "demo: the finish page did not appear"
+fi
+
+wait "$session"
 status=$?
+echo "demo: the session took $(($(date +%s) - started)) s"
+
+installed="$WINEPREFIX/drive_c/Velmora Sample"
+if [ -d "$installed" ]; then
+  echo "demo: installed into $TARGETDIR:"
+  (cd "$installed" && ls -l) | sed 's/^/  /'
+  printf '  velmora-hello.exe says: '
+  wine_run "$(wine_winpath "$installed/velmora-hello.exe")" | tr -d '\r'
+else
+  echo "demo: nothing was installed into $TARGETDIR"
+fi
 wine_stop
 
-if [ -f "$demo/demo.vld" ]; then
-  echo "demo: debug log ${demo#"$root/"}/demo.vld:"
+if [ -f "$demo/install.vld" ]; then
+  echo "demo: debug log ${demo#"$root/"}/install.vld:"
   echo "----------------------------------------------------------------------"
-  tr -d '\r' <"$demo/demo.vld"
+  tr -d '\r' <"$demo/install.vld"
   echo "----------------------------------------------------------------------"
 else
   echo "demo: no debug log was written"
