@@ -1,6 +1,8 @@
 # samples/install.vls ran the sample installer: the program and the readme
 # arrived in the folder that the script typed (TARGETDIR, see env), the
-# component it left out did not, and the installed program runs.
+# component it left out did not, and the installed program runs. The case
+# plays the sample itself: its command line names samples/install.vls from
+# the working folder, build/e2e/installer/work.
 set -e
 here="$(cd "$(dirname "${BASH_SOURCE[0]}")" && pwd)"
 root="$(cd "$here/../../../.." && pwd)"
