@@ -25,7 +25,8 @@
 #                   a script that waits for real programs needs more
 #   check.sh        optional extra checks, run in the working folder after the
 #                   program, with E2E_STATUS, E2E_VARIANT, E2E_BEFORE (listing
-#                   of the folder before the run) and E2E_LIB (helpers) set
+#                   of the folder before the run), E2E_SECONDS (how long the
+#                   run took, whole seconds) and E2E_LIB (helpers) set
 #
 # Logs are compared after mask.sed (time stamps, window handles). Needs
 # build/windows/bin/{velmora,launch}.exe; starts its own Wine session unless a
@@ -79,7 +80,7 @@ run_one() {
   printf '%s\n' "$command_line" >"$scratch/cmdline.txt"
   (cd "$wd" && find . -type f | sort) >"$scratch/before.txt"
 
-  local status
+  local status started=$SECONDS
   (
     cd "$wd" || exit 125
     # Wine hands the Unix environment to Windows programs: only the case's own.
@@ -94,6 +95,7 @@ run_one() {
       "$(wine_winpath "$scratch/cmdline.txt")" "$limit"
   ) >"$scratch/launch.log" 2>&1
   status=$?
+  local seconds=$((SECONDS - started))
 
   if [ "$status" != "$want_status" ]; then
     problems+="exit status $status, expected $want_status"$'\n'
@@ -119,7 +121,7 @@ run_one() {
 
   if [ -f "$case_dir/check.sh" ]; then
     local check_output
-    if ! check_output="$(cd "$wd" && E2E_STATUS="$status" E2E_VARIANT="$variant" E2E_BEFORE="$scratch/before.txt" \
+    if ! check_output="$(cd "$wd" && E2E_STATUS="$status" E2E_VARIANT="$variant" E2E_BEFORE="$scratch/before.txt" E2E_SECONDS="$seconds" \
       E2E_LIB="$here/lib.sh" bash "$case_dir/check.sh" 2>&1)"; then
       problems+="check.sh failed:"$'\n'"$check_output"$'\n'
     fi
