@@ -32,6 +32,19 @@ bool Pump_Until_Idle(int timeoutMilliseconds) {
   }
 }
 
+// Focus can be set only from the thread that owns the window's input
+// state: this thread joins it for the call.
+bool Give_Focus(HWND window) {
+  const DWORD self = GetCurrentThreadId();
+  const DWORD owner = GetWindowThreadProcessId(window, nullptr);
+  if (!owner) return false;
+  const bool joined = owner != self && AttachThreadInput(self, owner, TRUE);
+  SetFocus(window);
+  const bool focused = GetFocus() == window;
+  if (joined) AttachThreadInput(self, owner, FALSE);
+  return focused;
+}
+
 }  // namespace
 
 WindowHandle Win32Desktop::DesktopWindow() { return Handle_Of(::GetDesktopWindow()); }
@@ -65,8 +78,17 @@ bool Win32Desktop::IsWindowEnabled(WindowHandle window) { return ::IsWindowEnabl
 
 WindowHandle Win32Desktop::WindowFromPoint(ScreenPoint point) { return Handle_Of(::WindowFromPoint({point.x, point.y})); }
 
+// The system refuses a control as the foreground window, so a control's
+// top-level window comes forward and the control takes the keyboard focus:
+// the keys sent next must reach the control, not whichever one had the focus.
 bool Win32Desktop::SetForegroundWindow(WindowHandle window) {
-  return ::SetForegroundWindow(Window_Of(window)) != FALSE;
+  const HWND target = Window_Of(window);
+  focusControl_ = 0;
+  if ((GetWindowLongA(target, GWL_STYLE) & (WS_CHILD | WS_POPUP)) != WS_CHILD)
+    return ::SetForegroundWindow(target) != FALSE;
+  focusControl_ = window;
+  if (!::SetForegroundWindow(GetAncestor(target, GA_ROOT))) return false;
+  return Give_Focus(target);
 }
 
 bool Win32Desktop::SetCursorPos(ScreenPoint point) { return ::SetCursorPos(point.x, point.y) != FALSE; }
@@ -90,6 +112,10 @@ void Win32Desktop::MouseEvent(std::uint32_t flags, long x, long y) {
 
 bool Win32Desktop::SendKeyInputs(const std::vector<KeyInput>& inputs) {
   if (inputs.empty()) return true;
+  const HWND control = Window_Of(focusControl_);
+  if (focusControl_ && IsWindow(control) && ::IsWindowEnabled(control) &&
+      GetForegroundWindow() == GetAncestor(control, GA_ROOT))
+    Give_Focus(control);
   std::vector<INPUT> records = Keyboard_Inputs(inputs, GetKeyboardLayout(0));
   const UINT sent = SendInput(static_cast<UINT>(records.size()), records.data(), sizeof(INPUT));
   return sent == records.size();

@@ -25,6 +25,11 @@ class Win32Desktop : public Desktop {
   int DoubleClickTime() override;
   int ScreenWidth() override;
   int ScreenHeight() override;
+
+ private:
+  // The control brought forward last. A disabled control cannot take the
+  // focus, so it takes it again when the keys are sent.
+  WindowHandle focusControl_ = 0;
 };
 
 }  // namespace velmora
