@@ -1,7 +1,8 @@
 #!/usr/bin/env bash
 # Builds the "bench" preset and runs the benchmarks, then prints a short table:
 # the CPU time per line of each benchmark and size, and the ratios that the
-# performance targets are stated in.
+# performance targets are stated in; then the window search over simulated
+# trees.
 #   tools/bench.sh [extra Google Benchmark options, e.g. --benchmark_filter=Parse]
 # BENCH_REPETITIONS (default 3) sets the repetitions; the table shows medians.
 # The full results are kept in build/bench/results.json.
@@ -33,6 +34,7 @@ rows="$(jq -r '
   .benchmarks[]
   | select(.run_type == "iteration" or .aggregate_name == "median")
   | select(.error_occurred | not)
+  | select(.lines != null)
   | [(.run_name // .name), .lines, (.time_per_line * 1e9),
      (.cpu_time * ({"ns": 1e-6, "us": 1e-3, "ms": 1, "s": 1e3}[.time_unit]))]
   | @tsv' "$results")"
@@ -70,4 +72,30 @@ ratio "interpreter straight, no debug file: per line at 1M / at 10k" \
 
 million="$(awk -F'\t' '$1 == "BM_Preprocess_Automatic/1000000" { print $4 }' <<<"$rows")"
 [ -n "$million" ] && echo "preprocess (automatic) of 1M lines: ${million} ms of CPU (target under 1000 ms)"
+
+# The window search: name, windows in the tree, CPU milliseconds per search,
+# CPU nanoseconds per window.
+windows="$(jq -r '
+  .benchmarks[]
+  | select(.run_type == "iteration" or .aggregate_name == "median")
+  | select(.error_occurred | not)
+  | select(.windows != null)
+  | [(.run_name // .name), .windows,
+     (.cpu_time * ({"ns": 1e-6, "us": 1e-3, "ms": 1, "s": 1e3}[.time_unit])), (.time_per_window * 1e9)]
+  | @tsv' "$results")"
+if [ -n "$windows" ]; then
+  echo
+  echo "Window search over a simulated tree (target under 50 ms per search)"
+  printf '%-36s %12s %14s %12s\n' "benchmark" "windows" "ms/search" "ns/window"
+  awk -F'\t' '{ printf "%-36s %12d %14.3f %12.1f\n", $1, $2, $3, $4 }' <<<"$windows"
+  search_ratio() {
+    awk -F'\t' -v l="$1" -v a="$2" -v b="$3" '$1 == a { x = $3 } $1 == b { y = $3 }
+      END { if (x != "" && y != "") printf "%-58s %6.2fx\n", l, x / y }' <<<"$windows"
+  }
+  search_ratio "dialogs, a control repeated in each / bare walk" BM_Search_Dialogs_Repeated BM_Baseline_Walk_Dialogs
+  search_ratio "dialogs, a window that is not there / bare walk" BM_Search_Dialogs_Absent BM_Baseline_Walk_Dialogs
+  search_ratio "dialogs, one dialog by its title / bare walk" BM_Search_Dialogs_TopLevel BM_Baseline_Walk_Dialogs
+  search_ratio "flat, one window / bare walk" BM_Search_Flat BM_Baseline_Walk_Flat
+fi
+
 exit 0
