@@ -2,9 +2,11 @@
 # Builds the "bench" preset and runs the benchmarks, then prints a short table:
 # the CPU time per line of each benchmark and size, and the ratios that the
 # performance targets are stated in; then the window search over simulated
-# trees.
+# trees, and over a real window tree under Wine (built for Windows in
+# build/bench-windows, run in a Wine session of tools/wine-env.sh).
 #   tools/bench.sh [extra Google Benchmark options, e.g. --benchmark_filter=Parse]
 # BENCH_REPETITIONS (default 3) sets the repetitions; the table shows medians.
+# BENCH_WINE=0 leaves out the run under Wine.
 # The full results are kept in build/bench/results.json.
 set -euo pipefail
 
@@ -98,4 +100,25 @@ if [ -n "$windows" ]; then
   search_ratio "flat, one window / bare walk" BM_Search_Flat BM_Baseline_Walk_Flat
 fi
 
-exit 0
+[ "${BENCH_WINE:-1}" = 0 ] && exit 0
+
+# The window search over a real window tree, under Wine.
+echo
+echo "Window search over a real window tree (Wine; target ratio at most 1.3)"
+if ! { cmake -S . -B build/bench-windows -DCMAKE_TOOLCHAIN_FILE="$root/cmake/mingw-w64-x86_64.cmake" \
+  -DCMAKE_BUILD_TYPE=Release -DVELMORA_TESTS=OFF -DVELMORA_BENCH=ON &&
+  cmake --build build/bench-windows -j2 --target velmora_window_search_bench; } >build/bench/build-windows.log 2>&1; then
+  tail -n 40 build/bench/build-windows.log
+  echo "bench: building the Windows window search benchmark failed (build/bench/build-windows.log)" >&2
+  exit 1
+fi
+# shellcheck source=wine-env.sh
+source "$root/tools/wine-env.sh"
+if ! wine_start; then
+  echo "bench: Wine did not start (logs in build/wine-logs)" >&2
+  exit 1
+fi
+status=0
+wine_run "$root/build/bench-windows/bin/velmora_window_search_bench.exe" || status=$?
+wine_stop
+exit "$status"
