@@ -82,10 +82,11 @@ if build windows; then
     VELMORA_WINE_TIMEOUT=300 wine_run "$root/build/windows/bin/velmora_win32_tests.exe" --gtest_color=no --gtest_brief=1 \
       2>&1 | tee "$logs/win32.log"
     # "[==========] 76 tests from 14 test suites ran.", "[  PASSED  ] 75 tests.",
-    # "[  SKIPPED ] 1 test, listed below:"; the rest of those that ran failed.
+    # "[  SKIPPED ] 1 test, listed below:" (with --gtest_brief: "[  SKIPPED ] 1 test.");
+    # the rest of those that ran failed.
     ran=$(sed -nE 's/^\[==========\] ([0-9]+) tests? from .* ran\..*/\1/p' "$logs/win32.log" | tail -n 1)
     good=$(sed -nE 's/^\[  PASSED  \] ([0-9]+) tests?\..*/\1/p' "$logs/win32.log" | tail -n 1)
-    skipped=$(sed -nE 's/^\[  SKIPPED \] ([0-9]+) tests?, listed below:.*/\1/p' "$logs/win32.log" | tail -n 1)
+    skipped=$(sed -nE 's/^\[  SKIPPED \] ([0-9]+) tests?(, listed below:|\.).*/\1/p' "$logs/win32.log" | tail -n 1)
     if [ -z "$ran" ]; then
       echo "the Win32 test program ended without its summary"
       add win32 "${good:-0}" 1
