@@ -27,8 +27,10 @@ if ! { cmake --preset bench && cmake --build --preset bench -j2; } >build/bench/
   exit 1
 fi
 
+# Repetitions of all the benchmarks run in a random order, so that a busy
+# moment of the machine does not weigh on one size more than another.
 build/bench/bin/velmora_bench --benchmark_repetitions="$repetitions" --benchmark_report_aggregates_only=true \
-  --benchmark_out="$results" --benchmark_out_format=json "$@"
+  --benchmark_enable_random_interleaving=true --benchmark_out="$results" --benchmark_out_format=json "$@"
 
 # One row per benchmark: name, lines per iteration, CPU nanoseconds per line,
 # CPU milliseconds per iteration.
