@@ -47,7 +47,7 @@ echo
 echo "Machine: $(nproc) cores, $(grep -m1 'model name' /proc/cpuinfo | cut -d: -f2 | sed 's/^ *//'); load $(cut -d' ' -f1-3 /proc/loadavg)"
 echo "CPU time (medians of $repetitions runs)"
 printf '%-36s %12s %12s %14s\n' "benchmark" "lines" "ns/line" "ms/iteration"
-awk -F'\t' '{ printf "%-36s %12d %12.1f %14.3f\n", $1, $2, $3, $4 }' <<<"$rows"
+sort -t$'\t' -k1,1V <<<"$rows" | awk -F'\t' '{ printf "%-36s %12d %12.1f %14.3f\n", $1, $2, $3, $4 }'
 
 # ns per line of a benchmark by name, empty when it did not run.
 per_line() { awk -F'\t' -v n="$1" '$1 == n { print $3 }' <<<"$rows"; }
@@ -74,7 +74,7 @@ ratio "interpreter straight, debug file: per line at 1M / at 10k" \
 ratio "interpreter straight, no debug file: per line at 1M / at 10k" \
   BM_Interpreter_Straight_NoFile/1000000 BM_Interpreter_Straight_NoFile/10000
 
-million="$(awk -F'\t' '$1 == "BM_Preprocess_Automatic/1000000" { print $4 }' <<<"$rows")"
+million="$(awk -F'\t' '$1 == "BM_Preprocess_Automatic/1000000" { printf "%.1f", $4 }' <<<"$rows")"
 [ -n "$million" ] && echo "preprocess (automatic) of 1M lines: ${million} ms of CPU (target under 1000 ms)"
 
 # The window search: name, windows in the tree, CPU milliseconds per search,
@@ -91,7 +91,7 @@ if [ -n "$windows" ]; then
   echo
   echo "Window search over a simulated tree (target under 50 ms per search)"
   printf '%-36s %12s %14s %12s\n' "benchmark" "windows" "ms/search" "ns/window"
-  awk -F'\t' '{ printf "%-36s %12d %14.3f %12.1f\n", $1, $2, $3, $4 }' <<<"$windows"
+  sort -t$'\t' -k1,1V <<<"$windows" | awk -F'\t' '{ printf "%-36s %12d %14.3f %12.1f\n", $1, $2, $3, $4 }'
   search_ratio() {
     awk -F'\t' -v l="$1" -v a="$2" -v b="$3" '$1 == a { x = $3 } $1 == b { y = $3 }
       END { if (x != "" && y != "") printf "%-58s %6.2fx\n", l, x / y }' <<<"$windows"
