@@ -54,7 +54,10 @@ struct OpenBlock {
 
 // One pass over the script. Open blocks are kept on stacks so that finding
 // the nearest open item of a kind never searches the table: the nearest open
-// item of a kind is always the last one opened and not yet closed.
+// item of a kind is always the last one opened and not yet closed. The trace
+// list is rebuilt as the pass goes: each line is taken from the script as it
+// was and added to the list, so that the empty lines set between blocks are
+// added at the list's end rather than inserted into its middle.
 class Pass {
  public:
   Pass(Engine& engine, bool interactive, bool reformat)
@@ -65,6 +68,8 @@ class Pass {
   bool Run();
 
  private:
+  void Take_Next_Line();
+  void Put_Back_The_Rest();
   bool Line(long& index);
   bool Blocks(std::uint8_t code, long index);
   bool Close_Else(long index);
@@ -90,16 +95,41 @@ class Pass {
   std::vector<OpenBlock> ifsNoElse_;   // open ifs that have not passed an else
   std::vector<OpenBlock> whiles_;
   std::vector<OpenBlock> repeats_;
+  std::vector<std::string> script_;  // the lines as they were before the pass
+  std::size_t next_ = 0;             // the first line of script_ not yet in the list
+  long selectedBefore_ = -1;         // the line selected before the pass
 };
 
 bool Pass::Run() {
   table_.Clear();
-  for (long index = 0; index < static_cast<long>(trace_.Count()); ++index)
+  selectedBefore_ = trace_.Selected();
+  script_ = trace_.Take_Items();
+  trace_.Reserve(script_.size());
+  struct Restore {  // however the pass ends, no line of the script is lost
+    Pass& pass;
+    ~Restore() { pass.Put_Back_The_Rest(); }
+  } restore{*this};
+  while (next_ < script_.size()) {
+    Take_Next_Line();
+    long index = static_cast<long>(trace_.Count()) - 1;
     if (!Line(index)) return false;
+  }
   if (!Check_All_Closed()) return false;
   if (firstParameterError_ != -1) trace_.Select(firstParameterError_);
   Index_Block_Table(engine_);
   return true;
+}
+
+// The selected line stays selected unless the pass selects another first.
+void Pass::Take_Next_Line() {
+  const bool wasSelected = static_cast<long>(next_) == selectedBefore_;
+  trace_.Add(std::move(script_[next_++]));
+  if (wasSelected && trace_.Selected() == ListModel::kNoSelection)
+    trace_.Select(static_cast<long>(trace_.Count()) - 1);
+}
+
+void Pass::Put_Back_The_Rest() {
+  while (next_ < script_.size()) Take_Next_Line();
 }
 
 bool Pass::Line(long& index) {
@@ -141,9 +171,9 @@ void Pass::Reformat_Before(std::uint8_t code, long& index) {
 // An empty line after a block's end unless another block keyword follows.
 void Pass::Reformat_After(std::uint8_t code, long index) {
   if (code != kEndIfCommand && code != kUntilCommand && code != kEndWhileCommand) return;
-  if (index + 1 >= static_cast<long>(trace_.Count())) return;
-  if (Listed("||>>>|else|endif|endwhile|until|", Command_Word_Of(trace_.Item(index + 1)))) return;
-  trace_.Insert(static_cast<std::size_t>(index + 1), "");
+  if (next_ >= script_.size()) return;
+  if (Listed("||>>>|else|endif|endwhile|until|", Command_Word_Of(script_[next_]))) return;
+  trace_.Add("");
 }
 
 bool Pass::Blocks(std::uint8_t code, long index) {

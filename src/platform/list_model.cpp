@@ -43,6 +43,12 @@ void ListModel::Clear() {
   if (observer_) observer_->OnCleared();
 }
 
+std::vector<std::string> ListModel::Take_Items() {
+  std::vector<std::string> items = std::move(items_);
+  Clear();
+  return items;
+}
+
 // Like a list box: selecting outside the list is an error, -1 clears the selection.
 void ListModel::Select(long index) {
   if (index < kNoSelection || index >= static_cast<long>(items_.size())) throw std::out_of_range("Invalid list index");

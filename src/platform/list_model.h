@@ -33,6 +33,8 @@ class ListModel {
   void Set(std::size_t index, std::string text);
   void Remove(std::size_t index);
   void Clear();
+  // Empties the list and hands over its items.
+  std::vector<std::string> Take_Items();
   void Reserve(std::size_t count) { items_.reserve(count); }
 
   long Selected() const { return selected_; }

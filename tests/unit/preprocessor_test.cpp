@@ -153,6 +153,15 @@ TEST_F(PreprocessorTest, BreakpointMarkStaysAndIsReadThroughOnlyInTheEditor) {
   EXPECT_EQ(Trace(), Lines{"# ERROR! # >>> quit"});
 }
 
+TEST_F(PreprocessorTest, TheSelectedLineStaysSelectedWhereverItMoves) {
+  engine.state.InteractiveSession = true;
+  for (const char* line : {"wait: 1", "if: failed", "wait: 2", "endif", "  wait: 3"}) engine.TraceWindow.Add(line);
+  engine.TraceWindow.Select(4);
+  Preprocess_Commands(engine, true, engine.state.DebugOn, true, engine.state.LastCommandSucceeded);
+  EXPECT_EQ(engine.TraceWindow.Selected(), 6);  // two empty lines were set in before it
+  EXPECT_EQ(engine.TraceWindow.Item(6), "wait: 3");
+}
+
 TEST_F(PreprocessorTest, FirstLineWithAParameterProblemIsSelectedAtTheEnd) {
   Preprocess({"wait: 1", "debug: maybe", "debug: neither", "wait: 2"});
   EXPECT_EQ(engine.TraceWindow.Selected(), 1);
