@@ -3,6 +3,7 @@
 #   1. native unit tests (host g++, AddressSanitizer and UBSan), through ctest
 #   2. the Win32 platform tests, under Wine
 #   3. the end-to-end cases of velmora.exe, under Wine
+#   4. the fuzz targets of the parsers, each for VELMORA_FUZZ_SECONDS (20)
 # One Wine session (display, server, prefix) serves layers 2 and 3.
 # Exits non-zero when anything fails; the last line is "N passed, N failed",
 # counting every test of every layer (each GoogleTest test, each e2e run),
@@ -113,6 +114,18 @@ if build windows; then
 else
   add windows 0 1
 fi
+
+# --- layer 4: fuzzing -----------------------------------------------------------
+section "fuzzing"
+since=$(date +%s)
+fuzz_output="$("$root/tools/fuzz.sh" "${VELMORA_FUZZ_SECONDS:-20}" 2>&1)"
+echo "$fuzz_output" | tail -n 12
+# One line per target: "<target>  ok ..." or "<target>  FAILED ...".
+fuzz_ok=$(grep -cE '^[a-z_]+_fuzz +ok ' <<<"$fuzz_output")
+fuzz_bad=$(grep -cE '^[a-z_]+_fuzz +FAILED |: no result$|building the fuzz preset failed' <<<"$fuzz_output")
+[ "$fuzz_ok" -eq 0 ] && [ "$fuzz_bad" -eq 0 ] && fuzz_bad=1
+add fuzz "$fuzz_ok" "$fuzz_bad"
+echo "fuzzing took $(elapsed "$since")"
 
 section "total"
 echo "tools/test.sh took $(elapsed "$started")"
