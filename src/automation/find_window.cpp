@@ -8,6 +8,7 @@
 #include "environment.h"
 #include "numeric.h"
 #include "parser.h"
+#include "screen_point.h"
 #include "session.h"
 #include "trap.h"
 
@@ -42,13 +43,6 @@ struct Point {
 Point At_Fraction(const WindowRect& r, double fx, double fy) {
   return {static_cast<double>(r.left) + static_cast<double>(r.right - r.left) * fx,
           static_cast<double>(r.top) + static_cast<double>(r.bottom - r.top) * fy};
-}
-
-// Rounds half to even into a 16-bit screen coordinate; beyond it is an overflow.
-long Screen_Coordinate(double value) {
-  const double rounded = Round_Half_Even(value);
-  if (!(rounded >= INT16_MIN && rounded <= INT16_MAX)) throw OverflowError();
-  return static_cast<long>(rounded);
 }
 
 }  // namespace
@@ -188,9 +182,7 @@ void FindWindow::Choose_Under_Pointer() {
     engine_.host.DoEvents();
     WindowRect r;
     desktop_.GetWindowRect(parent, r);
-    const ScreenPoint point{r.left + Screen_Coordinate(static_cast<double>(r.right - r.left) * picked.relativeX),
-                            r.top + Screen_Coordinate(static_cast<double>(r.bottom - r.top) * picked.relativeY)};
-    const WindowHandle under = desktop_.WindowFromPoint(point);
+    const WindowHandle under = desktop_.WindowFromPoint(Pixel_At(r, picked.relativeX, picked.relativeY));
     engine_.host.DoEvents();
     if (under == list[i]) {
       std::swap(list[1], list[i]);

@@ -4,6 +4,7 @@
 #include "engine.h"
 #include "error_report.h"
 #include "numeric.h"
+#include "screen_point.h"
 #include "send_keys.h"
 #include "session.h"
 #include "trap.h"
@@ -16,18 +17,6 @@ struct ButtonFlags {
   std::uint32_t down, up;
 };
 constexpr ButtonFlags kButtons[] = {{2, 4}, {32, 64}, {8, 16}, {0, 0}};  // l, m, r, c
-
-long Rounded_To(double value, double low, double high) {
-  const double rounded = Round_Half_Even(value);
-  if (!(rounded >= low && rounded <= high)) throw OverflowError();
-  return static_cast<long>(rounded);
-}
-
-// A pixel at the fractions of the rectangle, in 16 bits.
-ScreenPoint Pixel_At(const WindowRect& r, double fx, double fy) {
-  return {r.left + Rounded_To(static_cast<double>(r.right - r.left) * fx, INT16_MIN, INT16_MAX),
-          r.top + Rounded_To(static_cast<double>(r.bottom - r.top) * fy, INT16_MIN, INT16_MAX)};
-}
 
 }  // namespace
 
@@ -73,8 +62,8 @@ void Mouse::UseMouse_Command(bool Interactive, const std::string& clickCode, std
 // The pixel as a position in the 0 to 65536 range across the screen.
 ScreenPoint Mouse::Normalised(ScreenPoint pixel) {
   const double width = desktop_.ScreenWidth(), height = desktop_.ScreenHeight();
-  return {Rounded_To(static_cast<double>(pixel.x) * 65536.0 / width, INT32_MIN, INT32_MAX),
-          Rounded_To(static_cast<double>(pixel.y) * 65536.0 / height, INT32_MIN, INT32_MAX)};
+  return {Rounded_Within(static_cast<double>(pixel.x) * 65536.0 / width, INT32_MIN, INT32_MAX),
+          Rounded_Within(static_cast<double>(pixel.y) * 65536.0 / height, INT32_MIN, INT32_MAX)};
 }
 
 void Mouse::SendButtons_Command(bool Interactive, std::int32_t foundCount, const std::string& clickCode,

@@ -5,22 +5,11 @@
 #include "environment.h"
 #include "error_report.h"
 #include "key_notation.h"
-#include "numeric.h"
+#include "screen_point.h"
 #include "session.h"
 #include "trap.h"
 
 namespace velmora {
-
-namespace {
-
-long Centre(long low, long high) {
-  const double rounded = Round_Half_Even(0.5 * static_cast<double>(high - low));
-  const double value = static_cast<double>(low) + rounded;
-  if (value < INT16_MIN || value > INT16_MAX) throw OverflowError();
-  return static_cast<long>(value);
-}
-
-}  // namespace
 
 void Log_Window_Identity(Engine& engine, bool interactive, const std::string& text, const std::string& className,
                          long childIdShown, WindowHandle window) {
@@ -61,7 +50,7 @@ void SendKeys::Point_At_And_Focus(WindowHandle window) {
     WindowRect r;
     desktop_.GetWindowRect(window, r);
     engine_.host.DoEvents();
-    desktop_.SetCursorPos({Centre(r.left, r.right), Centre(r.top, r.bottom)});
+    desktop_.SetCursorPos(Pixel_At(r, 0.5, 0.5));
     engine_.host.DoEvents();
     desktop_.SetForegroundWindow(window);
     engine_.host.DoEvents();

@@ -1,6 +1,7 @@
 #include <gtest/gtest.h>
 
 #include "automation_fixture.h"
+#include "screen_point.h"
 
 namespace velmora::testing {
 namespace {
@@ -34,6 +35,24 @@ TEST(ClickTest, CodesSelectButtonsAndTheUnitIsTheDoubleClickTimeOverOneAndAHalf)
   }
   EXPECT_THROW(Click_Of("sx", 500), std::exception);
   EXPECT_THROW(Click_Of("", 500), std::exception);
+}
+
+TEST(PixelAtTest, RoundsHalvesToEvenAndKeepsTheWholeCoordinateWithin16Bits) {
+  struct Case {
+    WindowRect rect;
+    double fx, fy;
+    long x, y;
+  };
+  const Case cases[] = {{{0, 0, 101, 21}, 0.5, 0.5, 50, 10},  {{10, 20, 13, 23}, 0.5, 0.5, 12, 22},
+                        {{-50, -50, 50, 50}, 0, 1, -50, 50},  {{32700, 0, 32766, 10}, 1, 0, 32766, 0}};
+  for (const Case& c : cases) {
+    const ScreenPoint p = Pixel_At(c.rect, c.fx, c.fy);
+    EXPECT_EQ(p.x, c.x);
+    EXPECT_EQ(p.y, c.y);
+  }
+  // The offset alone fits; the coordinate it makes does not.
+  EXPECT_THROW(Pixel_At({32760, 0, 32800, 10}, 0.5, 0), std::exception);
+  EXPECT_THROW(Pixel_At({0, -40000, 10, 10}, 0, 0), std::exception);
 }
 
 TEST_F(AutomationTest, UseMouseMovesThenClicksWithPlainFlags) {

@@ -1,0 +1,16 @@
+// Screen coordinates computed from window rectangles, rounded the way the
+// window and input commands need them.
+#pragma once
+
+#include "desktop.h"
+
+namespace velmora {
+
+// Rounds half to even; a result outside [low, high] is an overflow error.
+long Rounded_Within(double value, double low, double high);
+
+// The pixel at the fractions of a rectangle's width and height: left +
+// round(width × fx), top + round(height × fy), each a 16-bit integer.
+ScreenPoint Pixel_At(const WindowRect& rect, double fx, double fy);
+
+}  // namespace velmora
