@@ -71,7 +71,7 @@ std::string Window_Path_Of_Levels(const std::vector<WindowLevel>& levels) {
 }
 
 void FindWindow::Log(const std::string& text) {
-  Print_Debug(engine_, engine_.state.InteractiveSession, engine_.state.DebugFileNumber, engine_.state.DebugOn, text);
+  Log_Trace(engine_, engine_.state.InteractiveSession, text);
 }
 
 std::int32_t FindWindow::Find_The_Window(const std::string& WindowText, const std::string& ClassName,

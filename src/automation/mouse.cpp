@@ -106,8 +106,7 @@ void Mouse::SendButtons_Command(bool Interactive, std::int32_t foundCount, const
     point = Normalised(pixel);
     desktop_.MouseEvent(kMoveFlags, point.x, point.y);
     host.DoEvents();
-    Print_Debug(engine_, Interactive, engine_.state.DebugFileNumber, engine_.state.DebugOn,
-                "Mouse X, Y:  " + std::to_string(point.x) + ", " + std::to_string(point.y));
+    Log_Trace(engine_, Interactive, "Mouse X, Y:  " + std::to_string(point.x) + ", " + std::to_string(point.y));
     Click_At(click, kMoveFlags | click.down, kMoveFlags | click.up, point.x, point.y, true);
   });
 }

@@ -13,11 +13,10 @@ namespace velmora {
 
 void Log_Window_Identity(Engine& engine, bool interactive, const std::string& text, const std::string& className,
                          long childIdShown, WindowHandle window) {
-  const RunState& s = engine.state;
   for (const std::string& line : {std::string("Set Focus using:"), "  Window Text   :  " + text,
                                   "  Window Class  :  " + className, "  Window ChildID:  " + std::to_string(childIdShown),
                                   "  Window Handle :  " + std::to_string(window)})
-    Print_Debug(engine, interactive, s.DebugFileNumber, s.DebugOn, line);
+    Log_Trace(engine, interactive, line);
 }
 
 bool Wait_Until_Enabled(Engine& engine, Desktop& desktop, WindowHandle window) {
@@ -26,7 +25,7 @@ bool Wait_Until_Enabled(Engine& engine, Desktop& desktop, WindowHandle window) {
 }
 
 void SendKeys::Log(bool interactive, const std::string& text) {
-  Print_Debug(engine_, interactive, engine_.state.DebugFileNumber, engine_.state.DebugOn, text);
+  Log_Trace(engine_, interactive, text);
 }
 
 void SendKeys::SendKeys_Command(bool Interactive, std::int32_t foundCount, const std::string& keys,

@@ -37,6 +37,14 @@ void Print_Debug(Engine& engine, bool interactive, FileNumber debugFileNumber, b
   });
 }
 
+void Log_Trace(Engine& engine, bool interactive, const std::string& text) {
+  Print_Debug(engine, interactive, engine.state.DebugFileNumber, engine.state.DebugOn, text);
+}
+
+void Log_Always(Engine& engine, bool interactive, const std::string& text) {
+  Print_Debug(engine, interactive, engine.state.DebugFileNumber, true, text);
+}
+
 std::string Date_Time_Stamp(Engine& engine) { return "  --> " + engine.host.DateTimeText(); }
 
 }  // namespace velmora

@@ -27,13 +27,9 @@ class FlagGuard {
   bool saved_;
 };
 
-void Log(Engine& engine, bool interactive, const std::string& text) {
-  Print_Debug(engine, interactive, engine.state.DebugFileNumber, true, text);
-}
-
 void Close_Block(Engine& engine, bool interactive) {
-  Log(engine, interactive, kRule);
-  Log(engine, interactive, "");
+  Log_Always(engine, interactive, kRule);
+  Log_Always(engine, interactive, "");
 }
 
 [[noreturn]] void End_Automatic_Session(Engine& engine) {
@@ -66,15 +62,15 @@ void Report_Error(Engine& engine, bool interactive, long code, const std::string
     ~DepthGuard() { --depth; }
   } depthGuard{engine.reportDepth};
 
-  Log(engine, interactive, "");
-  Log(engine, interactive, kRule);
-  Log(engine, interactive, Identification_Line());
+  Log_Always(engine, interactive, "");
+  Log_Always(engine, interactive, kRule);
+  Log_Always(engine, interactive, Identification_Line());
   if (kind == kFatal) {
     if (interactive && engine.surface) engine.surface->EnableDebugFrame();
-    Log(engine, interactive, "Fatal Error:  " + message + ".");
-    Log(engine, interactive, "Error Code:  " + std::to_string(code));
-    Log(engine, interactive, "Error Location:  " + location);
-    Log(engine, interactive, "Program will TERMINATE.  This operation was unsuccessful and caused a fatal error.");
+    Log_Always(engine, interactive, "Fatal Error:  " + message + ".");
+    Log_Always(engine, interactive, "Error Code:  " + std::to_string(code));
+    Log_Always(engine, interactive, "Error Location:  " + location);
+    Log_Always(engine, interactive, "Program will TERMINATE.  This operation was unsuccessful and caused a fatal error.");
     if (!interactive) End_Automatic_Session(engine);
     {
       FlagGuard guard(state.ReportingFatalError);
@@ -84,10 +80,10 @@ void Report_Error(Engine& engine, bool interactive, long code, const std::string
     state.StopRunning = true;
     return;
   }
-  Log(engine, interactive, message + ".");
-  Log(engine, interactive, "Error Code:  " + std::to_string(code));
-  Log(engine, interactive, "Error Location:  " + location);
-  Log(engine, interactive, "Program will continue, but this operation was unsuccessful.");
+  Log_Always(engine, interactive, message + ".");
+  Log_Always(engine, interactive, "Error Code:  " + std::to_string(code));
+  Log_Always(engine, interactive, "Error Location:  " + location);
+  Log_Always(engine, interactive, "Program will continue, but this operation was unsuccessful.");
   if (!state.StopRunning) Close_Block(engine, interactive);
   if (engine.nestedFatal) {
     engine.nestedFatal = false;

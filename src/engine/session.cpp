@@ -52,10 +52,6 @@ void Run_Automatic_Session(Engine& engine, ScriptRunner& runner) {
 
 namespace {
 
-void Log(Engine& engine, bool interactive, const std::string& text) {
-  Print_Debug(engine, interactive, engine.state.DebugFileNumber, true, text);
-}
-
 void Open_Debug_File(Engine& engine, bool interactive, const std::string& debugName, FileNumber& debugFileNumber) {
   std::string name = debugName;
   Careful_IO(engine, interactive, kOpenOutput, debugFileNumber, name, "", "Velmora.(General).Initial_Setup.OpenOuput.1",
@@ -85,11 +81,11 @@ void Write_Interactive_Header(Engine& engine, const std::string& debugName) {
     engine.host.Beep();
     const bool fileOpen = state.DebugFileOpen;
     state.DebugFileOpen = false;  // the separator is for the window only
-    Log(engine, true, std::string(63, '^'));
+    Log_Always(engine, true, std::string(63, '^'));
     state.DebugFileOpen = fileOpen;
   }
-  Log(engine, true, "Interactive Session Started." + Date_Time_Stamp(engine));
-  Log(engine, true, "Info: Debug File Open:  " + debugName);
+  Log_Always(engine, true, "Interactive Session Started." + Date_Time_Stamp(engine));
+  Log_Always(engine, true, "Info: Debug File Open:  " + debugName);
 }
 
 void Set_Trace_Font(Engine& engine) {
@@ -110,10 +106,10 @@ void Read_Script(Engine& engine, bool interactive, FileNumber& scriptFileNumber)
 }
 
 void Write_Automatic_Header(Engine& engine) {
-  Log(engine, false, Identification_Line());
-  Log(engine, false, "Automatic Session Started.");
+  Log_Always(engine, false, Identification_Line());
+  Log_Always(engine, false, "Automatic Session Started.");
   if (engine.state.SpeedFactor != 1.0)
-    Log(engine, false,
+    Log_Always(engine, false,
         "SPEED_FACTOR IN USE:  " + Shortest_Decimal(engine.state.SpeedFactor, engine.host.DecimalSeparator()));
 }
 
@@ -137,7 +133,7 @@ void Initial_Setup(Engine& engine, bool interactive, bool& debugOn, bool& stopRu
       Write_Interactive_Header(engine, debugName);
       engine.host.Beep();
       Open_Or_Create_Script(engine, scriptName, scriptFileNumber);
-      Log(engine, true, "Info: Script File Open:  " + scriptName);
+      Log_Always(engine, true, "Info: Script File Open:  " + scriptName);
     } else {
       Careful_IO(engine, false, kOpenInput, scriptFileNumber, scriptName, "",
                  "Velmora.(General).Initial_Setup.OpenInput.5", kFatal);

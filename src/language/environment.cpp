@@ -74,10 +74,9 @@ std::string Convert_EnvVars(Engine& engine, bool Interactive, const std::string&
     Mark_Backquotes(expanded);
     const std::uint8_t count = Replace_References(engine, expanded);
     if (count == 0) return;
-    const RunState& state = engine.state;
-    Print_Debug(engine, Interactive, state.DebugFileNumber, state.DebugOn, Count_Line(count));
-    Print_Debug(engine, Interactive, state.DebugFileNumber, state.DebugOn, "     " + text);
-    Print_Debug(engine, Interactive, state.DebugFileNumber, state.DebugOn, " --> " + expanded);
+    Log_Trace(engine, Interactive, Count_Line(count));
+    Log_Trace(engine, Interactive, "     " + text);
+    Log_Trace(engine, Interactive, " --> " + expanded);
   });
   return expanded;
 }
@@ -91,9 +90,8 @@ void TestEnvironmentVariables_Command(Engine& engine, bool Interactive, const st
     const std::string leftValue = Convert_EnvVars(engine, Interactive, left);
     const std::string rightValue = Convert_EnvVars(engine, Interactive, right);
     LastCommandSucceeded = leftValue == rightValue;
-    const RunState& state = engine.state;
-    Print_Debug(engine, Interactive, state.DebugFileNumber, state.DebugOn,
-                LastCommandSucceeded ? "  Match Found!  Test Succeeded." : "  No Match Found!  Test Failed.");
+    Log_Trace(engine, Interactive,
+              LastCommandSucceeded ? "  Match Found!  Test Succeeded." : "  No Match Found!  Test Failed.");
   });
 }
 

@@ -10,16 +10,12 @@ namespace velmora {
 
 namespace {
 
-void Log(Engine& engine, bool interactive, const std::string& text) {
-  Print_Debug(engine, interactive, engine.state.DebugFileNumber, engine.state.DebugOn, text);
-}
-
 // Logs what the script wished and what happened; true when they agree.
 bool Condition_Holds(Engine& engine, bool interactive, bool lastSucceeded, const std::string& parameter) {
   const bool wishSuccess = parameter == "succeeded";
-  Log(engine, interactive,
+  Log_Trace(engine, interactive,
       wishSuccess ? "  -- Wish the Previous Command to Succeed!" : "  -- Wish the Previous Command to Fail!");
-  Log(engine, interactive, lastSucceeded ? "  -- Previous Command Succeeded!" : "  -- Previous Command Failed!");
+  Log_Trace(engine, interactive, lastSucceeded ? "  -- Previous Command Succeeded!" : "  -- Previous Command Failed!");
   return wishSuccess ? lastSucceeded : !lastSucceeded;
 }
 
@@ -46,10 +42,10 @@ void Select_Target(Engine& engine, long line) {
 void If_Command(Engine& engine, bool Interactive, bool LastCommandSucceeded, const std::string& Parameter) {
   Trap(engine, Interactive, "Velmora.(General).If_Command.TrappableErrors.1", kFatal, [&] {
     if (Condition_Holds(engine, Interactive, LastCommandSucceeded, Parameter)) {
-      Log(engine, Interactive, "  -- Executing THEN Prortion of If...");
+      Log_Trace(engine, Interactive, "  -- Executing THEN Prortion of If...");
       return;
     }
-    Log(engine, Interactive, "  -- Executing ELSE Prortion of If...");
+    Log_Trace(engine, Interactive, "  -- Executing ELSE Prortion of If...");
     BlockLines record;
     if (Find_Record(engine, 'i', &BlockLines::first, record))
       Select_Target(engine, record.state == 'e' ? record.middle : record.last);
@@ -66,11 +62,11 @@ void Else_Command(Engine& engine, bool Interactive) {
 void While_Command(Engine& engine, bool Interactive, bool LastCommandSucceeded, const std::string& Parameter) {
   Trap(engine, Interactive, "Velmora.(General).While_Command.TrappableErrors.1", kFatal, [&] {
     if (Condition_Holds(engine, Interactive, LastCommandSucceeded, Parameter)) {
-      Log(engine, Interactive, "  -- Executing While Loop...");
+      Log_Trace(engine, Interactive, "  -- Executing While Loop...");
       Pause_Tenths(engine, 1);
       return;
     }
-    Log(engine, Interactive, "  -- Skipping While Loop.");
+    Log_Trace(engine, Interactive, "  -- Skipping While Loop.");
     BlockLines record;
     if (Find_Record(engine, 'w', &BlockLines::first, record)) Select_Target(engine, record.last);
   });
@@ -88,10 +84,10 @@ void EndWhile_Command(Engine& engine, bool Interactive) {
 void Until_Command(Engine& engine, bool Interactive, bool LastCommandSucceeded, const std::string& Parameter) {
   Trap(engine, Interactive, "Velmora.(General).Until_Command.TrappableErrors.1", kFatal, [&] {
     if (Condition_Holds(engine, Interactive, LastCommandSucceeded, Parameter)) {
-      Log(engine, Interactive, "  -- Exiting Repeat-Until.");
+      Log_Trace(engine, Interactive, "  -- Exiting Repeat-Until.");
       return;
     }
-    Log(engine, Interactive, "  -- Repeating Repeat-Until...");
+    Log_Trace(engine, Interactive, "  -- Repeating Repeat-Until...");
     Pause_Tenths(engine, 1);
     BlockLines record;
     if (Find_Record(engine, 'r', &BlockLines::last, record)) Select_Target(engine, record.first);

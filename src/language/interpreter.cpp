@@ -17,10 +17,6 @@ namespace velmora {
 
 namespace {
 
-void Log(Engine& engine, bool interactive, const std::string& text) {
-  Print_Debug(engine, interactive, engine.state.DebugFileNumber, engine.state.DebugOn, text);
-}
-
 // The window commands need the automation library; a build without it says so.
 WindowAutomation* Automation_Or_Report(Engine& engine, bool interactive) {
   if (!engine.automation)
@@ -64,7 +60,7 @@ void Dispatch(Engine& engine, bool interactive, bool& debugOn, const ParsedComma
     case kDebugCommand:
       return Debug_Command(engine, interactive, debugOn, command.Parameters);
     case kQuitCommand:
-      Log(engine, interactive, "!! Quit Encountered! I am outa here! Have a nice day :)");
+      Log_Trace(engine, interactive, "!! Quit Encountered! I am outa here! Have a nice day :)");
       if (!interactive) Quit_Automatic_Session(engine);
       return;
     case kElseCommand:
@@ -104,11 +100,11 @@ void Process_Command(Engine& engine, bool Interactive, bool& DebugOn, FileNumber
     const std::string line = engine.TraceWindow.Item(current);
     ParsedCommand command;
     if (Parse_Command(engine, Interactive, line, engine.state.SpeedFactor, command, current)) {
-      Log(engine, Interactive, "");
+      Log_Trace(engine, Interactive, "");
       if (!line.empty()) {
-        Log(engine, Interactive, "==> " + line);
+        Log_Trace(engine, Interactive, "==> " + line);
       } else if (Interactive) {
-        Log(engine, Interactive, "Info:  No Command found.");
+        Log_Trace(engine, Interactive, "Info:  No Command found.");
         engine.host.Beep();
       }
       Dispatch(engine, Interactive, DebugOn, command, LastCommandSucceeded);

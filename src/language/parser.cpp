@@ -144,7 +144,7 @@ class LineParser {
   void Assume_Debug_On() {
     Select_Line();
     result_.ParseError = true;
-    Print_Debug(engine_, interactive_, engine_.state.DebugFileNumber, engine_.state.DebugOn, kDebugAssumedOn);
+    Log_Trace(engine_, interactive_, kDebugAssumedOn);
   }
 
   // A failed check: the line is shown and reported as fatal.

@@ -18,9 +18,7 @@ constexpr std::int64_t kLongestPauseSeconds = 60;  // keeps each pause within 16
 
 void Wait_Command(Engine& engine, bool Interactive, std::int32_t seconds) {
   Trap(engine, Interactive, "Velmora.(General).Wait_Command.TrappableErrors.1", kFatal, [&] {
-    const RunState& state = engine.state;
-    Print_Debug(engine, Interactive, state.DebugFileNumber, state.DebugOn,
-                "Total Elapsed Time:  " + std::to_string(seconds) + (seconds == 1 ? " second." : " seconds."));
+    Log_Trace(engine, Interactive, "Total Elapsed Time:  " + std::to_string(seconds) + (seconds == 1 ? " second." : " seconds."));
     std::int64_t remaining = seconds;
     do {
       Pause_Tenths(engine, static_cast<int>(std::clamp<std::int64_t>(remaining, 0, kLongestPauseSeconds) * 10));
