@@ -3,6 +3,7 @@
 #include <vector>
 
 #include "win32_keyboard.h"
+#include "win32_text.h"
 
 namespace velmora {
 
@@ -17,15 +18,7 @@ std::string Text_Of(int length, const char* buffer) { return std::string(buffer,
 bool Pump_Until_Idle(int timeoutMilliseconds) {
   const DWORD start = GetTickCount();
   for (;;) {
-    MSG message;
-    while (PeekMessageA(&message, nullptr, 0, 0, PM_REMOVE)) {
-      if (message.message == WM_QUIT) {
-        PostQuitMessage(static_cast<int>(message.wParam));
-        return true;
-      }
-      TranslateMessage(&message);
-      DispatchMessageA(&message);
-    }
+    if (!Dispatch_Pending_Messages()) return true;
     if (GetTickCount() - start >= static_cast<DWORD>(timeoutMilliseconds)) return false;
     // Input injected a moment ago may still be on its way to the queue.
     if (MsgWaitForMultipleObjects(0, nullptr, FALSE, 50, QS_ALLINPUT) == WAIT_TIMEOUT) return true;

@@ -190,18 +190,7 @@ long Win32Host::StartProgram(const std::string& commandLine, WindowStyle style, 
 
 void Win32Host::Sleep(int milliseconds) { ::Sleep(milliseconds > 0 ? static_cast<DWORD>(milliseconds) : 0); }
 
-void Win32Host::DoEvents() {
-  MSG message;
-  while (PeekMessageA(&message, nullptr, 0, 0, PM_REMOVE)) {
-    if (message.message == WM_QUIT) {
-      // Leave the request for the main loop to see.
-      PostQuitMessage(static_cast<int>(message.wParam));
-      return;
-    }
-    TranslateMessage(&message);
-    DispatchMessageA(&message);
-  }
-}
+void Win32Host::DoEvents() { Dispatch_Pending_Messages(); }
 
 std::string Win32Host::DateTimeText() {
   char date[128] = "", time[128] = "";

@@ -15,6 +15,19 @@ std::string System_Text(DWORD code) {
   return text;
 }
 
+bool Dispatch_Pending_Messages() {
+  MSG message;
+  while (PeekMessageA(&message, nullptr, 0, 0, PM_REMOVE)) {
+    if (message.message == WM_QUIT) {
+      PostQuitMessage(static_cast<int>(message.wParam));
+      return false;
+    }
+    TranslateMessage(&message);
+    DispatchMessageA(&message);
+  }
+  return true;
+}
+
 SystemError Last_Error() {
   const DWORD code = GetLastError();
   return {static_cast<long>(code), System_Text(code)};

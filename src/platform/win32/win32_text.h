@@ -15,4 +15,8 @@ std::string System_Text(DWORD code);
 // The last error of the calling thread as a SystemError.
 SystemError Last_Error();
 
+// Handles every message waiting for this thread. A quit request is put back
+// for the main loop to see; returns false when one was met.
+bool Dispatch_Pending_Messages();
+
 }  // namespace velmora
