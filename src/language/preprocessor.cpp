@@ -79,7 +79,7 @@ class Pass {
   bool Check_Level(const OpenBlock& block, long index, const BlockError& level);
   bool Check_All_Closed();
   void Reformat_Before(std::uint8_t code, long& index);
-  void Reformat_After(std::uint8_t code, long index);
+  void Reformat_After(std::uint8_t code);
   void Unindent(long index);
   void Fail(const BlockError& error, long index);
   std::size_t Leading_Blanks(long index) const;
@@ -148,7 +148,7 @@ bool Pass::Line(long& index) {
   if (parsed.CommandCode != kQuitCommand) trace_.Set(static_cast<std::size_t>(index), prefix_ + line);
   if (reformat_) {
     Reformat_Before(parsed.CommandCode, index);
-    Reformat_After(parsed.CommandCode, index);
+    Reformat_After(parsed.CommandCode);
   }
   return Blocks(parsed.CommandCode, index);
 }
@@ -169,7 +169,7 @@ void Pass::Reformat_Before(std::uint8_t code, long& index) {
 }
 
 // An empty line after a block's end unless another block keyword follows.
-void Pass::Reformat_After(std::uint8_t code, long index) {
+void Pass::Reformat_After(std::uint8_t code) {
   if (code != kEndIfCommand && code != kUntilCommand && code != kEndWhileCommand) return;
   if (next_ >= script_.size()) return;
   if (Listed("||>>>|else|endif|endwhile|until|", Command_Word_Of(script_[next_]))) return;
