@@ -7,7 +7,7 @@
 #include "engine.h"
 #include "environment.h"
 #include "numeric.h"
-#include "parser.h"
+#include "parsed_command.h"
 #include "screen_point.h"
 #include "session.h"
 #include "trap.h"
@@ -56,7 +56,7 @@ std::vector<WindowLevel> Read_Window_Levels(const std::string& parameters) {
     Take_Until(parameters, at, "\"");
     level.title = Take_Until(parameters, at, "\", \"");
     level.className = Take_Until(parameters, at, "\", ");
-    level.childId = static_cast<std::int32_t>(Number(Take_Until(parameters, at, ", ")));
+    level.childId = Rounded_To<std::int32_t>(Number(Take_Until(parameters, at, ", ")));
     level.relativeX = Number(Take_Until(parameters, at, ", "));
     level.relativeY = Number(Take_Until(parameters, at, ", "));
   }

@@ -27,7 +27,7 @@ Click Click_Of(const std::string& clickCode, int doubleClickTime) {
   click.down = kButtons[place].down;
   click.up = kButtons[place].up;
   click.isDouble = !clickCode.empty() && clickCode.front() == 'd';
-  click.unitMs = static_cast<int>(Round_Half_Even(static_cast<double>(doubleClickTime) / 1.5));
+  click.unitMs = Rounded_To<std::int32_t>(static_cast<double>(doubleClickTime) / 1.5);
   return click;
 }
 

@@ -41,8 +41,8 @@ std::optional<double> Numeric_Value(std::string_view text) {
 double Round_Half_Even(double value) { return std::nearbyint(value); }
 
 std::string Shortest_Decimal(double value, const std::string& decimalSeparator) {
-  char buffer[64];
-  const auto [end, error] = std::to_chars(buffer, buffer + sizeof buffer, value);
+  char buffer[512];  // room for every double in fixed form
+  const auto [end, error] = std::to_chars(buffer, buffer + sizeof buffer, value, std::chars_format::fixed);
   std::string text(buffer, error == std::errc() ? end : buffer);
   if (const auto stop = text.find('.'); stop != std::string::npos) text.replace(stop, 1, decimalSeparator);
   return text;

@@ -2,6 +2,7 @@
 
 #include <cstdint>
 
+#include "numeric.h"
 #include "script_text.h"
 #include "text.h"
 
@@ -31,7 +32,7 @@ bool Read_Position(std::string_view text, std::int32_t& position) {
   if (text.size() > kMostPositionDigits) return false;
   const auto value = Number_In(text);
   if (!value) return false;
-  position = static_cast<std::int32_t>(*value);
+  position = Rounded_To<std::int32_t>(*value);
   return true;
 }
 

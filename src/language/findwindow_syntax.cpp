@@ -1,6 +1,7 @@
 #include "findwindow_syntax.h"
 
 #include <charconv>
+#include <cmath>
 #include <cstdint>
 #include <limits>
 
@@ -34,7 +35,7 @@ CheckResult Read_Count(std::string_view countText, std::uint8_t& count) {
 void Append_Decimal(std::string& parameters, double value) {
   char buffer[400];  // room for every double in fixed form
   constexpr double kExactWhole = 9007199254740992.0;  // 2^53
-  if (Is_Whole(value) && value < kExactWhole) {
+  if (Is_Whole(value) && std::fabs(value) < kExactWhole) {
     const auto written = std::to_chars(buffer, buffer + sizeof buffer, static_cast<long long>(value));
     parameters.append(buffer, written.ptr);
     return;

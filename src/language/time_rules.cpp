@@ -1,6 +1,5 @@
 #include "time_rules.h"
 
-#include <limits>
 
 #include "numeric.h"
 #include "script_text.h"
@@ -16,12 +15,7 @@ constexpr std::size_t kMostDigits = 5;  // the "99999" of the messages, counted 
 constexpr double kSecondsPerMinute = 60;
 
 // A time-out is a 32-bit count of seconds; a larger one is an overflow, not a wrap.
-std::int32_t Whole_Seconds(double seconds) {
-  const double rounded = Round_Half_Even(seconds);
-  if (!(rounded >= std::numeric_limits<std::int32_t>::min() && rounded <= std::numeric_limits<std::int32_t>::max()))
-    throw OverflowError();
-  return static_cast<std::int32_t>(rounded);
-}
+std::int32_t Whole_Seconds(double seconds) { return Rounded_To<std::int32_t>(seconds); }
 
 }  // namespace
 

@@ -1,5 +1,7 @@
 #include <gtest/gtest.h>
 
+#include <algorithm>
+
 #include "automation_fixture.h"
 
 namespace velmora::testing {
@@ -62,6 +64,19 @@ TEST_F(FindWindowTest, TitlesMayComeFromTheEnvironment) {
   EXPECT_TRUE(Find("findwindow: 1, \"`APP`\", \"#32770\", 0, 0, 0, 0.01"));
   EXPECT_EQ(DebugLines()[0], "One (1) Environment Variable Used.  Conversion follows:");
   EXPECT_EQ(automation.Target().TargetList.at(1), dialog);
+}
+
+TEST_F(FindWindowTest, AChildIdBeyondThirtyTwoBitsIsAnOverflowAtTheHandler) {
+  for (const char* id : {"2147483648", "4294967295", "12345678901234567890"}) {
+    engine.DebugWindow.Clear();
+    Find(std::string("findwindow: 2, \"Setup\", \"#32770\", 0, 0, 0, \"Next >\", \"Button\", ") + id +
+         ", 0.5, 0.5, 0.01");
+    const Lines& log = DebugLines();
+    const auto at = std::find(log.begin(), log.end(), "Fatal Error:  Overflow.");
+    ASSERT_NE(at, log.end()) << id;
+    EXPECT_EQ(*(at + 1), "Error Code:  6") << id;
+    EXPECT_EQ(*(at + 2), "Error Location:  Velmora.(General).FindWindow_Command.TrappableErrors.1") << id;
+  }
 }
 
 class SeveralCandidatesTest : public FindWindowTest {
