@@ -1,6 +1,6 @@
 #include "automation.h"
 
-#include "parser.h"
+#include "parsed_command.h"
 
 namespace velmora {
 

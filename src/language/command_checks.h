@@ -6,7 +6,7 @@
 #include <string_view>
 
 #include "parameter_errors.h"
-#include "parser.h"
+#include "parsed_command.h"
 
 namespace velmora {
 

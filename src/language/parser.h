@@ -6,7 +6,7 @@
 #include <string>
 #include <string_view>
 
-#include "command_codes.h"
+#include "parsed_command.h"
 
 namespace velmora {
 
@@ -15,18 +15,6 @@ struct Engine;
 // LineIndex value for a line that is not in the editor's trace list. Line
 // indexes are 32-bit so that scripts are not limited to 32767 lines.
 constexpr std::int32_t kNoEditorLine = -5;
-
-// What Parse_Command produces. MouseX and MouseY keep their values unless a
-// usemouse line sets them.
-struct ParsedCommand {
-  std::string CommandWord;
-  std::uint8_t CommandCode = kUnknownCommand;
-  std::string Parameters;
-  std::int32_t TimeOut = 0;
-  std::int32_t MouseX = 0;
-  std::int32_t MouseY = 0;
-  bool ParseError = false;
-};
 
 // True when the code is below 255: a blank line, a comment, or a known
 // command with its parameters present (their checks may still have failed:

@@ -2,7 +2,7 @@
 // them through this interface; the automation library implements it.
 #pragma once
 
-#include "parser.h"
+#include "parsed_command.h"
 
 namespace velmora {
 
