@@ -20,7 +20,6 @@ HWND Create_List(HWND parent, int id) {
 SessionWindow::~SessionWindow() {
   traceMirror_.reset();
   debugMirror_.reset();
-  if (traceFont_) DeleteObject(traceFont_);
 }
 
 bool SessionWindow::Create(HINSTANCE instance, int show) {
@@ -75,12 +74,10 @@ void SessionWindow::Layout() {
 }
 
 long SessionWindow::MeasureDebugText(const std::string& text) {
-  HDC dc = GetDC(debugList_);
-  const HGDIOBJ old = SelectObject(dc, reinterpret_cast<HGDIOBJ>(SendMessageA(debugList_, WM_GETFONT, 0, 0)));
+  const ScopedWindowDC dc(debugList_);
+  const ScopedSelection font(dc.get(), reinterpret_cast<HGDIOBJ>(SendMessageA(debugList_, WM_GETFONT, 0, 0)));
   SIZE size{};
-  GetTextExtentPoint32A(dc, text.c_str(), static_cast<int>(text.size()), &size);
-  SelectObject(dc, old);
-  ReleaseDC(debugList_, dc);
+  GetTextExtentPoint32A(dc.get(), text.c_str(), static_cast<int>(text.size()), &size);
   return size.cx;
 }
 
@@ -97,17 +94,14 @@ void SessionWindow::SetDebugHorizontalExtent(long pixels) {
 void SessionWindow::EnableDebugFrame() { EnableWindow(debugList_, TRUE); }
 
 std::string SessionWindow::SetTraceFont(const std::string& name) {
-  HFONT font = CreateFontA(-13, 0, 0, 0, FW_NORMAL, FALSE, FALSE, FALSE, DEFAULT_CHARSET, OUT_DEFAULT_PRECIS,
-                           CLIP_DEFAULT_PRECIS, DEFAULT_QUALITY, FIXED_PITCH | FF_MODERN, name.c_str());
-  SendMessageA(traceList_, WM_SETFONT, reinterpret_cast<WPARAM>(font), TRUE);
-  if (traceFont_) DeleteObject(traceFont_);
-  traceFont_ = font;
-  HDC dc = GetDC(traceList_);
-  const HGDIOBJ old = SelectObject(dc, font);
+  ScopedFont font(CreateFontA(-13, 0, 0, 0, FW_NORMAL, FALSE, FALSE, FALSE, DEFAULT_CHARSET, OUT_DEFAULT_PRECIS,
+                           CLIP_DEFAULT_PRECIS, DEFAULT_QUALITY, FIXED_PITCH | FF_MODERN, name.c_str()));
+  SendMessageA(traceList_, WM_SETFONT, reinterpret_cast<WPARAM>(font.get()), TRUE);
+  traceFont_ = std::move(font);  // the list box no longer uses the old one
+  const ScopedWindowDC dc(traceList_);
+  const ScopedSelection selected(dc.get(), traceFont_.get());
   char face[LF_FACESIZE] = "";
-  GetTextFaceA(dc, LF_FACESIZE, face);
-  SelectObject(dc, old);
-  ReleaseDC(traceList_, dc);
+  GetTextFaceA(dc.get(), LF_FACESIZE, face);
   return face;
 }
 

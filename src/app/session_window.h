@@ -8,6 +8,7 @@
 
 #include "editor_surface.h"
 #include "list_box_mirror.h"
+#include "win32_handles.h"
 
 namespace velmora {
 
@@ -34,7 +35,7 @@ class SessionWindow : public EditorSurface {
   HWND window_ = nullptr;
   HWND traceList_ = nullptr;
   HWND debugList_ = nullptr;
-  HFONT traceFont_ = nullptr;
+  ScopedFont traceFont_;
   std::unique_ptr<ListBoxMirror> traceMirror_;
   std::unique_ptr<ListBoxMirror> debugMirror_;
 };

@@ -3,6 +3,7 @@
 #include <vector>
 
 #include "process_arguments.h"
+#include "win32_handles.h"
 #include "win32_text.h"
 
 namespace velmora {
@@ -14,10 +15,7 @@ namespace {
 // lost when the process ends without closing the file.
 class Win32File : public TextFile {
  public:
-  Win32File(HANDLE handle, std::string content) : handle_(handle), content_(std::move(content)) {}
-  ~Win32File() override {
-    if (handle_ != INVALID_HANDLE_VALUE) CloseHandle(handle_);
-  }
+  Win32File(ScopedFile handle, std::string content) : handle_(std::move(handle)), content_(std::move(content)) {}
 
   bool AtEnd() override { return position_ >= content_.size(); }
 
@@ -37,7 +35,7 @@ class Win32File : public TextFile {
 
   bool Write(std::string_view text, SystemError& error) override {
     DWORD written = 0;
-    if (!WriteFile(handle_, text.data(), static_cast<DWORD>(text.size()), &written, nullptr) ||
+    if (!WriteFile(handle_.get(), text.data(), static_cast<DWORD>(text.size()), &written, nullptr) ||
         written != text.size()) {
       error = Last_Error();
       return false;
@@ -46,9 +44,8 @@ class Win32File : public TextFile {
   }
 
   bool Close(SystemError& error) override {
-    const HANDLE handle = handle_;
-    handle_ = INVALID_HANDLE_VALUE;
-    if (!CloseHandle(handle)) {
+    // Closed here, not by the owner, because a failed close is an error to report.
+    if (!CloseHandle(handle_.release())) {
       error = Last_Error();
       return false;
     }
@@ -56,7 +53,7 @@ class Win32File : public TextFile {
   }
 
  private:
-  HANDLE handle_;
+  ScopedFile handle_;
   std::string content_;
   std::size_t position_ = 0;
 };
@@ -109,19 +106,16 @@ std::optional<std::string> Win32Host::GetEnv(const std::string& name) {
 
 std::unique_ptr<TextFile> Win32Host::OpenText(const std::string& path, FileMode mode, SystemError& error) {
   const bool input = mode == FileMode::Input;
-  const HANDLE handle =
+  ScopedFile handle(
       CreateFileA(path.c_str(), input ? GENERIC_READ : GENERIC_WRITE, FILE_SHARE_READ | (input ? FILE_SHARE_WRITE : 0),
-                  nullptr, input ? OPEN_EXISTING : CREATE_ALWAYS, FILE_ATTRIBUTE_NORMAL, nullptr);
-  if (handle == INVALID_HANDLE_VALUE) {
+                  nullptr, input ? OPEN_EXISTING : CREATE_ALWAYS, FILE_ATTRIBUTE_NORMAL, nullptr));
+  if (!handle) {
     error = Last_Error();
     return nullptr;
   }
   std::string content;
-  if (input && !Read_All(handle, content, error)) {
-    CloseHandle(handle);
-    return nullptr;
-  }
-  return std::make_unique<Win32File>(handle, std::move(content));
+  if (input && !Read_All(handle.get(), content, error)) return nullptr;
+  return std::make_unique<Win32File>(std::move(handle), std::move(content));
 }
 
 bool Win32Host::RenameFile(const std::string& from, const std::string& to, SystemError& error) {
@@ -130,8 +124,8 @@ bool Win32Host::RenameFile(const std::string& from, const std::string& to, Syste
 
 bool Win32Host::DeleteFiles(const std::string& pattern, SystemError& error) {
   WIN32_FIND_DATAA found;
-  const HANDLE search = FindFirstFileA(pattern.c_str(), &found);
-  if (search == INVALID_HANDLE_VALUE) return Fail(error);
+  const ScopedFind search(FindFirstFileA(pattern.c_str(), &found));
+  if (!search) return Fail(error);
   const std::string directory = Directory_Part(pattern);
   bool deletedAny = false, ok = true;
   do {
@@ -141,8 +135,7 @@ bool Win32Host::DeleteFiles(const std::string& pattern, SystemError& error) {
     } else if (ok) {
       ok = Fail(error);
     }
-  } while (FindNextFileA(search, &found));
-  FindClose(search);
+  } while (FindNextFileA(search.get(), &found));
   if (ok && !deletedAny) {
     error = {ERROR_FILE_NOT_FOUND, System_Text(ERROR_FILE_NOT_FOUND)};
     return false;
@@ -183,8 +176,7 @@ long Win32Host::StartProgram(const std::string& commandLine, WindowStyle style, 
     error = commandLine.empty() ? SystemError{ERROR_FILE_NOT_FOUND, System_Text(ERROR_FILE_NOT_FOUND)} : Last_Error();
     return -1;
   }
-  CloseHandle(process.hThread);
-  CloseHandle(process.hProcess);
+  const ScopedHandle thread(process.hThread), program(process.hProcess);
   return static_cast<long>(process.dwProcessId);
 }
 

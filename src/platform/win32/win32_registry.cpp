@@ -4,47 +4,37 @@
 
 #include <vector>
 
+#include "win32_handles.h"
+
 namespace velmora {
 
 namespace {
 
 HKEY Root_Key(RegistryRoot root) { return root == RegistryRoot::ClassesRoot ? HKEY_CLASSES_ROOT : HKEY_CURRENT_USER; }
 
-// Owns an open key.
-class OpenKey {
- public:
-  OpenKey(RegistryRoot root, const std::string& path, REGSAM access, bool create) {
-    const LONG status = create ? RegCreateKeyExA(Root_Key(root), path.c_str(), 0, nullptr, 0, access, nullptr, &key_,
-                                                 nullptr)
-                               : RegOpenKeyExA(Root_Key(root), path.c_str(), 0, access, &key_);
-    if (status != ERROR_SUCCESS) key_ = nullptr;
-  }
-  ~OpenKey() {
-    if (key_) RegCloseKey(key_);
-  }
-  OpenKey(const OpenKey&) = delete;
-  OpenKey& operator=(const OpenKey&) = delete;
-
-  HKEY get() const { return key_; }
-  explicit operator bool() const { return key_ != nullptr; }
-
- private:
-  HKEY key_ = nullptr;
-};
+// Opens (or creates) a key; an empty owner when that fails.
+ScopedKey Open_Key(RegistryRoot root, const std::string& path, REGSAM access, bool create) {
+  ScopedKey key;
+  const LONG status = create ? RegCreateKeyExA(Root_Key(root), path.c_str(), 0, nullptr, 0, access, nullptr,
+                                               key.receive(), nullptr)
+                             : RegOpenKeyExA(Root_Key(root), path.c_str(), 0, access, key.receive());
+  if (status != ERROR_SUCCESS) key.release();
+  return key;
+}
 
 }  // namespace
 
 bool Win32Registry::CreateKey(RegistryRoot root, const std::string& path) {
-  return static_cast<bool>(OpenKey(root, path, KEY_WRITE, true));
+  return static_cast<bool>(Open_Key(root, path, KEY_WRITE, true));
 }
 
 bool Win32Registry::KeyExists(RegistryRoot root, const std::string& path) {
-  return static_cast<bool>(OpenKey(root, path, KEY_READ, false));
+  return static_cast<bool>(Open_Key(root, path, KEY_READ, false));
 }
 
 std::optional<std::string> Win32Registry::QueryString(RegistryRoot root, const std::string& path,
                                                       const std::string& name) {
-  OpenKey key(root, path, KEY_READ, false);
+  const ScopedKey key = Open_Key(root, path, KEY_READ, false);
   if (!key) return std::nullopt;
   DWORD type = 0, size = 0;
   if (RegQueryValueExA(key.get(), name.c_str(), nullptr, &type, nullptr, &size) != ERROR_SUCCESS ||
@@ -59,13 +49,13 @@ std::optional<std::string> Win32Registry::QueryString(RegistryRoot root, const s
 
 bool Win32Registry::SetString(RegistryRoot root, const std::string& path, const std::string& name,
                               const std::string& value) {
-  OpenKey key(root, path, KEY_WRITE, true);
+  const ScopedKey key = Open_Key(root, path, KEY_WRITE, true);
   return key && RegSetValueExA(key.get(), name.c_str(), 0, REG_SZ, reinterpret_cast<const BYTE*>(value.c_str()),
                                static_cast<DWORD>(value.size() + 1)) == ERROR_SUCCESS;
 }
 
 bool Win32Registry::DeleteValue(RegistryRoot root, const std::string& path, const std::string& name) {
-  OpenKey key(root, path, KEY_WRITE, false);
+  const ScopedKey key = Open_Key(root, path, KEY_WRITE, false);
   return key && RegDeleteValueA(key.get(), name.c_str()) == ERROR_SUCCESS;
 }
 
