@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "target_state.h"
+#include "wait_budget.h"
 #include "window_search.h"
 
 namespace velmora {
@@ -39,6 +40,7 @@ class FindWindow {
   void Narrow_By_Distance();
   void Warn_Several();
   void Choose_Under_Pointer();
+  bool Bring_Forward(WaitBudget& budget, WindowHandle window);
 
   Engine& engine_;
   Desktop& desktop_;
