@@ -123,7 +123,8 @@ TEST_F(SeveralCandidatesTest, AFrozenProgramEndsTheBringingForwardWithinTheBound
     std::vector<WindowHandle*> broughtForward;
     WindowHandle* used;
   };
-  const Row rows[] = {{false, &dialog, {}, &next}, {false, &dialog2, {&dialog, &next}, &next}, {true, &dialog2, {}, &next2}};
+  const Row rows[] = {
+      {false, &dialog, {}, &next}, {false, &dialog2, {&dialog, &next}, &next}, {true, &dialog2, {}, &next2}};
   for (const Row& row : rows) {
     engine.DebugWindow.Clear();
     desktop.foregroundCalls.clear();

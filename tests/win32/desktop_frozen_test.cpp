@@ -149,8 +149,7 @@ TEST_F(FrozenProgramTest, KeysForAResponsiveProgramReachTheChosenControl) {
   const HWND chosen = reinterpret_cast<HWND>(static_cast<INT_PTR>(automation.Target().TargetList.at(1)));
   auto Text = [](HWND edit) {
     char text[64] = {};
-    SendMessageTimeoutA(edit, WM_GETTEXT, sizeof text, reinterpret_cast<LPARAM>(text), SMTO_ABORTIFHUNG, 2000,
-                        nullptr);
+    SendMessageTimeoutA(edit, WM_GETTEXT, sizeof text, reinterpret_cast<LPARAM>(text), SMTO_ABORTIFHUNG, 2000, nullptr);
     return std::string(text);
   };
   Pump_Until([&] { return Text(chosen) == "abc"; }, 2000);
