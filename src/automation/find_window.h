@@ -7,13 +7,13 @@
 #include <vector>
 
 #include "target_state.h"
-#include "wait_budget.h"
 #include "window_search.h"
 
 namespace velmora {
 
 struct Engine;
 struct ParsedCommand;
+class WaitBudget;
 
 // The levels of a findwindow line's parameters as the parser writes them:
 // `N, "title", "class", id, x, y, ` once for each level. Throws a trappable
