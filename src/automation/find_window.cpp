@@ -11,6 +11,7 @@
 #include "screen_point.h"
 #include "session.h"
 #include "trap.h"
+#include "wait_budget.h"
 
 namespace velmora {
 
@@ -168,18 +169,30 @@ void FindWindow::Warn_Several() {
     Log("Possible Target:  " + std::to_string(target_.TargetList[i]));
 }
 
+// Brings the window forward and yields; false when its program did not
+// respond within what is left of the budget.
+bool FindWindow::Bring_Forward(WaitBudget& budget, WindowHandle window) {
+  if (!budget.Bring_Forward(desktop_, window)) return false;
+  engine_.host.DoEvents();
+  return true;
+}
+
 // The first candidate that is the window at the point where the target was
 // picked (its parent's level fractions within the parent) becomes the target.
+// Once a candidate's program does not respond, none is brought forward any
+// more: the choice then goes by what lies at each point as it is.
 void FindWindow::Choose_Under_Pointer() {
   auto& list = target_.TargetList;
   const auto& levels = target_.Levels;
   const WindowLevel& picked = levels.size() >= 2 ? levels[levels.size() - 2] : levels.back();
+  WaitBudget budget(engine_.host);
+  bool responding = true;
   for (std::int32_t i = 1; i <= target_.FoundCount; ++i) {
     const WindowHandle parent = desktop_.GetParent(list[i]);
-    desktop_.SetForegroundWindow(parent);
-    engine_.host.DoEvents();
-    desktop_.SetForegroundWindow(list[i]);
-    engine_.host.DoEvents();
+    if (responding && !(Bring_Forward(budget, parent) && Bring_Forward(budget, list[i]))) {
+      responding = false;
+      Log(Not_Responding_Line());
+    }
     WindowRect r;
     desktop_.GetWindowRect(parent, r);
     const WindowHandle under = desktop_.WindowFromPoint(Pixel_At(r, picked.relativeX, picked.relativeY));

@@ -13,6 +13,7 @@ namespace velmora {
 
 struct Engine;
 struct ParsedCommand;
+class WaitBudget;
 
 // The levels of a findwindow line's parameters as the parser writes them:
 // `N, "title", "class", id, x, y, ` once for each level. Throws a trappable
@@ -39,6 +40,7 @@ class FindWindow {
   void Narrow_By_Distance();
   void Warn_Several();
   void Choose_Under_Pointer();
+  bool Bring_Forward(WaitBudget& budget, WindowHandle window);
 
   Engine& engine_;
   Desktop& desktop_;

@@ -8,6 +8,7 @@
 #include "send_keys.h"
 #include "session.h"
 #include "trap.h"
+#include "wait_budget.h"
 
 namespace velmora {
 
@@ -91,7 +92,14 @@ void Mouse::SendButtons_Command(bool Interactive, std::int32_t foundCount, const
     desktop_.MouseEvent(kMoveFlags, point.x, point.y);
     host.DoEvents();
     if (desktop_.WindowFromPoint(pixel) != window) {
-      desktop_.SetForegroundWindow(window);
+      // A click for a program that does not respond could land on whatever
+      // lies at the point: none is sent.
+      WaitBudget budget(host);
+      if (!budget.Bring_Forward(desktop_, window)) {
+        Log_Trace(engine_, Interactive, Not_Responding_Line("no click was sent"));
+        LastCommandSucceeded = false;
+        return;
+      }
       host.DoEvents();
     }
     if (!Wait_Until_Enabled(engine_, desktop_, window)) {

@@ -43,17 +43,18 @@ void SendKeys::SendKeys_Command(bool Interactive, std::int32_t foundCount, const
 }
 
 // Twice, as the pointer and the focus may need a second try while the
-// window comes forward.
-void SendKeys::Point_At_And_Focus(WindowHandle window) {
+// window comes forward. False when the window's program did not respond.
+bool SendKeys::Point_At_And_Focus(WindowHandle window, WaitBudget& budget) {
   for (int round = 0; round < 2; ++round) {
     WindowRect r;
     desktop_.GetWindowRect(window, r);
     engine_.host.DoEvents();
     desktop_.SetCursorPos(Pixel_At(r, 0.5, 0.5));
     engine_.host.DoEvents();
-    desktop_.SetForegroundWindow(window);
+    if (!budget.Bring_Forward(desktop_, window)) return false;
     engine_.host.DoEvents();
   }
+  return true;
 }
 
 int SendKeys::Send_Keys_To(bool Interactive, const std::string& keys, WindowHandle window,
@@ -70,7 +71,15 @@ int SendKeys::Send_Keys_To(bool Interactive, const std::string& keys, WindowHand
     Log_Window_Identity(engine_, Interactive, text, className, static_cast<long>(className.size()), window);
     engine_.host.Sleep(10);
     engine_.host.DoEvents();
-    Point_At_And_Focus(window);
+    WaitBudget budget(engine_.host);
+    // Keys for a program that does not respond could land in whichever
+    // control has the focus once it wakes: none are sent.
+    if (!Point_At_And_Focus(window, budget)) {
+      Log(Interactive, Not_Responding_Line("no keys were sent"));
+      LastCommandSucceeded = false;
+      status = 4;
+      return;
+    }
     if (!Wait_Until_Enabled(engine_, desktop_, window)) {
       Report_Error(engine_, Interactive, -1, "This window is not able to receive input:  " + text,
                    "Is Window Enabled Error!", "Velmora.(General).Send_Keys_To.IsWindowEnabledError.1", kGoOn);
@@ -79,14 +88,14 @@ int SendKeys::Send_Keys_To(bool Interactive, const std::string& keys, WindowHand
       return;
     }
     Pause_Tenths(engine_, 3);
-    status = Type(Interactive, keys, LastCommandSucceeded);
+    status = Type(Interactive, keys, budget, LastCommandSucceeded);
   });
   return status;
 }
 
-// Sends the keys to the foreground window and waits, within a bound, until
-// they are processed. A malformed key string sends nothing.
-int SendKeys::Type(bool interactive, const std::string& keys, bool& succeeded) {
+// Sends the keys to the foreground window and waits, within what is left of
+// the budget, until they are processed. A malformed key string sends nothing.
+int SendKeys::Type(bool interactive, const std::string& keys, WaitBudget& budget, bool& succeeded) {
   const KeyParseResult parsed = Parse_Key_String(keys);
   if (!parsed.ok) {
     Report_Error(engine_, interactive, -1, "Invalid key string:  " + parsed.error, "Bad Key String Error!",
@@ -94,11 +103,12 @@ int SendKeys::Type(bool interactive, const std::string& keys, bool& succeeded) {
     succeeded = false;
     return 3;
   }
-  if (!desktop_.SendKeyInputs(parsed.inputs)) {
+  // Sending may give a control the focus again, which counts as waiting.
+  if (!budget.Spend([&](int) { return desktop_.SendKeyInputs(parsed.inputs); })) {
     Log(interactive, "Info: Not all keys could be sent to the window.");
     succeeded = false;
   }
-  if (!desktop_.WaitForInputIdle(kInputIdleBoundMilliseconds))
+  if (!budget.Spend([&](int left) { return desktop_.WaitForInputIdle(left); }))
     Log(interactive, "Info: The window did not finish processing the keys within " +
                          std::to_string(kInputIdleBoundMilliseconds / 1000) + " seconds.");
   return 0;

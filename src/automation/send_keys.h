@@ -6,14 +6,16 @@
 #include <string>
 
 #include "target_state.h"
+#include "wait_budget.h"
 #include "window_search.h"
 
 namespace velmora {
 
 struct Engine;
 
-// How long the keys may take to be processed before the log says so.
-constexpr int kInputIdleBoundMilliseconds = 10000;
+// How long the keys may take to be processed before the log says so (what is
+// left of the command's wait budget, at most).
+constexpr int kInputIdleBoundMilliseconds = kWaitBoundMilliseconds;
 
 class SendKeys {
  public:
@@ -24,13 +26,13 @@ class SendKeys {
                         bool& LastCommandSucceeded);
 
   // 0 when the keys were sent, 2 when the window would not take input, 3 when
-  // the key string is malformed.
+  // the key string is malformed, 4 when its program did not respond in time.
   int Send_Keys_To(bool Interactive, const std::string& keys, WindowHandle window, bool& LastCommandSucceeded);
 
  private:
   void Log(bool interactive, const std::string& text);
-  void Point_At_And_Focus(WindowHandle window);
-  int Type(bool interactive, const std::string& keys, bool& succeeded);
+  bool Point_At_And_Focus(WindowHandle window, WaitBudget& budget);
+  int Type(bool interactive, const std::string& keys, WaitBudget& budget, bool& succeeded);
 
   Engine& engine_;
   Desktop& desktop_;

@@ -47,7 +47,13 @@ class Desktop {
   virtual bool GetWindowRect(WindowHandle window, WindowRect& rect) = 0;
   virtual bool IsWindowEnabled(WindowHandle window) = 0;
   virtual WindowHandle WindowFromPoint(ScreenPoint point) = 0;
+  // Brings the window forward; a control also takes the keyboard focus.
+  // Never held up for long by a program that has stopped taking messages.
   virtual bool SetForegroundWindow(WindowHandle window) = 0;
+  // Waits, at most the given time, until the program that owns the window
+  // takes its messages; false when it did not. A window that does not exist
+  // holds nobody up.
+  virtual bool WaitUntilResponsive(WindowHandle window, int timeoutMilliseconds) = 0;
 
   virtual bool SetCursorPos(ScreenPoint point) = 0;
   virtual ScreenPoint GetCursorPos() = 0;

@@ -61,6 +61,8 @@ class Host {
   virtual long StartProgram(const std::string& commandLine, WindowStyle style, SystemError& error) = 0;
 
   virtual void Sleep(int milliseconds) = 0;
+  // Milliseconds since a fixed moment: what a wait measures itself against.
+  virtual long long ClockMilliseconds() = 0;
   // Lets the user interface process its pending messages once.
   virtual void DoEvents() = 0;
   // The current date and time in the user's short date and long time formats, one blank between.

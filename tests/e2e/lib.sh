@@ -22,3 +22,17 @@ expect_absent() {
     fi
   done
 }
+
+# Ends a Windows program that the case started, by the process identifier it
+# wrote to the file: a hung program would otherwise outlive the case.
+end_windows_process() {
+  local pid
+  pid="$(tr -dc '0-9' <"$1" 2>/dev/null || true)"
+  if [ -z "$pid" ]; then
+    echo "no process identifier in $1"
+    return 1
+  fi
+  # shellcheck source=../../tools/wine-env.sh
+  source "$(dirname "${BASH_SOURCE[0]}")/../../tools/wine-env.sh"
+  VELMORA_WINE_TIMEOUT=30 wine_run taskkill /F /PID "$pid" >/dev/null 2>&1
+}

@@ -127,6 +127,36 @@ TEST_F(SeveralCandidatesTest, TheCandidateUnderItsPickedPointIsChosen) {
   EXPECT_EQ(engine.state.FoundWindow, next2);
 }
 
+// Once a candidate's program does not respond, the rest of the choice brings
+// nothing forward and goes by what lies at each point: within the bound.
+TEST_F(SeveralCandidatesTest, AFrozenProgramEndsTheBringingForwardWithinTheBound) {
+  struct Row {
+    bool firstMovedAway;  // else none lies at its picked point
+    WindowHandle* frozen;
+    std::vector<WindowHandle*> broughtForward;
+    WindowHandle* used;
+  };
+  const Row rows[] = {
+      {false, &dialog, {}, &next}, {false, &dialog2, {&dialog, &next}, &next}, {true, &dialog2, {}, &next2}};
+  for (const Row& row : rows) {
+    engine.DebugWindow.Clear();
+    desktop.foregroundCalls.clear();
+    desktop.pointOwnerOverride = row.firstMovedAway ? 0 : dialog;
+    if (row.firstMovedAway) desktop.At(next).rect = {0, 0, 1, 1};
+    const long long start = host.clockMs;
+    desktop.Freeze(*row.frozen, start + 60000);
+    EXPECT_TRUE(Find(kNextLine));
+    std::vector<WindowHandle> expected;
+    for (WindowHandle* w : row.broughtForward) expected.push_back(*w);
+    EXPECT_EQ(desktop.foregroundCalls, expected);
+    const Lines& lines = DebugLines();
+    EXPECT_EQ(std::count(lines.begin(), lines.end(), "Info: The window did not respond within 10 seconds."), 1);
+    EXPECT_EQ(lines.back(), "==>  Using Window:  " + std::to_string(*row.used));
+    EXPECT_EQ(host.clockMs - start, 950 + 10000);  // the search's pause and the bound
+    desktop.Freeze(*row.frozen, 0);
+  }
+}
+
 TEST(WindowLevelsTest, ReadsTheParsersParameterText) {
   const auto levels = Read_Window_Levels("2, \"Setup\", \"#32770\", 0, 0, 0, \"Next >\", \"Button\", 1, 0.5, 0.25, ");
   ASSERT_EQ(levels.size(), 2u);

@@ -144,6 +144,31 @@ TEST_F(SendButtonsTest, BringsTheTargetForwardWhenSomethingElseIsAtThePoint) {
   EXPECT_EQ(desktop.foregroundCalls, std::vector<WindowHandle>{button});
 }
 
+// Only a target that must be brought forward is waited for: a click for a
+// program that stays frozen is not sent, and the script goes on.
+TEST_F(SendButtonsTest, AFrozenProgramIsWaitedForOnlyWithinTheBound) {
+  struct Row {
+    WindowHandle atThePoint;  // 0: the target itself
+    long long frozenForMs;
+    bool clicked;
+    long long elapsedMs;  // the 10 ms sleep, the wait, 285 ms before the click and the click
+  };
+  const Row rows[] = {
+      {0, 60000, true, 10 + 285 + 999}, {dialog, 60000, false, 10 + 10000}, {dialog, 2500, true, 2500 + 285 + 999}};
+  for (const Row& row : rows) {
+    desktop.mouseEvents.clear();
+    engine.DebugWindow.Clear();
+    desktop.pointOwnerOverride = row.atThePoint;
+    const long long start = host.clockMs;
+    desktop.Freeze(dialog, start + row.frozenForMs);
+    EXPECT_EQ(Click("sl"), row.clicked) << row.atThePoint << " " << row.frozenForMs;
+    EXPECT_EQ(desktop.mouseEvents.size(), row.clicked ? 4u : 1u) << row.frozenForMs;
+    EXPECT_EQ(DebugLines().back(), row.clicked ? "Mouse X, Y:  22400, 31232"
+                                               : "Info: The window did not respond within 10 seconds; no click was sent.");
+    EXPECT_EQ(host.clockMs - start, row.elapsedMs) << row.frozenForMs;
+  }
+}
+
 TEST_F(AutomationTest, SendButtonsWithoutATargetIsFatal) {
   bool succeeded = true;
   automation.SendButtons_Command(engine, true, Parsed("sendbuttons: sl"), succeeded);

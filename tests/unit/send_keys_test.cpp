@@ -86,6 +86,39 @@ TEST_F(SendKeysTest, AHungTargetIsWaitedForOnlyWithinTheBound) {
   EXPECT_EQ(DebugLines().back(), "Info: The window did not finish processing the keys within 10 seconds.");
 }
 
+// A program that stops taking messages costs the command ten seconds of
+// waiting at most, over all its waits together; keys go only to a program
+// that took its messages.
+TEST_F(SendKeysTest, AFrozenProgramHoldsTheScriptUpOnlyWithinTheBound) {
+  struct Row {
+    long long frozenForMs;
+    bool idleTimesOut;
+    bool keysSent;
+    std::string lastLine;
+    long long elapsedMs;  // the 10 ms sleep, the waits, and 285 ms before typing
+  };
+  const Row rows[] = {
+      {60000, false, false, "Info: The window did not respond within 10 seconds; no keys were sent.", 10 + 10000},
+      {4000, true, true, "Info: The window did not finish processing the keys within 10 seconds.", 10 + 10000 + 285},
+      {4000, false, true, "  Window Handle :  " + std::to_string(edit), 4000 + 285},
+  };
+  for (const Row& row : rows) {
+    desktop.keys.clear();
+    desktop.foregroundCalls.clear();
+    engine.DebugWindow.Clear();
+    desktop.inputIdleTimesOut = row.idleTimesOut;
+    const long long start = host.clockMs;
+    desktop.Freeze(edit, start + row.frozenForMs);
+    EXPECT_EQ(Send("x"), row.keysSent) << row.frozenForMs;
+    EXPECT_EQ(desktop.keys.empty(), !row.keysSent) << row.frozenForMs;
+    EXPECT_EQ(desktop.foregroundCalls.size(), row.keysSent ? 2u : 0u) << row.frozenForMs;
+    EXPECT_EQ(DebugLines().size(), Identity().size() + (row.lastLine[0] == 'I')) << row.frozenForMs;
+    EXPECT_EQ(DebugLines().back(), row.lastLine) << row.frozenForMs;
+    EXPECT_EQ(host.clockMs - start, row.elapsedMs) << row.frozenForMs;
+    EXPECT_FALSE(engine.state.StopRunning);
+  }
+}
+
 TEST_F(SendKeysTest, KeysAreExpandedFromTheEnvironment) {
   host.environment["DIR"] = "C:";
   EXPECT_TRUE(Send("`DIR`"));

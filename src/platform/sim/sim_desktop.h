@@ -5,6 +5,7 @@
 
 #include <functional>
 #include <limits>
+#include <map>
 #include <string>
 #include <vector>
 
@@ -83,7 +84,17 @@ class SimDesktop : public Desktop {
 
   bool Exists(WindowHandle window) const;
 
+  // A program that stops taking messages (sim_desktop_freeze.cpp): the
+  // window's top-level window, and all below it, until the given time on the
+  // host's clock. Waiting for it advances the clock; what is sent to it is
+  // recorded as for any window.
+  void Freeze(WindowHandle window, long long untilMs);
+  bool WaitUntilResponsive(WindowHandle window, int timeoutMilliseconds) override;
+
  private:
+  WindowHandle Top_Level_Of(WindowHandle window) const;
+  std::map<WindowHandle, long long> frozenUntil_;
+
   WindowHandle First_Existing(const std::vector<WindowHandle>& list, std::size_t from) const;
   WindowHandle Deepest_At(WindowHandle parent, ScreenPoint point);
 

@@ -52,6 +52,7 @@ class SimHost : public Host {
   long StartProgram(const std::string& commandLine, WindowStyle style, SystemError& error) override;
 
   void Sleep(int milliseconds) override;
+  long long ClockMilliseconds() override { return clockMs; }
   void DoEvents() override { ++doEvents; }
   std::string DateTimeText() override { return dateTimeText; }
   std::string DecimalSeparator() override { return decimalSeparator; }

@@ -2,6 +2,7 @@
 
 #include <vector>
 
+#include "win32_focus.h"
 #include "win32_keyboard.h"
 #include "win32_text.h"
 
@@ -25,18 +26,9 @@ bool Pump_Until_Idle(int timeoutMilliseconds) {
   }
 }
 
-// Focus can be set only from the thread that owns the window's input
-// state: this thread joins it for the call.
-bool Give_Focus(HWND window) {
-  const DWORD self = GetCurrentThreadId();
-  const DWORD owner = GetWindowThreadProcessId(window, nullptr);
-  if (!owner) return false;
-  const bool joined = owner != self && AttachThreadInput(self, owner, TRUE);
-  SetFocus(window);
-  const bool focused = GetFocus() == window;
-  if (joined) AttachThreadInput(self, owner, FALSE);
-  return focused;
-}
+// Long enough for a program that takes its messages to move the focus; it
+// only runs out when the program stops responding after it was asked.
+constexpr DWORD kFocusBoundMilliseconds = 1000;
 
 }  // namespace
 
@@ -81,7 +73,19 @@ bool Win32Desktop::SetForegroundWindow(WindowHandle window) {
     return ::SetForegroundWindow(target) != FALSE;
   focusControl_ = window;
   if (!::SetForegroundWindow(GetAncestor(target, GA_ROOT))) return false;
-  return Give_Focus(target);
+  return Give_Focus_Within(target, kFocusBoundMilliseconds) == FocusOutcome::Focused;
+}
+
+// A hung program is known at once; any other gets the time to take a
+// message that waits for everything queued before it.
+bool Win32Desktop::WaitUntilResponsive(WindowHandle window, int timeoutMilliseconds) {
+  const HWND root = GetAncestor(Window_Of(window), GA_ROOT);
+  if (!root || !IsWindow(root)) return true;
+  if (IsHungAppWindow(root)) return false;
+  DWORD_PTR result = 0;
+  const UINT timeout = timeoutMilliseconds > 0 ? static_cast<UINT>(timeoutMilliseconds) : 0;
+  if (SendMessageTimeoutA(root, WM_NULL, 0, 0, SMTO_ABORTIFHUNG | SMTO_BLOCK, timeout, &result)) return true;
+  return !IsWindow(root);
 }
 
 bool Win32Desktop::SetCursorPos(ScreenPoint point) { return ::SetCursorPos(point.x, point.y) != FALSE; }
@@ -106,9 +110,11 @@ void Win32Desktop::MouseEvent(std::uint32_t flags, long x, long y) {
 bool Win32Desktop::SendKeyInputs(const std::vector<KeyInput>& inputs) {
   if (inputs.empty()) return true;
   const HWND control = Window_Of(focusControl_);
+  // Keys typed while the focus may still move would land in the wrong control.
   if (focusControl_ && IsWindow(control) && ::IsWindowEnabled(control) &&
-      GetForegroundWindow() == GetAncestor(control, GA_ROOT))
-    Give_Focus(control);
+      GetForegroundWindow() == GetAncestor(control, GA_ROOT) &&
+      Give_Focus_Within(control, kFocusBoundMilliseconds) == FocusOutcome::TimedOut)
+    return false;
   std::vector<INPUT> records = Keyboard_Inputs(inputs, GetKeyboardLayout(0));
   const UINT sent = SendInput(static_cast<UINT>(records.size()), records.data(), sizeof(INPUT));
   return sent == records.size();

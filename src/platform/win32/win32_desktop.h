@@ -17,6 +17,7 @@ class Win32Desktop : public Desktop {
   bool IsWindowEnabled(WindowHandle window) override;
   WindowHandle WindowFromPoint(ScreenPoint point) override;
   bool SetForegroundWindow(WindowHandle window) override;
+  bool WaitUntilResponsive(WindowHandle window, int timeoutMilliseconds) override;
   bool SetCursorPos(ScreenPoint point) override;
   ScreenPoint GetCursorPos() override;
   void MouseEvent(std::uint32_t flags, long x, long y) override;

@@ -182,6 +182,8 @@ long Win32Host::StartProgram(const std::string& commandLine, WindowStyle style, 
 
 void Win32Host::Sleep(int milliseconds) { ::Sleep(milliseconds > 0 ? static_cast<DWORD>(milliseconds) : 0); }
 
+long long Win32Host::ClockMilliseconds() { return static_cast<long long>(GetTickCount64()); }
+
 void Win32Host::DoEvents() { Dispatch_Pending_Messages(); }
 
 std::string Win32Host::DateTimeText() {

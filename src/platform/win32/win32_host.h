@@ -21,6 +21,7 @@ class Win32Host : public Host {
   long StartProgram(const std::string& commandLine, WindowStyle style, SystemError& error) override;
 
   void Sleep(int milliseconds) override;
+  long long ClockMilliseconds() override;
   void DoEvents() override;
   std::string DateTimeText() override;
   std::string DecimalSeparator() override;

@@ -1,0 +1,58 @@
+#include "win32_focus.h"
+
+namespace velmora {
+
+namespace {
+
+// Shared by the caller and the helper thread: the last one to let go frees it.
+struct FocusJob {
+  HWND window;
+  volatile LONG owners = 2;
+  bool focused = false;
+};
+
+void Release(FocusJob* job) {
+  if (InterlockedDecrement(&job->owners) == 0) delete job;
+}
+
+bool Set_Focus_Joined(HWND window) {
+  const DWORD self = GetCurrentThreadId();
+  const DWORD owner = GetWindowThreadProcessId(window, nullptr);
+  if (!owner) return false;
+  const bool joined = owner != self && AttachThreadInput(self, owner, TRUE);
+  SetFocus(window);
+  const bool focused = GetFocus() == window;
+  if (joined) AttachThreadInput(self, owner, FALSE);
+  return focused;
+}
+
+DWORD WINAPI Focus_Thread(void* parameter) {
+  auto* job = static_cast<FocusJob*>(parameter);
+  MSG message;
+  PeekMessageA(&message, nullptr, 0, 0, PM_NOREMOVE);  // a message queue of its own, to join another's input
+  job->focused = Set_Focus_Joined(job->window);
+  Release(job);
+  return 0;
+}
+
+}  // namespace
+
+FocusOutcome Give_Focus_Within(HWND window, DWORD milliseconds) {
+  // This thread's own windows: the helper would wait for this thread.
+  if (GetWindowThreadProcessId(window, nullptr) == GetCurrentThreadId())
+    return Set_Focus_Joined(window) ? FocusOutcome::Focused : FocusOutcome::Refused;
+  auto* job = new FocusJob{window};
+  HANDLE thread = CreateThread(nullptr, 0, Focus_Thread, job, 0, nullptr);
+  if (!thread) {
+    delete job;
+    return FocusOutcome::Refused;
+  }
+  const bool finished = WaitForSingleObject(thread, milliseconds) == WAIT_OBJECT_0;
+  CloseHandle(thread);
+  const bool focused = finished && job->focused;
+  Release(job);
+  if (!finished) return FocusOutcome::TimedOut;
+  return focused ? FocusOutcome::Focused : FocusOutcome::Refused;
+}
+
+}  // namespace velmora

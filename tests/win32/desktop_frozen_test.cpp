@@ -1,0 +1,164 @@
+// The window commands against another program whose user-interface thread
+// stops taking messages (frozen.exe, built beside this program): each
+// command returns within its bound and says so in the log; while the
+// program responds, the keys reach the control that findwindow chose.
+#include <gtest/gtest.h>
+
+#include <functional>
+#include <string>
+#include <thread>
+#include <vector>
+
+#include "desktop_fixture.h"
+
+namespace velmora::test {
+namespace {
+
+constexpr int kFreezeId = 1;  // the button that freezes the program when clicked
+constexpr int kEditId = 100;  // the three identical edits
+constexpr char kRunning[] = "Velmora Frozen - Running";
+constexpr char kFrozen[] = "Velmora Frozen - Frozen";
+
+std::string Title_Of(HWND window) {
+  char text[256] = {};
+  GetWindowTextA(window, text, sizeof text);
+  return text;
+}
+
+class FrozenProgramTest : public DesktopEngineTest {
+ protected:
+  PROCESS_INFORMATION process{};
+  HWND main = nullptr;
+
+  void TearDown() override { End(); }
+
+  void Start() {
+    char path[MAX_PATH];
+    ASSERT_GT(GetModuleFileNameA(nullptr, path, MAX_PATH), 0u);
+    std::string commandLine = "\"" + std::string(path);
+    commandLine = commandLine.substr(0, commandLine.find_last_of('\\') + 1) + "frozen.exe\"";
+    STARTUPINFOA startup{};
+    startup.cb = sizeof startup;
+    ASSERT_TRUE(
+        CreateProcessA(nullptr, commandLine.data(), nullptr, nullptr, FALSE, 0, nullptr, nullptr, &startup, &process));
+    ASSERT_TRUE(Pump_Until(
+        [&] {
+          main = ::FindWindowA("VelmoraFrozen", kRunning);
+          DWORD owner = 0;
+          if (main) GetWindowThreadProcessId(main, &owner);
+          return owner == process.dwProcessId;
+        },
+        10000));
+  }
+  // The program's thread sleeps from the moment it takes this message.
+  void Freeze() {
+    ASSERT_TRUE(PostMessageA(main, WM_COMMAND, MAKEWPARAM(kFreezeId, BN_CLICKED), 0));
+    ASSERT_TRUE(Pump_Until([&] { return Title_Of(main) == kFrozen; }, 5000));
+  }
+  // Ends the program that this test started, by its process.
+  void End() {
+    if (!process.hProcess) return;
+    TerminateProcess(process.hProcess, 9);
+    WaitForSingleObject(process.hProcess, 5000);
+    CloseHandle(process.hThread);
+    CloseHandle(process.hProcess);
+    process = {};
+  }
+  // Runs the command and returns how long it took. Past the limit the
+  // program is ended: whatever waits for it returns, and the row fails on
+  // its time instead of hanging the run.
+  DWORD Timed(DWORD limit, const std::function<void()>& command) {
+    HANDLE done = CreateEventA(nullptr, TRUE, FALSE, nullptr);
+    std::thread watchdog([&] {
+      if (WaitForSingleObject(done, limit) == WAIT_TIMEOUT) TerminateProcess(process.hProcess, 9);
+    });
+    const DWORD start = GetTickCount();
+    command();
+    const DWORD elapsed = GetTickCount() - start;
+    SetEvent(done);
+    watchdog.join();
+    CloseHandle(done);
+    return elapsed;
+  }
+  std::string Edit_Line(const char* title) { return Find_Line(title, "VelmoraFrozen", "", "Edit", kEditId); }
+};
+
+TEST_F(FrozenProgramTest, EveryCommandGivesUpWithinItsBound) {
+  RecordingClass coverClass("VelmoraCover" + ProcessTag());
+  struct Row {
+    const char* what;
+    std::string before;  // a findwindow line run while the program responds
+    bool covered;        // a window of ours lies over the program
+    std::function<bool()> command;
+    bool succeeds;
+    std::string info;  // the one problem line expected
+    DWORD boundMs;
+  };
+  const std::string button = Find_Line(kRunning, "VelmoraFrozen", "Freeze", "Button", kFreezeId);
+  const Row rows[] = {
+      {"findwindow", "", false, [&] { return Find(Edit_Line(kFrozen)); }, true,
+       "Info: The window did not respond within 10 seconds.", 1000 + 10000},
+      {"sendkeys", button, false, [&] { return Send("abc"); }, false,
+       "Info: The window did not respond within 10 seconds; no keys were sent.", 10000},
+      {"sendbuttons", button, true,
+       [&] {
+         bool succeeded = true;
+         automation.SendButtons_Command(engine, true, Parsed("sendbuttons: sl"), succeeded);
+         return succeeded;
+       },
+       false, "Info: The window did not respond within 10 seconds; no click was sent.", 10000},
+      {"usemouse", "", false,
+       [&] {
+         automation.UseMouse_Command(engine, true, Parsed("usemouse: sl, 25000, 20000"));
+         return true;
+       },
+       true, "", 1000},  // three click units of the default double-click time
+  };
+  constexpr DWORD kSlackMs = 1500;
+  for (const Row& row : rows) {
+    ASSERT_NO_FATAL_FAILURE(Start());
+    if (!row.before.empty()) {
+      ASSERT_TRUE(Find(row.before)) << row.what;
+    }
+    Windows windows;
+    if (row.covered) {
+      ASSERT_TRUE(coverClass.Registered());
+      HWND cover = windows.TopLevel(coverClass.Name(), "Cover", {50, 50, 550, 450});
+      SetWindowPos(cover, HWND_TOPMOST, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE);
+    }
+    ASSERT_NO_FATAL_FAILURE(Freeze());
+    engine.DebugWindow.Clear();
+    bool succeeded = !row.succeeds;
+    const DWORD elapsed = Timed(row.boundMs + 5000, [&] { succeeded = row.command(); });
+    EXPECT_LE(elapsed, row.boundMs + kSlackMs) << row.what;
+    EXPECT_EQ(succeeded, row.succeeds) << row.what;
+    EXPECT_EQ(Problem_Lines(), row.info.empty() ? std::vector<std::string>{} : std::vector<std::string>{row.info})
+        << row.what;
+    EXPECT_FALSE(engine.state.StopRunning) << row.what;
+    End();
+  }
+}
+
+// Three identical edits: findwindow brings each forward and uses the first,
+// as none lies at the picked point; the keys then go to that one alone.
+TEST_F(FrozenProgramTest, KeysForAResponsiveProgramReachTheChosenControl) {
+  ASSERT_NO_FATAL_FAILURE(Start());
+  ASSERT_TRUE(Find(Edit_Line(kRunning)));
+  ASSERT_EQ(automation.Target().FoundCount, 3);
+  EXPECT_TRUE(Send("abc"));
+  const HWND chosen = reinterpret_cast<HWND>(static_cast<INT_PTR>(automation.Target().TargetList.at(1)));
+  auto Text = [](HWND edit) {
+    char text[64] = {};
+    SendMessageTimeoutA(edit, WM_GETTEXT, sizeof text, reinterpret_cast<LPARAM>(text), SMTO_ABORTIFHUNG, 2000, nullptr);
+    return std::string(text);
+  };
+  Pump_Until([&] { return Text(chosen) == "abc"; }, 2000);
+  for (HWND edit = GetWindow(main, GW_CHILD); edit; edit = GetWindow(edit, GW_HWNDNEXT))
+    if (GetDlgCtrlID(edit) == kEditId) {
+      EXPECT_EQ(Text(edit), edit == chosen ? "abc" : "") << edit;
+    }
+  EXPECT_TRUE(Problem_Lines().empty()) << testing::PrintToString(Problem_Lines());
+}
+
+}  // namespace
+}  // namespace velmora::test
