@@ -3,6 +3,7 @@
 #include <vector>
 
 #include "win32_focus.h"
+#include "win32_handles.h"
 #include "win32_keyboard.h"
 #include "win32_text.h"
 
@@ -129,10 +130,8 @@ bool Win32Desktop::WaitForInputIdle(int timeoutMilliseconds) {
   if (!thread) return true;
   if (processId == GetCurrentProcessId()) return Pump_Until_Idle(timeoutMilliseconds);
   const DWORD start = GetTickCount();
-  if (HANDLE process = OpenProcess(SYNCHRONIZE | PROCESS_QUERY_INFORMATION, FALSE, processId)) {
-    const DWORD waited = ::WaitForInputIdle(process, static_cast<DWORD>(timeoutMilliseconds));
-    CloseHandle(process);
-    if (waited == WAIT_TIMEOUT) return false;
+  if (const ScopedHandle process(OpenProcess(SYNCHRONIZE | PROCESS_QUERY_INFORMATION, FALSE, processId)); process) {
+    if (::WaitForInputIdle(process.get(), static_cast<DWORD>(timeoutMilliseconds)) == WAIT_TIMEOUT) return false;
   }
   // A message sent to the window returns only after what was queued before it.
   const DWORD spent = GetTickCount() - start;

@@ -1,5 +1,7 @@
 #include "win32_focus.h"
 
+#include "win32_handles.h"
+
 namespace velmora {
 
 namespace {
@@ -42,13 +44,12 @@ FocusOutcome Give_Focus_Within(HWND window, DWORD milliseconds) {
   if (GetWindowThreadProcessId(window, nullptr) == GetCurrentThreadId())
     return Set_Focus_Joined(window) ? FocusOutcome::Focused : FocusOutcome::Refused;
   auto* job = new FocusJob{window};
-  HANDLE thread = CreateThread(nullptr, 0, Focus_Thread, job, 0, nullptr);
+  const ScopedHandle thread(CreateThread(nullptr, 0, Focus_Thread, job, 0, nullptr));
   if (!thread) {
     delete job;
     return FocusOutcome::Refused;
   }
-  const bool finished = WaitForSingleObject(thread, milliseconds) == WAIT_OBJECT_0;
-  CloseHandle(thread);
+  const bool finished = WaitForSingleObject(thread.get(), milliseconds) == WAIT_OBJECT_0;
   const bool focused = finished && job->focused;
   Release(job);
   if (!finished) return FocusOutcome::TimedOut;
