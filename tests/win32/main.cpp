@@ -10,6 +10,7 @@
 #include <thread>
 
 #include "desktop_fixture.h"
+#include "watchdog.h"
 
 int main(int argc, char** argv) {
   if (argc == 3 && std::strcmp(argv[1], "--sleep") == 0) {
@@ -18,5 +19,6 @@ int main(int argc, char** argv) {
   }
   if (argc == 3 && std::strcmp(argv[1], "--keys-window") == 0) return velmora::test::Run_Keys_Window(argv[2]);
   testing::InitGoogleTest(&argc, argv);
+  velmora::Install_Test_Watchdog(60);  // a few tests wait for real programs and timers
   return RUN_ALL_TESTS();
 }
