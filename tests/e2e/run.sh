@@ -57,15 +57,11 @@ failed=0
 # Normalised debug log for comparison: CR removed, masks applied.
 normalise() { tr -d '\r' <"$1" | sed -E -f "$mask"; }
 
-# Succeeds when every line of the file ends in CR LF.
+# Succeeds when every line of the file ends in CR LF, the last one too, and
+# no CR stands anywhere else.
 all_lines_end_in_crlf() {
-  local file="$1" lf cr crlf
-  [ -s "$file" ] || return 0
-  [ "$(tail -c 2 "$file" | od -An -tx1 | tr -d ' \n')" = "0d0a" ] || return 1
-  lf=$(tr -cd '\n' <"$file" | wc -c)
-  cr=$(tr -cd '\r' <"$file" | wc -c)
-  crlf=$(grep -c $'\r$' "$file")
-  [ "$lf" -eq "$cr" ] && [ "$cr" -eq "$crlf" ]
+  [ ! -s "$1" ] || { [ -z "$(tail -c 1 "$1")" ] && ! grep -qv $'\r$' "$1" &&
+    [ "$(tr -cd '\r' <"$1" | wc -c)" -eq "$(wc -l <"$1")" ]; }
 }
 
 # Runs one variant of a case and prints its verdict.

@@ -2,21 +2,15 @@
 // holds for every string: a rejected one sends nothing and says where it went
 // wrong; an accepted one never presses a key that is already down, types each
 // character with its release right after it, and leaves no key held at the end.
-#include <cstddef>
-#include <cstdint>
 #include <set>
-#include <string_view>
-#include <vector>
 
+#include "fuzz_support.h"
 #include "key_notation.h"
 
 namespace {
 
 using namespace velmora;
-
-void Require(bool condition) {
-  if (!condition) __builtin_trap();
-}
+using fuzz::Require;
 
 void Check_Balanced(const std::vector<KeyInput>& inputs) {
   std::set<std::uint16_t> held;

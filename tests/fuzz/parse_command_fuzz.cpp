@@ -1,35 +1,25 @@
-// Feeds arbitrary bytes to Parse_Command as one script line, first as the
-// editor parses it, then as an automatic session does, and checks that the
-// outputs always agree with each other.
-#include <cstddef>
-#include <cstdint>
-#include <string_view>
-
-#include "engine.h"
+// Feeds arbitrary bytes to Parse_Command as one script line, as the editor
+// parses it and as an automatic session does, and checks that the outputs
+// always agree with each other.
+#include "fuzz_support.h"
 #include "parser.h"
-#include "sim_host.h"
-#include "sim_registry.h"
 
 namespace {
 
 using namespace velmora;
+using fuzz::Require;
 
-constexpr int kTraceLines = 8;
 constexpr std::int16_t kFailingLine = 3;
 
-void Require(bool condition) {
-  if (!condition) __builtin_trap();
-}
-
-// What holds for every line: the result is the code's, the code is a known
-// one, and a blank line has nothing to say.
+// The result is the code's, the code a known one; blank and block lines have
+// no parameters, and mouse positions stay in range.
 void Check_Outputs(bool accepted, const ParsedCommand& command) {
-  Require(accepted == (command.CommandCode != kUnknownCommand));
-  Require(command.CommandCode <= kSendButtonsCommand || command.CommandCode == kUnknownCommand);
-  if (command.CommandCode == kBlankLine) Require(command.Parameters.empty() && command.CommandWord.empty());
-  if (command.CommandCode >= kQuitCommand && command.CommandCode <= kRepeatCommand)
-    Require(command.Parameters.empty());
-  if (command.CommandCode == kUseMouseCommand && !command.ParseError)
+  const auto code = command.CommandCode;
+  Require(accepted == (code != kUnknownCommand));
+  Require(code <= kSendButtonsCommand || code == kUnknownCommand);
+  if (code == kBlankLine) Require(command.Parameters.empty() && command.CommandWord.empty());
+  if (code >= kQuitCommand && code <= kRepeatCommand) Require(command.Parameters.empty());
+  if (code == kUseMouseCommand && !command.ParseError)
     Require(command.MouseX >= 0 && command.MouseX <= 65535 && command.MouseY >= 0 && command.MouseY <= 65535);
 }
 
@@ -37,22 +27,16 @@ void Check_Outputs(bool accepted, const ParsedCommand& command) {
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
   const std::string_view line(reinterpret_cast<const char*>(data), size);
-  SimHost host;
-  SimRegistry registry;
-  Engine engine(host, registry);
-  for (int index = 0; index < kTraceLines; ++index) engine.TraceWindow.Add("line");
-
-  engine.state.InteractiveSession = true;
-  engine.state.DebugOn = true;
+  fuzz::Session editor(true);
+  for (int index = 0; index < 8; ++index) editor.engine.TraceWindow.Add("line");
   ParsedCommand command;
-  Check_Outputs(Parse_Command(engine, true, line, 1.5, command, kFailingLine), command);
-  Require(command.ParseError || engine.TraceWindow.Selected() == ListModel::kNoSelection);
-
-  engine.state.InteractiveSession = false;
-  engine.state.StopRunning = false;
+  Check_Outputs(Parse_Command(editor.engine, true, line, 1.5, command, kFailingLine), command);
+  // Only a failing line is selected in the trace.
+  Require(command.ParseError || editor.engine.TraceWindow.Selected() == ListModel::kNoSelection);
+  fuzz::Session automatic(false);
   try {
-    ParsedCommand automatic;
-    Check_Outputs(Parse_Command(engine, false, line, 1, automatic, kNoEditorLine), automatic);
+    ParsedCommand parsed;
+    Check_Outputs(Parse_Command(automatic.engine, false, line, 1, parsed, kNoEditorLine), parsed);
   } catch (const ProcessEnded&) {
     // A fatal report ends an automatic session.
   }

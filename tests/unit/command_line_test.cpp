@@ -9,64 +9,56 @@ namespace {
 
 struct CommandLineCase {
   const char* line;
-  const char* script;  // expected script name ("(kept)" when untouched)
-  const char* debug;   // expected debug name ("(kept)" when untouched)
+  const char* script;                   // expected script name ("(kept)" when untouched)
+  const char* debug;                    // expected debug name ("(kept)" when untouched)
   const char* errorLocation = nullptr;  // none when the line is well formed
   const char* errorMessage = nullptr;
 };
 
 constexpr const char* kKept = "(kept)";
 
-class ParseCommandLineTest : public EngineTest, public ::testing::WithParamInterface<CommandLineCase> {};
+TEST_F(EngineTest, ParseCommandLineSplitsNamesOrReportsTheFault) {
+  const CommandLineCase cases[] = {
+      {R"("C:\s\setup.vls" "C:\s\setup.vld")", R"(C:\s\setup.vls)", R"(C:\s\setup.vld)"},
+      {R"("C:\s\setup.vls")", R"(C:\s\setup.vls)", kKept},
+      {R"(C:\s\setup.vls)", R"(C:\s\setup.vls)", kKept},
+      {R"("C:\s\setup.vls" nofile)", R"(C:\s\setup.vls)", "nofile"},
+      {R"("a.vls" C:\My Logs\a.vld )", "a.vls", R"(C:\My Logs\a.vld)"},
+      {R"(  "  a b.vls  "   "  c.vld  " )", "a b.vls", "c.vld"},
+      {R"("a.vls" "b.vld" "c.vld")", "a.vls", "b.vld"},
+      {R"("a.vls" junk "b.vld)", "a.vls", "b.vld"},
+      {R"("a.vls"   )", "a.vls", kKept},
+      {R"("a.vls"x)", "a.vls", "x"},
+      {"   ", "", kKept},
+      {R"(")", kKept, kKept, "BadCommandLineError.3", "Badly formed command line arguements found:  "},
+      {R"(setup.vls ")", kKept, kKept, "BadCommandLineError.3", "Badly formed command line arguements found:  "},
+      {R"("C:\s\setup.vls)", kKept, kKept, "BadQuotesError.1", "Only 1 Quote (\") found on the Command Line:  "},
+      {R"("   )", kKept, kKept, "BadQuotesError.1", "Only 1 Quote (\") found on the Command Line:  "},
+      {R"("a.vls" ")", "a.vls", kKept, "BadCommandLineError.1", "Badly formed command line arguements found:  "},
+      {R"("a.vls" log")", "a.vls", kKept, "BadCommandLineError.1", "Badly formed command line arguements found:  "},
+  };
+  for (const CommandLineCase& c : cases) {
+    engine.DebugWindow.Clear();
+    host.commandLine = c.line;
+    engine.state.InteractiveSession = true;  // so a report stops the run instead of ending the process
+    std::string script = kKept, debug = kKept;
 
-TEST_P(ParseCommandLineTest, SplitsNamesOrReportsTheFault) {
-  const CommandLineCase& c = GetParam();
-  host.commandLine = c.line;
-  engine.state.InteractiveSession = true;  // so a report stops the run instead of ending the process
-  std::string script = kKept, debug = kKept;
+    const bool ok = Parse_CommandLine(engine, c.line, script, debug);
 
-  const bool ok = Parse_CommandLine(engine, c.line, script, debug);
-
-  EXPECT_EQ(script, c.script);
-  EXPECT_EQ(debug, c.debug);
-  EXPECT_EQ(ok, c.errorLocation == nullptr);
-  if (c.errorLocation) {
-    const auto& lines = engine.DebugWindow.Items();
-    ASSERT_GE(lines.size(), 6u);
-    EXPECT_EQ(lines[3], std::string("Fatal Error:  ") + c.errorMessage + c.line + ".");
-    EXPECT_EQ(lines[4], "Error Code:  -1");
-    EXPECT_EQ(lines[5], std::string("Error Location:  Velmora.(General).Parse_CommandLine.") + c.errorLocation);
-  } else {
-    EXPECT_EQ(engine.DebugWindow.Count(), 0u);
+    EXPECT_EQ(script, c.script) << c.line;
+    EXPECT_EQ(debug, c.debug) << c.line;
+    EXPECT_EQ(ok, c.errorLocation == nullptr) << c.line;
+    if (c.errorLocation) {
+      const auto& lines = engine.DebugWindow.Items();
+      ASSERT_GE(lines.size(), 6u);
+      EXPECT_EQ(lines[3], std::string("Fatal Error:  ") + c.errorMessage + c.line + ".");
+      EXPECT_EQ(lines[4], "Error Code:  -1");
+      EXPECT_EQ(lines[5], std::string("Error Location:  Velmora.(General).Parse_CommandLine.") + c.errorLocation);
+    } else {
+      EXPECT_EQ(engine.DebugWindow.Count(), 0u);
+    }
   }
 }
-
-INSTANTIATE_TEST_SUITE_P(
-    Grammar, ParseCommandLineTest,
-    ::testing::Values(
-        CommandLineCase{R"("C:\s\setup.vls" "C:\s\setup.vld")", R"(C:\s\setup.vls)", R"(C:\s\setup.vld)"},
-        CommandLineCase{R"("C:\s\setup.vls")", R"(C:\s\setup.vls)", kKept},
-        CommandLineCase{R"(C:\s\setup.vls)", R"(C:\s\setup.vls)", kKept},
-        CommandLineCase{R"("C:\s\setup.vls" nofile)", R"(C:\s\setup.vls)", "nofile"},
-        CommandLineCase{R"("a.vls" C:\My Logs\a.vld )", "a.vls", R"(C:\My Logs\a.vld)"},
-        CommandLineCase{R"(  "  a b.vls  "   "  c.vld  " )", "a b.vls", "c.vld"},
-        CommandLineCase{R"("a.vls" "b.vld" "c.vld")", "a.vls", "b.vld"},
-        CommandLineCase{R"("a.vls" junk "b.vld)", "a.vls", "b.vld"},
-        CommandLineCase{R"("a.vls"   )", "a.vls", kKept},
-        CommandLineCase{R"("a.vls"x)", "a.vls", "x"},
-        CommandLineCase{"   ", "", kKept},
-        CommandLineCase{R"(")", kKept, kKept, "BadCommandLineError.3",
-                        "Badly formed command line arguements found:  "},
-        CommandLineCase{R"(setup.vls ")", kKept, kKept, "BadCommandLineError.3",
-                        "Badly formed command line arguements found:  "},
-        CommandLineCase{R"("C:\s\setup.vls)", kKept, kKept, "BadQuotesError.1",
-                        "Only 1 Quote (\") found on the Command Line:  "},
-        CommandLineCase{R"("   )", kKept, kKept, "BadQuotesError.1", "Only 1 Quote (\") found on the Command Line:  "},
-        CommandLineCase{R"("a.vls" ")", "a.vls", kKept, "BadCommandLineError.1",
-                        "Badly formed command line arguements found:  "},
-        CommandLineCase{R"("a.vls" log")", "a.vls", kKept, "BadCommandLineError.1",
-                        "Badly formed command line arguements found:  "}),
-    [](const ::testing::TestParamInfo<CommandLineCase>& info) { return "Line" + std::to_string(info.index); });
 
 TEST_F(EngineTest, BadCommandLineEndsAnAutomaticStartWithStatusOne) {
   host.commandLine = "\"a.vls";

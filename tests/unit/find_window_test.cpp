@@ -39,23 +39,30 @@ TEST_F(FindWindowTest, AWindowThatAppearsLaterIsFoundAtTheNextSearch) {
   EXPECT_EQ(DebugLines()[1], "Total Elapsed Time:  4 seconds.");  // searches at 0.95, 1.9, 2.85 and 3.8 s
 }
 
-TEST_F(FindWindowTest, TimeOutOfZeroStillSearchesOnce) {
-  EXPECT_FALSE(Find("findwindow: 1, \"Gone\", \"#32770\", 0, 0, 0, 0.00"));
-  EXPECT_EQ(DebugLines(), (Lines{"Maximum Wait Time:  0 seconds.", "Total Elapsed Time:  1 second.",
-                                 "The window was NOT found."}));
-  EXPECT_EQ(host.tenthSleeps, 10);
-}
-
-TEST_F(FindWindowTest, NotFoundWaitsTheWholeTimeOut) {
-  EXPECT_FALSE(Find("findwindow: 1, \"Gone\", \"#32770\", 0, 0, 0, 0.03"));
-  EXPECT_EQ(DebugLines()[1], "Total Elapsed Time:  3 seconds.");
-  EXPECT_EQ(host.tenthSleeps, 30);
-}
-
-TEST_F(FindWindowTest, AHaltRequestEndsTheWaitAfterTheSearchUnderWay) {
-  engine.state.HaltRequested = true;
-  EXPECT_FALSE(Find("findwindow: 1, \"Gone\", \"#32770\", 0, 0, 0, 1.00"));
-  EXPECT_EQ(DebugLines()[1], "Total Elapsed Time:  1 second.");
+TEST_F(FindWindowTest, NotFoundWaitsTheWholeTimeOutButSearchesAtLeastOnce) {
+  const struct {
+    const char* timeOut;
+    bool halt;  // a halt request ends the wait after the search under way
+    Lines log;
+  } rows[] = {
+      {"0.00",
+       false,
+       {"Maximum Wait Time:  0 seconds.", "Total Elapsed Time:  1 second.", "The window was NOT found."}},
+      {"0.03",
+       false,
+       {"Maximum Wait Time:  3 seconds.", "Total Elapsed Time:  3 seconds.", "The window was NOT found."}},
+      {"1.00",
+       true,
+       {"Maximum Wait Time:  60 seconds.", "Total Elapsed Time:  1 second.", "The window was NOT found."}},
+  };
+  for (const auto& row : rows) {
+    engine.DebugWindow.Clear();
+    host.tenthSleeps = 0;
+    engine.state.HaltRequested = row.halt;
+    EXPECT_FALSE(Find(std::string("findwindow: 1, \"Gone\", \"#32770\", 0, 0, 0, ") + row.timeOut));
+    EXPECT_EQ(DebugLines(), row.log) << row.timeOut;
+    EXPECT_EQ(host.tenthSleeps, row.halt ? 10 : std::max(10, 10 * std::stoi(row.timeOut + 2))) << row.timeOut;
+  }
 }
 
 TEST_F(FindWindowTest, TitlesMayComeFromTheEnvironment) {

@@ -31,8 +31,9 @@ class InterpreterTest : public EngineTest {
   Lines Body() const {
     Lines log = Log();
     std::size_t header = 0;
-    while (header < log.size() && (log[header] == Identification_Line() || log[header] == "Automatic Session Started." ||
-                                   log[header].rfind("SPEED_FACTOR IN USE:  ", 0) == 0))
+    while (header < log.size() &&
+           (log[header] == Identification_Line() || log[header] == "Automatic Session Started." ||
+            log[header].rfind("SPEED_FACTOR IN USE:  ", 0) == 0))
       ++header;
     log.erase(log.begin(), log.begin() + static_cast<std::ptrdiff_t>(header));
     return log;
@@ -81,6 +82,7 @@ struct FlowCase {
   Lines script;
   Lines ran;
   std::vector<bool> starts = {};  // outcomes of the program starts, in order
+  long long tenths = -1;          // pauses of a tenth (two per line run, one per loop pass); -1: not counted
 };
 
 class FlowTest : public InterpreterTest, public ::testing::WithParamInterface<FlowCase> {};
@@ -90,93 +92,55 @@ TEST_P(FlowTest, FollowsTheBlockTable) {
   host.startOutcomes.assign(c.starts.begin(), c.starts.end());
   EXPECT_EQ(Play(c.script), 0);
   EXPECT_EQ(Ran(), c.ran);
+  if (c.tenths >= 0) {
+    EXPECT_EQ(host.tenthSleeps, c.tenths);
+  }
 }
 
 INSTANTIATE_TEST_SUITE_P(
     Jumps, FlowTest,
-    ::testing::Values(
-        FlowCase{"IfFailedWithoutElseSkipsToAfterEndif",
-                 {"run: \"ok\"", "if: failed", "wait: 1", "endif", "wait: 2"},
-                 {"run: \"ok\"", "if: failed", "wait: 2"}},
-        FlowCase{"IfFailedWithElseRunsTheElsePart",
-                 {"run: \"ok\"", "if: failed", "wait: 1", "else", "wait: 2", "endif"},
-                 {"run: \"ok\"", "if: failed", "wait: 2", "endif"}},
-        FlowCase{"ThenPartSkipsTheElsePart",
-                 {"run: \"ok\"", "if: succeeded", "wait: 1", "else", "wait: 2", "endif", "wait: 3"},
-                 {"run: \"ok\"", "if: succeeded", "  wait: 1", "else", "wait: 3"}},
-        FlowCase{"FailedRunTakesTheFailedBranch",
-                 {"run: \"missing\"", "if: failed", "wait: 1", "endif"},
-                 {"run: \"missing\"", "if: failed", "  wait: 1", "endif"},
-                 {false}},
-        FlowCase{"WhileRepeatsWhileItsBodySucceeds",
-                 {"run: \"x\"", "while: succeeded", "run: \"x\"", "endwhile", "wait: 0"},
-                 {"run: \"x\"", "while: succeeded", "  run: \"x\"", "endwhile", "while: succeeded", "  run: \"x\"",
-                  "endwhile", "while: succeeded", "wait: 0"},
-                 {true, true, false}},
-        FlowCase{"WhileAtTheFirstLineLoopsBackToIt",
-                 {"while: failed", "run: \"x\"", "endwhile"},
-                 {"while: failed", "  run: \"x\"", "endwhile", "while: failed", "  run: \"x\"", "endwhile",
-                  "while: failed"},
-                 {false, true}},
-        FlowCase{"UntilRepeatsUntilItsConditionHolds",
-                 {"repeat", "run: \"x\"", "until: succeeded", "wait: 0"},
-                 {"repeat", "  run: \"x\"", "until: succeeded", "  run: \"x\"", "until: succeeded", "  run: \"x\"",
-                  "until: succeeded", "wait: 0"},
-                 {false, false, true}},
-        FlowCase{"UntilFailedExitsOnFailure",
-                 {"repeat", "run: \"x\"", "until: failed"},
-                 {"repeat", "  run: \"x\"", "until: failed", "  run: \"x\"", "until: failed"},
-                 {true, false}},
-        FlowCase{"WaitLeavesTheEarlierOutcomeForTheIf",
-                 {"run: \"x\"", "wait: 0", "if: failed", "wait: 1", "endif"},
-                 {"run: \"x\"", "wait: 0", "if: failed", "  wait: 1", "endif"},
-                 {false}},
-        FlowCase{"CommentsAndBlanksAreNeverRunButAFirstCommentIs",
-                 {"# head", "", "  # x", "wait: 0", "#", ""},
-                 {"# head", "wait: 0"}}),
+    ::testing::Values(FlowCase{"IfFailedWithoutElseSkipsToAfterEndif",
+                               {"run: \"ok\"", "if: failed", "wait: 1", "endif", "wait: 2"},
+                               {"run: \"ok\"", "if: failed", "wait: 2"}},
+                      FlowCase{"IfFailedWithElseRunsTheElsePart",
+                               {"run: \"ok\"", "if: failed", "wait: 1", "else", "wait: 2", "endif"},
+                               {"run: \"ok\"", "if: failed", "wait: 2", "endif"}},
+                      FlowCase{"ThenPartSkipsTheElsePart",
+                               {"run: \"ok\"", "if: succeeded", "wait: 1", "else", "wait: 2", "endif", "wait: 3"},
+                               {"run: \"ok\"", "if: succeeded", "  wait: 1", "else", "wait: 3"}},
+                      FlowCase{"FailedRunTakesTheFailedBranch",
+                               {"run: \"missing\"", "if: failed", "wait: 1", "endif"},
+                               {"run: \"missing\"", "if: failed", "  wait: 1", "endif"},
+                               {false}},
+                      FlowCase{"WhileRepeatsWhileItsBodySucceeds",
+                               {"run: \"x\"", "while: succeeded", "run: \"x\"", "endwhile", "wait: 0"},
+                               {"run: \"x\"", "while: succeeded", "  run: \"x\"", "endwhile", "while: succeeded",
+                                "  run: \"x\"", "endwhile", "while: succeeded", "wait: 0"},
+                               {true, true, false},
+                               18 + 2},
+                      FlowCase{"WhileAtTheFirstLineLoopsBackToIt",
+                               {"while: failed", "run: \"x\"", "endwhile"},
+                               {"while: failed", "  run: \"x\"", "endwhile", "while: failed", "  run: \"x\"",
+                                "endwhile", "while: failed"},
+                               {false, true}},
+                      FlowCase{"UntilRepeatsUntilItsConditionHolds",
+                               {"repeat", "run: \"x\"", "until: succeeded", "wait: 0"},
+                               {"repeat", "  run: \"x\"", "until: succeeded", "  run: \"x\"", "until: succeeded",
+                                "  run: \"x\"", "until: succeeded", "wait: 0"},
+                               {false, false, true},
+                               16 + 2},
+                      FlowCase{"UntilFailedExitsOnFailure",
+                               {"repeat", "run: \"x\"", "until: failed"},
+                               {"repeat", "  run: \"x\"", "until: failed", "  run: \"x\"", "until: failed"},
+                               {true, false}},
+                      FlowCase{"WaitLeavesTheEarlierOutcomeForTheIf",
+                               {"run: \"x\"", "wait: 0", "if: failed", "wait: 1", "endif"},
+                               {"run: \"x\"", "wait: 0", "if: failed", "  wait: 1", "endif"},
+                               {false}},
+                      FlowCase{"CommentsAndBlanksAreNeverRunButAFirstCommentIs",
+                               {"# head", "", "  # x", "wait: 0", "#", ""},
+                               {"# head", "wait: 0"}}),
     [](const ::testing::TestParamInfo<FlowCase>& info) { return std::string(info.param.name); });
-
-TEST_F(InterpreterTest, QuitEndsAnAutomaticSessionAtOnceWithStatusZero) {
-  EXPECT_EQ(Play({"wait: 0", "quit", "wait: 9"}), 0);
-  EXPECT_EQ(Body().back(), "!! Quit Encountered! I am outa here! Have a nice day :)");
-  EXPECT_EQ(Ran(), (Lines{"wait: 0", "quit"}));
-  EXPECT_NE(engine.files.Find(engine.state.DebugFileNumber), nullptr);  // ended without the shut-down
-}
-
-TEST_F(InterpreterTest, WaitsAreScaledOnlyWhenWrittenWithAFullStop) {
-  host.environment["SPEED_FACTOR"] = "2";
-  Play({"wait: 0.30", "wait: 1"});
-  const Lines body = Body();
-  EXPECT_EQ(body[2], "Total Elapsed Time:  60 seconds.");
-  EXPECT_EQ(body[5], "Total Elapsed Time:  60 seconds.");
-  EXPECT_EQ(host.tenthSleeps, 1200 + 2 * 2);  // two waits, and a tenth before and after each line
-}
-
-TEST_F(InterpreterTest, BlockErrorRunsNoLineAndEndsWithStatusOne) {
-  EXPECT_EQ(Play({"wait: 0", "endwhile"}), 1);
-  EXPECT_TRUE(Ran().empty());
-  EXPECT_EQ(Log()[5], "Fatal Error:  ENDWHILE on line 2 has no matching WHILE!.");
-}
-
-TEST_F(InterpreterTest, DebugOffSilencesTraceLinesButNotReports) {
-  host.unstartable.insert("missing");
-  Play({"debug: off", "wait: 1", "run: \"missing\"", "debug: on", "wait: 0"});
-  const Lines body = Body();
-  EXPECT_EQ(body[1], "==> debug: off");
-  EXPECT_EQ(body[3], "-----------------------------------------------------------------------------");
-  EXPECT_EQ(body[5], "Unable to execute program:  missing -> File not found.");
-  EXPECT_EQ(body[11], "");
-  EXPECT_EQ(body[12], "==> wait: 0");
-  EXPECT_EQ(body.size(), 14u);
-}
-
-TEST_F(InterpreterTest, WindowCommandsWithoutAutomationAreReportedAndTheRunGoesOn) {
-  EXPECT_EQ(Play({"sendbuttons: sl", "wait: 0"}), 0);
-  const Lines body = Body();
-  EXPECT_EQ(body[2], "Total Elapsed Time:  1 second.");
-  EXPECT_EQ(body[6], "Window and input commands are not available in this program.");
-  EXPECT_EQ(Ran().back(), "wait: 0");
-}
 
 class InteractiveInterpreterTest : public EngineTest {
  protected:
@@ -193,24 +157,19 @@ class InteractiveInterpreterTest : public EngineTest {
   }
 };
 
-TEST_F(InteractiveInterpreterTest, EmptyLineSaysSoAndQuitOnlyLogs) {
-  Load({"", "quit", "wait: 0"});
+TEST_F(InteractiveInterpreterTest, EmptyAndUnknownLinesSaySoAndQuitOnlyLogs) {
+  Load({"", "jump: 5", "quit", "wait: 0"});
   Step();
   EXPECT_EQ(engine.DebugWindow.Items(), (Lines{"", "Info:  No Command found."}));
   EXPECT_EQ(host.beeps, 1);
-  EXPECT_EQ(engine.TraceWindow.Selected(), 1);
-  Step();
-  EXPECT_EQ(engine.DebugWindow.Items().back(), "!! Quit Encountered! I am outa here! Have a nice day :)");
-  EXPECT_EQ(engine.TraceWindow.Selected(), 2);
-  EXPECT_FALSE(engine.state.StopRunning);
-}
-
-TEST_F(InteractiveInterpreterTest, UnknownLineIsReportedAndSkipped) {
-  Load({"jump: 5", "wait: 0"});
+  engine.DebugWindow.Clear();
   Step();
   EXPECT_EQ(engine.DebugWindow.Items(),
             Go_On_Block("Unknown Command:  jump: 5", -1, "Velmora.(General).Process_Command.UnknownCommandError.1"));
-  EXPECT_EQ(engine.TraceWindow.Selected(), 1);
+  Step();
+  EXPECT_EQ(engine.DebugWindow.Items().back(), "!! Quit Encountered! I am outa here! Have a nice day :)");
+  EXPECT_EQ(engine.TraceWindow.Selected(), 3);
+  EXPECT_FALSE(engine.state.StopRunning);
 }
 
 }  // namespace

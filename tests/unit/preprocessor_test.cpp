@@ -52,7 +52,7 @@ TEST_F(PreprocessorTest, IndentsBlockBodiesButNeverQuit) {
   Preprocess({"  while: failed ", "if: failed", "wait: 1", " # inner", "quit", "endif", "endwhile", "   # note"},
              false);
   EXPECT_EQ(Trace(), (Lines{"while: failed", "  if: failed", "    wait: 1", "    # inner", "quit", "  endif",
-                            "endwhile", "# note"}));
+                            "endwhile", "# note"}));  // and no lines set in
 }
 
 TEST_F(PreprocessorTest, UnknownWordIsReportedMarkedAndLeftOutOfBlocks) {
@@ -66,82 +66,70 @@ TEST_F(PreprocessorTest, UnknownWordIsReportedMarkedAndLeftOutOfBlocks) {
   EXPECT_TRUE(engine.state.LastCommandSucceeded);
 }
 
-struct BlockErrorCase {
-  Lines script;
-  std::string message;
-  std::string location;
-  long selected;
-};
-
-class BlockErrorTest : public PreprocessorTest, public ::testing::WithParamInterface<BlockErrorCase> {};
-
-TEST_P(BlockErrorTest, StopsThePassAtTheFirstBlockError) {
-  const BlockErrorCase& c = GetParam();
-  Preprocess(c.script);
-  EXPECT_EQ(engine.DebugWindow.Items(),
-            Fatal_Block(c.message, -1, "Velmora.(General).Preprocess_Command." + c.location));
-  EXPECT_EQ(engine.TraceWindow.Selected(), c.selected);
-  EXPECT_TRUE(engine.state.StopRunning);
-  EXPECT_FALSE(engine.state.LastCommandSucceeded);
-}
-
-INSTANTIATE_TEST_SUITE_P(
-    EveryBlockError, BlockErrorTest,
-    ::testing::Values(
-        BlockErrorCase{{"repeat", "while: failed", "until: failed", "endwhile"},
-                       "UNTIL on line 3 is on a different level then its matching REPEAT!", "LogicalBlocksCrossError.1",
-                       2},
-        BlockErrorCase{{"wait: 1", "until: failed"}, "UNTIL on line 2 has no matching REPEAT!",
-                       "NoMatchingRepeatError.1", 1},
-        BlockErrorCase{{"if: failed", "while: failed", "else"},
-                       "ELSE on line 3 is on a different level then its matching IF!", "LogicalBlocksCrossError.2", 2},
-        BlockErrorCase{{"else"}, "ELSE on line 1 has no matching IF!", "NoMatchingIfError.1", 0},
-        BlockErrorCase{{"if: failed", "else", "else", "endif"}, "ELSE on line 3 has no matching IF!",
-                       "NoMatchingIfError.1", 2},
-        BlockErrorCase{{"if: failed", "repeat", "endif"},
-                       "ENDIF on line 3 is on a different level then its matching IF!", "LogicalBlocksCrossError.3", 2},
-        BlockErrorCase{{"endif"}, "ENDIF on line 1 has no matching IF!", "NoMatchingIfError.2", 0},
-        // The else part stands at the level of its if, so inside another block
-        // the endif of an if with an else is one level too shallow.
-        BlockErrorCase{{"while: failed", "if: failed", "else", "endif", "endwhile"},
-                       "ENDIF on line 4 is on a different level then its matching IF!", "LogicalBlocksCrossError.3", 3},
-        BlockErrorCase{{"while: failed", "if: succeeded", "endwhile", "endif"},
-                       "ENDWHILE on line 3 is on a different level then its matching WHILE!",
-                       "LogicalBlocksCrossError.4", 2},
-        BlockErrorCase{{"if: failed", "endif", "endwhile"}, "ENDWHILE on line 3 has no matching WHILE!",
-                       "NoMatchingWhileError.1", 2},
-        BlockErrorCase{{"test: \"a\" = \"a\"", "if: failed"}, "IF on line 2 has no matching ENDIF!",
-                       "NoMatchingEndIfError.1", 1},
-        BlockErrorCase{{"while: failed", "if: failed", "endif"}, "WHILE on line 1 has no matching ENDWHILE!",
-                       "NoMatchingEndWhileError.1", 0},
-        BlockErrorCase{{"repeat", "while: failed"}, "REPEAT on line 1 has no matching UNTIL!",
-                       "NoMatchingUntilError.1", 0}),
-    [](const ::testing::TestParamInfo<BlockErrorCase>& info) {
-      return info.param.location.substr(0, info.param.location.size() - 2) + std::to_string(info.index);
-    });
-
-TEST_F(PreprocessorTest, BlockErrorLeavesTheLaterLinesAsTheyWere) {
+TEST_F(PreprocessorTest, StopsThePassAtTheFirstBlockError) {
+  struct Row {
+    Lines script;
+    std::string message, location;
+    long selected;
+  };
+  const Row rows[] = {
+      {{"repeat", "while: failed", "until: failed", "endwhile"},
+       "UNTIL on line 3 is on a different level then its matching REPEAT!",
+       "LogicalBlocksCrossError.1",
+       2},
+      {{"wait: 1", "until: failed"}, "UNTIL on line 2 has no matching REPEAT!", "NoMatchingRepeatError.1", 1},
+      {{"if: failed", "while: failed", "else"},
+       "ELSE on line 3 is on a different level then its matching IF!",
+       "LogicalBlocksCrossError.2",
+       2},
+      {{"else"}, "ELSE on line 1 has no matching IF!", "NoMatchingIfError.1", 0},
+      {{"if: failed", "else", "else", "endif"}, "ELSE on line 3 has no matching IF!", "NoMatchingIfError.1", 2},
+      {{"if: failed", "repeat", "endif"},
+       "ENDIF on line 3 is on a different level then its matching IF!",
+       "LogicalBlocksCrossError.3",
+       2},
+      {{"endif"}, "ENDIF on line 1 has no matching IF!", "NoMatchingIfError.2", 0},
+      // The else part stands at the level of its if, so inside another block
+      // the endif of an if with an else is one level too shallow.
+      {{"while: failed", "if: failed", "else", "endif", "endwhile"},
+       "ENDIF on line 4 is on a different level then its matching IF!",
+       "LogicalBlocksCrossError.3",
+       3},
+      {{"while: failed", "if: succeeded", "endwhile", "endif"},
+       "ENDWHILE on line 3 is on a different level then its matching WHILE!",
+       "LogicalBlocksCrossError.4",
+       2},
+      {{"if: failed", "endif", "endwhile"}, "ENDWHILE on line 3 has no matching WHILE!", "NoMatchingWhileError.1", 2},
+      {{"test: \"a\" = \"a\"", "if: failed"}, "IF on line 2 has no matching ENDIF!", "NoMatchingEndIfError.1", 1},
+      {{"while: failed", "if: failed", "endif"},
+       "WHILE on line 1 has no matching ENDWHILE!",
+       "NoMatchingEndWhileError.1",
+       0},
+      {{"repeat", "while: failed"}, "REPEAT on line 1 has no matching UNTIL!", "NoMatchingUntilError.1", 0},
+  };
+  for (const Row& row : rows) {
+    Preprocess(row.script);
+    EXPECT_EQ(engine.DebugWindow.Items(),
+              Fatal_Block(row.message, -1, "Velmora.(General).Preprocess_Command." + row.location))
+        << row.message;
+    EXPECT_EQ(engine.TraceWindow.Selected(), row.selected) << row.message;
+    EXPECT_TRUE(engine.state.StopRunning);
+    EXPECT_FALSE(engine.state.LastCommandSucceeded);
+    engine.state.StopRunning = false;
+  }
+  // The later lines stay as they were, and an automatic session ends.
   Preprocess({"if: failed", "endwhile", "  wait: 1  "});
   EXPECT_EQ(Trace(), (Lines{"if: failed", "endwhile", "", "  wait: 1  "}));
-}
-
-TEST_F(PreprocessorTest, BlockErrorInAnAutomaticSessionEndsIt) {
   EXPECT_EQ(Exit_Status_Of([&] { Preprocess({"endif"}, false); }), 1);
 }
 
 TEST_F(PreprocessorTest, InteractiveReformatSetsBlocksApartWithEmptyLines) {
-  Preprocess({"wait: 1", "if: failed", "wait: 2", "endif", "wait: 3", "test: \"a\" = \"b\"", "while: failed",
-              "repeat", "until: failed", "endwhile", "else: x"});
+  Preprocess({"wait: 1", "if: failed", "wait: 2", "endif", "wait: 3", "test: \"a\" = \"b\"", "while: failed", "repeat",
+              "until: failed", "endwhile", "else: x"});
   EXPECT_EQ(Trace(), (Lines{"wait: 1", "", "if: failed", "  wait: 2", "endif", "", "wait: 3", "test: \"a\" = \"b\"",
                             "while: failed", "  repeat", "  until: failed", "endwhile", "else: x"}));
   // The else after the endwhile has no if: the reformatting is still done before the error.
   EXPECT_EQ(Table(), (Lines{"ix2;0,4", "we8,11", "ru9,10"}));
-}
-
-TEST_F(PreprocessorTest, AutomaticSessionNeverInsertsLines) {
-  Preprocess({"wait: 1", "if: failed", "endif", "wait: 3"}, false);
-  EXPECT_EQ(Trace().size(), 4u);
-  EXPECT_EQ(Table(), Lines{"ix1;0,2"});
 }
 
 TEST_F(PreprocessorTest, BreakpointMarkStaysAndIsReadThroughOnlyInTheEditor) {

@@ -7,6 +7,8 @@
 namespace velmora::testing {
 namespace {
 
+using Lines = std::vector<std::string>;
+
 // Records the lines it is asked to run and runs each as nothing.
 class RecordingRunner : public ScriptRunner {
  public:
@@ -16,8 +18,10 @@ class RecordingRunner : public ScriptRunner {
   void Process_Line(Engine& engine) override {
     ran.push_back(engine.TraceWindow.Selected());
     const long next = Next_Executeable_Statement(engine, engine.TraceWindow.Selected());
-    if (next == -1) engine.state.StopRunning = true;
-    else engine.TraceWindow.Select(next);
+    if (next == -1)
+      engine.state.StopRunning = true;
+    else
+      engine.TraceWindow.Select(next);
   }
 };
 
@@ -30,86 +34,19 @@ class AutomaticSessionTest : public EngineTest {
   }
 };
 
-const std::vector<std::string> kHeader = {Identification_Line(), "Automatic Session Started."};
+const Lines kHeader = {Identification_Line(), "Automatic Session Started."};
 
-TEST_F(AutomaticSessionTest, WritesTheHeaderRunsEveryCommandLineAndEndsWithStatusZero) {
+TEST_F(AutomaticSessionTest, WritesTheHeaderRunsEveryCommandLineRegistersTheFileTypeAndEndsWithStatusZero) {
+  host.programPath = "C:\\My Tools\\velmora.exe";
   host.files["a.vls"] = "# first\r\n\r\nrun: \"x\"\r\n  # note\r\nwait: 1";
   EXPECT_EQ(Start("\"a.vls\" \"a.vld\""), 0);
   EXPECT_EQ(Log(), kHeader);
-  EXPECT_EQ(engine.TraceWindow.Items(),
-            (std::vector<std::string>{"# first", "", "run: \"x\"", "  # note", "wait: 1"}));
+  EXPECT_EQ(engine.TraceWindow.Items(), (Lines{"# first", "", "run: \"x\"", "  # note", "wait: 1"}));
   EXPECT_EQ(runner.preprocessed, 1);
   EXPECT_EQ(runner.ran, (std::vector<long>{0, 2, 4}));
   EXPECT_FALSE(engine.state.InteractiveSession);
-  EXPECT_TRUE(engine.editor.ScriptRunning);
   EXPECT_EQ(engine.files.Find(engine.state.DebugFileNumber), nullptr);
   EXPECT_EQ(host.beeps, 1);
-}
-
-TEST_F(AutomaticSessionTest, SpeedFactorLineAppearsOnlyForAUsableFactorOtherThanOne) {
-  struct Case {
-    const char* value;  // nullptr: unset
-    const char* separator;
-    const char* line;   // nullptr: no line
-  };
-  const Case cases[] = {{"2.5", ".", "SPEED_FACTOR IN USE:  2.5"}, {"2.5", ",", "SPEED_FACTOR IN USE:  2,5"},
-                        {" .5 ", ".", "SPEED_FACTOR IN USE:  0.5"}, {"3", ".", "SPEED_FACTOR IN USE:  3"},
-                        {"0", ".", nullptr},  {"-2", ".", nullptr}, {"fast", ".", nullptr},
-                        {"", ".", nullptr},   {"1.0", ".", nullptr}, {nullptr, ".", nullptr}};
-  for (const Case& c : cases) {
-    SimHost caseHost;
-    SimRegistry caseRegistry;
-    Engine caseEngine(caseHost, caseRegistry);
-    RecordingRunner caseRunner;
-    caseHost.files["a.vls"] = "";
-    caseHost.decimalSeparator = c.separator;
-    if (c.value) caseHost.environment["SPEED_FACTOR"] = c.value;
-    caseHost.commandLine = "\"a.vls\" a.vld";
-    try {
-      Form_Load(caseEngine, caseRunner);
-    } catch (const ProcessEnded&) {
-    }
-    std::vector<std::string> expected = kHeader;
-    if (c.line) expected.push_back(c.line);
-    EXPECT_EQ(caseHost.Lines("a.vld"), expected) << (c.value ? c.value : "(unset)");
-  }
-}
-
-TEST_F(AutomaticSessionTest, NofileInAnyCaseRunsWithoutADebugFile) {
-  for (const char* word : {"nofile", "NoFile", "NOFILE"}) {
-    host.files = {{"a.vls", "# only\r\n"}};
-    engine.state = RunState{};
-    EXPECT_EQ(Start(std::string("\"a.vls\" ") + word), 0) << word;
-    EXPECT_EQ(host.files.size(), 1u) << word;
-    EXPECT_FALSE(engine.state.DebugFileOpen);
-  }
-}
-
-TEST_F(AutomaticSessionTest, MissingScriptEndsWithTheFatalBlock) {
-  EXPECT_EQ(Start("\"gone.vls\" \"a.vld\""), 1);
-  EXPECT_EQ(Log(), Fatal_Block("Unable to Open gone.vls for Input -> File not found", 53,
-                               "Velmora.(General).Initial_Setup.OpenInput.5"));
-  EXPECT_TRUE(runner.ran.empty());
-}
-
-TEST_F(AutomaticSessionTest, UncreatableDebugFileEndsWithStatusOne) {
-  host.files["a.vls"] = "# x";
-  host.unopenable.insert("locked.vld");
-  EXPECT_EQ(Start("\"a.vls\" \"locked.vld\""), 1);
-  EXPECT_EQ(host.files.count("locked.vld"), 0u);
-}
-
-TEST_F(AutomaticSessionTest, EmptyScriptGivesAnEmptyTraceAndStillEnds) {
-  host.files["a.vls"] = "";
-  EXPECT_EQ(Start("\"a.vls\" \"a.vld\""), 0);
-  EXPECT_EQ(engine.TraceWindow.Count(), 0u);
-  EXPECT_EQ(Log(), kHeader);
-}
-
-TEST_F(AutomaticSessionTest, RegistersTheScriptFileTypeOnEveryStart) {
-  host.programPath = "C:\\My Tools\\velmora.exe";
-  host.files["a.vls"] = "";
-  Start("\"a.vls\" nofile");
   const auto value = [&](const std::string& key) {
     return registry.QueryString(RegistryRoot::ClassesRoot, key, "").value_or("(missing)");
   };
@@ -119,17 +56,48 @@ TEST_F(AutomaticSessionTest, RegistersTheScriptFileTypeOnEveryStart) {
   EXPECT_EQ(value("velmora\\DefaultIcon"), "C:\\Program Files\\Velmora\\velmora.exe,0");
 }
 
+TEST_F(AutomaticSessionTest, SpeedFactorLineAppearsOnlyForAUsableFactorOtherThanOne) {
+  const std::tuple<const char*, const char*, const char*> rows[] = {// value (nullptr: unset), separator, line
+                                                                    {"2.5", ",", "SPEED_FACTOR IN USE:  2,5"},
+                                                                    {" .5 ", ".", "SPEED_FACTOR IN USE:  0.5"},
+                                                                    {"-2", ".", nullptr},
+                                                                    {"1.0", ".", nullptr},
+                                                                    {nullptr, ".", nullptr}};
+  for (const auto& [value, separator, line] : rows) {
+    SimHost rowHost;
+    Engine rowEngine(rowHost, registry);
+    rowHost.files["a.vls"] = "";
+    rowHost.decimalSeparator = separator;
+    if (value) rowHost.environment["SPEED_FACTOR"] = value;
+    rowHost.commandLine = "\"a.vls\" a.vld";
+    try {
+      Form_Load(rowEngine, runner);
+    } catch (const ProcessEnded&) {
+    }
+    Lines expected = kHeader;
+    if (line) expected.push_back(line);
+    EXPECT_EQ(rowHost.Lines("a.vld"), expected) << (value ? value : "(unset)");
+  }
+}
+
+TEST_F(AutomaticSessionTest, AScriptOrLogThatCannotBeOpenedEndsWithStatusOne) {
+  EXPECT_EQ(Start("\"gone.vls\" \"a.vld\""), 1);
+  EXPECT_EQ(Log(), Fatal_Block("Unable to Open gone.vls for Input -> File not found", 53,
+                               "Velmora.(General).Initial_Setup.OpenInput.5"));
+  EXPECT_TRUE(runner.ran.empty());
+  host.files = {{"a.vls", "# x"}};
+  host.unopenable.insert("locked.vld");
+  engine.state = RunState{};
+  EXPECT_EQ(Start("\"a.vls\" \"locked.vld\""), 1);
+  EXPECT_EQ(host.files.count("locked.vld"), 0u);
+}
+
 TEST_F(AutomaticSessionTest, WithoutBothNamesTheEditorLoadsWithSpeedFactorOne) {
   host.environment["SPEED_FACTOR"] = "4";
   EXPECT_EQ(Start("C:\\s\\setup.vls"), -1);
   EXPECT_EQ(engine.editor.ScriptFileName, "\"C:\\s\\setup.vls\"");
   EXPECT_EQ(engine.editor.DebugFileName, "");
   EXPECT_EQ(engine.state.SpeedFactor, 1.0);
-
-  Engine empty(host, registry);
-  host.commandLine = "";
-  Form_Load(empty, runner);
-  EXPECT_EQ(empty.editor.ScriptFileName, "");
   EXPECT_TRUE(host.files.empty());
 }
 
@@ -151,38 +119,39 @@ class InteractiveSetupTest : public EngineTest {
 TEST_F(InteractiveSetupTest, LogsTheSessionAndLoadsTheScriptBelowAHeaderLine) {
   host.files["a.vls"] = "run: \"x\"\r\n# end";
   Run_Setup();
-  const std::vector<std::string> expected = {"Interactive Session Started.  --> 21/11/2026 10:20:30",
-                                             "Info: Debug File Open:  a.vld", "Info: Script File Open:  a.vls"};
+  const Lines expected = {"Interactive Session Started.  --> 21/11/2026 10:20:30", "Info: Debug File Open:  a.vld",
+                          "Info: Script File Open:  a.vls"};
   EXPECT_EQ(Log(), expected);
   EXPECT_EQ(engine.DebugWindow.Items(), expected);
-  EXPECT_EQ(engine.TraceWindow.Items(), (std::vector<std::string>{Trace_Header_Line(), "run: \"x\"", "# end"}));
-  EXPECT_EQ(surface.fonts, (std::vector<std::string>{"Lucida Console", "Courier New"}));
-  EXPECT_EQ(host.beeps, 1);
+  EXPECT_EQ(engine.TraceWindow.Items(), (Lines{Trace_Header_Line(), "run: \"x\"", "# end"}));
+  EXPECT_EQ(surface.fonts, (Lines{"Lucida Console", "Courier New"}));
   EXPECT_TRUE(engine.state.DebugOn);
 }
 
 TEST_F(InteractiveSetupTest, MissingScriptBecomesANewEmptyScript) {
   Run_Setup();
-  EXPECT_EQ(host.files.count("a.vls"), 1u);
-  EXPECT_EQ(host.files["a.vls"], "");
-  EXPECT_EQ(engine.TraceWindow.Items(), std::vector<std::string>{Trace_Header_Line()});
+  EXPECT_EQ(host.files.at("a.vls"), "");
+  EXPECT_EQ(engine.TraceWindow.Items(), Lines{Trace_Header_Line()});
   EXPECT_FALSE(engine.state.StopRunning);
 }
 
-TEST_F(InteractiveSetupTest, ALaterScriptKeepsWritingTheSameDebugFileAndANewSectionIsMarked) {
-  host.files["a.vls"] = "";
+TEST_F(InteractiveSetupTest, ALaterScriptKeepsWritingTheSameDebugFileUntilShutDown) {
+  host.files = {{"a.vls", ""}, {"b.vls", ""}};
   Run_Setup();
-  host.files["b.vls"] = "";
   engine.editor.ScriptFileName = "\"b.vls\"";
   Run_Setup();
   EXPECT_EQ(Log().size(), 6u);  // not truncated by the second setup
-
   engine.editor.NewSection = true;
   Run_Setup();
   EXPECT_EQ(engine.DebugWindow.Item(6), std::string(63, '^'));
   EXPECT_EQ(Log().size(), 9u);  // the separator is shown in the window only
-  EXPECT_EQ(Log()[6].rfind("Interactive Session Started.", 0), 0u);
   EXPECT_FALSE(engine.editor.NewSection);
+  host.unclosable.insert("a.vld");
+  RunState& s = engine.state;
+  Shut_Down(engine, true, s.ScriptFileNumber, s.DebugFileNumber);
+  EXPECT_EQ(engine.DebugWindow.Item(13), "Unable to Close file -> Device I/O error.");
+  EXPECT_EQ(engine.DebugWindow.Item(15), "Error Location:  Velmora.(General).Shut_Down.Close.2");
+  EXPECT_FALSE(s.StopRunning);
 }
 
 TEST_F(EngineTest, NextExecuteableStatementSkipsBlanksAndComments) {
@@ -193,25 +162,9 @@ TEST_F(EngineTest, NextExecuteableStatementSkipsBlanksAndComments) {
 }
 
 TEST_F(EngineTest, PauseTenthsSleepsNinetyFiveMillisecondsAndYieldsEachTenth) {
-  Pause_Tenths(engine, 600);
-  Pause_Tenths(engine, 0);
-  Pause_Tenths(engine, -3);
+  for (long tenths : {600, 0, -3}) Pause_Tenths(engine, tenths);
   EXPECT_EQ(host.sleptMs, 600 * 95);
   EXPECT_EQ(host.doEvents, 600);
-}
-
-TEST_F(EngineTest, ShutDownReportsAFailedCloseAndGoesOn) {
-  engine.state.InteractiveSession = true;
-  host.unclosable.insert("a.vld");
-  engine.editor.ScriptFileName = "\"a.vls\"";
-  engine.editor.DebugFileName = "a.vld";
-  host.files["a.vls"] = "";
-  RunState& s = engine.state;
-  Initial_Setup(engine, true, s.DebugOn, s.StopRunning, s.ScriptFileNumber, s.DebugFileNumber);
-  Shut_Down(engine, true, s.ScriptFileNumber, s.DebugFileNumber);
-  EXPECT_EQ(engine.DebugWindow.Item(6), "Unable to Close file -> Device I/O error.");
-  EXPECT_EQ(engine.DebugWindow.Item(8), "Error Location:  Velmora.(General).Shut_Down.Close.2");
-  EXPECT_FALSE(s.StopRunning);
 }
 
 }  // namespace

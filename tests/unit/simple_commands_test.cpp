@@ -20,9 +20,12 @@ TEST_F(SimpleCommandsTest, WaitLogsTheTotalFirstAndPausesAtMostAMinuteAtATime) {
     const char* line;
     long long tenths;
   };
-  const Case cases[] = {{0, "Total Elapsed Time:  0 seconds.", 0},      {1, "Total Elapsed Time:  1 second.", 10},
-                        {90, "Total Elapsed Time:  90 seconds.", 900},  {150, "Total Elapsed Time:  150 seconds.", 1500},
-                        {-4, "Total Elapsed Time:  -4 seconds.", 0},    {60, "Total Elapsed Time:  60 seconds.", 600},
+  const Case cases[] = {{0, "Total Elapsed Time:  0 seconds.", 0},
+                        {1, "Total Elapsed Time:  1 second.", 10},
+                        {90, "Total Elapsed Time:  90 seconds.", 900},
+                        {150, "Total Elapsed Time:  150 seconds.", 1500},
+                        {-4, "Total Elapsed Time:  -4 seconds.", 0},
+                        {60, "Total Elapsed Time:  60 seconds.", 600},
                         {INT32_MIN, "Total Elapsed Time:  -2147483648 seconds.", 0}};
   for (const Case& c : cases) {
     engine.DebugWindow.Clear();
@@ -33,43 +36,33 @@ TEST_F(SimpleCommandsTest, WaitLogsTheTotalFirstAndPausesAtMostAMinuteAtATime) {
   }
 }
 
-TEST_F(SimpleCommandsTest, WaitKeepsEachPauseWithinSixHundredTenths) {
-  host.sleeps = 0;
-  host.doEvents = 0;
+TEST_F(SimpleCommandsTest, WaitPausesAtMostAMinuteAtATimeAndLeavesTheSuccessFlagAlone) {
+  engine.state.LastCommandSucceeded = true;
   Wait_Command(engine, true, 150);
   // Three pauses of 600, 600 and 300 tenths: each tenth sleeps once and yields once.
   EXPECT_EQ(host.doEvents, 1500);
   EXPECT_EQ(host.sleptMs, 1500 * 95);
-}
-
-TEST_F(SimpleCommandsTest, WaitLeavesTheSuccessFlagAlone) {
-  engine.state.LastCommandSucceeded = true;
-  Wait_Command(engine, true, 2);
   EXPECT_TRUE(engine.state.LastCommandSucceeded);
 }
 
-TEST_F(SimpleCommandsTest, RunStartsTheExpandedCommandLineAndSetsTheFlag) {
+TEST_F(SimpleCommandsTest, RunStartsTheExpandedCommandLineOrReportsAndGoesOnWithTheFlagFalse) {
   host.environment["SRC"] = "D:\\disk1";
+  host.unstartable.insert("missing.exe");
   bool succeeded = false;
   RunProgram_Command(engine, true, "`SRC`\\setup.exe /q", succeeded);
   EXPECT_TRUE(succeeded);
   EXPECT_EQ(host.startedPrograms, std::vector<std::string>{"D:\\disk1\\setup.exe /q"});
-}
-
-TEST_F(SimpleCommandsTest, RunOfAMissingProgramReportsAndGoesOnWithTheFlagFalse) {
-  host.unstartable.insert("missing.exe");
-  bool succeeded = true;
+  engine.DebugWindow.Clear();
   RunProgram_Command(engine, true, "missing.exe", succeeded);
   EXPECT_FALSE(succeeded);
-  EXPECT_EQ(engine.DebugWindow.Items(),
-            Go_On_Block("Unable to execute program:  missing.exe -> File not found", 53,
-                        "Velmora.(General).RunProgram_Command.Shell.1"));
+  EXPECT_EQ(engine.DebugWindow.Items(), Go_On_Block("Unable to execute program:  missing.exe -> File not found", 53,
+                                                    "Velmora.(General).RunProgram_Command.Shell.1"));
   EXPECT_FALSE(engine.state.StopRunning);
 }
 
 TEST_F(SimpleCommandsTest, DebugIsOffOnlyForTheWordOff) {
-  const std::pair<const char*, bool> cases[] = {{"off", false}, {" off ", false}, {"on", true}, {"OFF", true},
-                                                {"", true}};
+  const std::pair<const char*, bool> cases[] = {
+      {"off", false}, {" off ", false}, {"on", true}, {"OFF", true}, {"", true}};
   for (const auto& [text, on] : cases) {
     bool debugOn = !on;
     engine.state.LastCommandSucceeded = true;

@@ -30,16 +30,11 @@ LRESULT CALLBACK Recording_Procedure(HWND window, UINT message, WPARAM wParam, L
         break;
       case WM_LBUTTONDOWN:
       case WM_LBUTTONUP:
-      case WM_LBUTTONDBLCLK:
       case WM_RBUTTONDOWN:
       case WM_RBUTTONUP:
-      case WM_RBUTTONDBLCLK:
       case WM_MBUTTONDOWN:
       case WM_MBUTTONUP:
-      case WM_MBUTTONDBLCLK:
-        record->buttons.push_back({message,
-                                   {static_cast<short>(LOWORD(lParam)), static_cast<short>(HIWORD(lParam))},
-                                   static_cast<DWORD>(GetMessageTime())});
+        record->buttons.push_back({message, {static_cast<short>(LOWORD(lParam)), static_cast<short>(HIWORD(lParam))}});
         break;
       default:
         break;
@@ -64,15 +59,8 @@ void Pump_For(DWORD milliseconds) {
   Pump_Until([] { return false; }, milliseconds);
 }
 
-int WindowRecord::Count(UINT message) const {
-  int count = 0;
-  for (const Button& b : buttons) count += b.message == message;
-  return count;
-}
-
-RecordingClass::RecordingClass(const std::string& name, UINT style) : name_(name) {
+RecordingClass::RecordingClass(const std::string& name) : name_(name) {
   WNDCLASSA wc{};
-  wc.style = style;
   wc.lpfnWndProc = Recording_Procedure;
   wc.hInstance = GetModuleHandleA(nullptr);
   wc.hCursor = LoadCursorA(nullptr, reinterpret_cast<LPCSTR>(IDC_ARROW));
@@ -114,25 +102,6 @@ HWND Windows::Child(HWND parent, const std::string& className, const std::string
   return Keep(CreateWindowExA(0, className.c_str(), text.c_str(), style | WS_CHILD | WS_VISIBLE, rect.left, rect.top,
                               rect.right - rect.left, rect.bottom - rect.top, parent,
                               reinterpret_cast<HMENU>(static_cast<INT_PTR>(id)), GetModuleHandleA(nullptr), record));
-}
-
-int Run_Keys_Window(const char* title) {
-  RecordingClass windowClass(kKeysWindowClass);
-  if (!windowClass.Registered()) return 2;
-  Windows windows;
-  HWND main = windows.TopLevel(kKeysWindowClass, title, {700, 500, 1000, 620});
-  HWND first = windows.Child(main, "Edit", "", kFirstEditId, {10, 10, 280, 32}, WS_BORDER | ES_AUTOHSCROLL);
-  HWND second = windows.Child(main, "Edit", "", kSecondEditId, {10, 50, 280, 72}, WS_BORDER | ES_AUTOHSCROLL);
-  if (!first || !second) return 3;
-  SetForegroundWindow(main);
-  SetFocus(first);
-  MSG message;
-  while (IsWindow(main) && GetMessageA(&message, nullptr, 0, 0) > 0) {
-    if (message.message == WM_CLOSE) break;
-    TranslateMessage(&message);
-    DispatchMessageA(&message);
-  }
-  return 0;
 }
 
 WindowHandle Handle(HWND window) { return static_cast<WindowHandle>(reinterpret_cast<INT_PTR>(window)); }

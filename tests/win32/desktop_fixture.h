@@ -34,19 +34,16 @@ struct WindowRecord {
   struct Button {
     UINT message;
     POINT client;
-    DWORD time;  // GetMessageTime: when the system queued the input
   };
   std::map<int, int> clicksById;  // BN_CLICKED by control identifier
   std::vector<Button> buttons;
-
-  int Count(UINT message) const;
 };
 
 // A window class registered for one test and unregistered at its end. Its
 // windows record into the WindowRecord passed at creation (may be null).
 class RecordingClass {
  public:
-  explicit RecordingClass(const std::string& name, UINT style = 0);
+  explicit RecordingClass(const std::string& name);
   ~RecordingClass();
   RecordingClass(const RecordingClass&) = delete;
   RecordingClass& operator=(const RecordingClass&) = delete;
@@ -81,14 +78,6 @@ class Windows {
   HWND Keep(HWND window);
   std::vector<HWND> windows_;
 };
-
-// The other process of the key tests: a top-level window of class
-// kKeysWindowClass with the given title and two edits, kFirstEditId (which
-// has the focus) and kSecondEditId; runs until the window is closed.
-constexpr const char* kKeysWindowClass = "VelmoraKeysWindow";
-constexpr int kFirstEditId = 1001;
-constexpr int kSecondEditId = 1002;
-int Run_Keys_Window(const char* title);
 
 WindowHandle Handle(HWND window);
 std::string ProcessTag();  // this process's identifier, to make titles and class names unique

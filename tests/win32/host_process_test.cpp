@@ -5,7 +5,6 @@
 #include <cctype>
 #include <chrono>
 #include <optional>
-#include <ostream>
 #include <string>
 #include <thread>
 
@@ -20,81 +19,38 @@ std::string Lower(std::string text) {
   return text;
 }
 
-// --- environment ----------------------------------------------------------
-
-struct EnvCase {
-  const char* name;
-  const char* setName;  // nullptr: the variable is cleared
-  std::string value;
-  const char* queryName;
-  std::optional<std::string> expected;
-};
-// Failure messages name the row instead of dumping its bytes.
-void PrintTo(const EnvCase& row, std::ostream* out) { *out << row.name; }
-
-const EnvCase kEnvCases[] = {
-    {"set", "VELMORA_TEST_VALUE", "2.5", "VELMORA_TEST_VALUE", "2.5"},
-    {"blanks_kept", "VELMORA_TEST_VALUE", " a b ", "VELMORA_TEST_VALUE", " a b "},
-    {"unset", nullptr, "", "VELMORA_TEST_VALUE", std::nullopt},
-    {"names_ignore_case", "VELMORA_TEST_VALUE", "x", "velmora_test_value", "x"},
-    {"long_value", "VELMORA_TEST_VALUE", std::string(5000, 'v'), "VELMORA_TEST_VALUE", std::string(5000, 'v')},
-    {"other_name", "VELMORA_TEST_VALUE", "x", "VELMORA_TEST_VALUE2", std::nullopt},
-    {"empty_name", "VELMORA_TEST_VALUE", "x", "", std::nullopt},
-};
-
-class GetEnvTest : public testing::TestWithParam<EnvCase> {
- protected:
-  void TearDown() override { test::ClearEnvironment("VELMORA_TEST_VALUE"); }
-};
-
-TEST_P(GetEnvTest, ReturnsTheProcessEnvironment) {
-  const auto& row = GetParam();
+TEST(HostEnvironmentTest, GetEnvReturnsTheProcessEnvironment) {
+  const struct {
+    const char* set;  // nullptr: cleared
+    std::string value;
+    const char* query;
+    std::optional<std::string> expected;
+  } rows[] = {
+      {"VELMORA_TEST_VALUE", " a b ", "VELMORA_TEST_VALUE", " a b "},
+      {nullptr, "", "VELMORA_TEST_VALUE", std::nullopt},
+      {"VELMORA_TEST_VALUE", "x", "velmora_test_value", "x"},  // names ignore case
+      {"VELMORA_TEST_VALUE", std::string(5000, 'v'), "VELMORA_TEST_VALUE", std::string(5000, 'v')},
+      {"VELMORA_TEST_VALUE", "x", "VELMORA_TEST_VALUE2", std::nullopt},
+      {"VELMORA_TEST_VALUE", "x", "", std::nullopt},
+  };
+  Win32Host host;
+  for (const auto& row : rows) {
+    test::ClearEnvironment("VELMORA_TEST_VALUE");
+    if (row.set) test::SetEnvironment(row.set, row.value);
+    EXPECT_EQ(host.GetEnv(row.query), row.expected) << row.query;
+  }
   test::ClearEnvironment("VELMORA_TEST_VALUE");
-  if (row.setName) test::SetEnvironment(row.setName, row.value);
-  Win32Host host;
-  EXPECT_EQ(host.GetEnv(row.queryName), row.expected);
 }
-
-INSTANTIATE_TEST_SUITE_P(Variables, GetEnvTest, testing::ValuesIn(kEnvCases),
-                         [](const auto& info) { return std::string(info.param.name); });
-
-// --- starting programs ----------------------------------------------------
-
-struct MissingProgramCase {
-  const char* name;
-  const char* commandLine;
-};
-void PrintTo(const MissingProgramCase& row, std::ostream* out) { *out << row.name; }
-
-const MissingProgramCase kMissingPrograms[] = {
-    {"unknown_name", "velmora_no_such_program.exe"},
-    {"missing_folder", "C:\\velmora no such folder\\setup.exe /s"},
-    {"quoted_missing", "\"C:\\velmora no such folder\\setup.exe\" /s"},
-    {"empty", ""},
-};
-
-class StartMissingProgramTest : public testing::TestWithParam<MissingProgramCase> {};
-
-TEST_P(StartMissingProgramTest, ReturnsMinusOneWithText) {
-  Win32Host host;
-  SystemError error;
-  EXPECT_EQ(host.StartProgram(GetParam().commandLine, WindowStyle::NormalFocus, error), -1);
-  EXPECT_NE(error.code, 0);
-  EXPECT_FALSE(error.text.empty());
-}
-
-INSTANTIATE_TEST_SUITE_P(CommandLines, StartMissingProgramTest, testing::ValuesIn(kMissingPrograms),
-                         [](const auto& info) { return std::string(info.param.name); });
 
 // The program really runs, with the command line's arguments: cmd writes a
-// file that only it can have written.
-TEST(StartProgramTest, StartsTheProgramWithItsArguments) {
+// file that only it can have written. A missing program gives -1 and a text.
+TEST(StartProgramTest, StartsTheProgramWithItsArgumentsOrSaysWhyNot) {
   test::ScratchDir dir;
   const auto marker = dir.Path("started.txt");
   Win32Host host;
   SystemError error;
-  const long task =
-      host.StartProgram(test::SystemFile("cmd.exe") + " /c echo started>\"" + marker + "\"", WindowStyle::Hidden, error);
+  const long task = host.StartProgram(test::SystemFile("cmd.exe") + " /c echo started>\"" + marker + "\"",
+                                      WindowStyle::Hidden, error);
   ASSERT_GT(task, 0) << error.text;
   std::optional<std::string> content;
   for (int tries = 0; tries < 100 && content.value_or("").empty(); ++tries) {
@@ -102,6 +58,13 @@ TEST(StartProgramTest, StartsTheProgramWithItsArguments) {
     content = test::ReadBytes(marker);
   }
   EXPECT_EQ(content, "started\r\n");
+  for (const char* missing : {"velmora_no_such_program.exe", "C:\\velmora no such folder\\setup.exe /s",
+                              "\"C:\\velmora no such folder\\setup.exe\" /s", ""}) {
+    SystemError failure;
+    EXPECT_EQ(host.StartProgram(missing, WindowStyle::NormalFocus, failure), -1) << missing;
+    EXPECT_NE(failure.code, 0) << missing;
+    EXPECT_FALSE(failure.text.empty()) << missing;
+  }
 }
 
 // The script goes on while the installer runs; the task identifier is the
@@ -109,15 +72,14 @@ TEST(StartProgramTest, StartsTheProgramWithItsArguments) {
 TEST(StartProgramTest, ReturnsAtOnceWithTheProcessIdentifier) {
   Win32Host host;
   SystemError error;
+  const std::string path = host.ProgramPath();
+  EXPECT_EQ(Lower(path.substr(path.rfind('\\') + 1)), "velmora_win32_tests.exe");
   const auto start = std::chrono::steady_clock::now();
-  const long task = host.StartProgram("\"" + host.ProgramPath() + "\" --sleep 3000", WindowStyle::Hidden, error);
-  const auto elapsed = std::chrono::steady_clock::now() - start;
+  const long task = host.StartProgram("\"" + path + "\" --sleep 3000", WindowStyle::Hidden, error);
   ASSERT_GT(task, 0) << error.text;
-  EXPECT_LT(elapsed, std::chrono::milliseconds(2500));
+  EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::milliseconds(2500));
   EXPECT_EQ(test::WaitForProcess(task, 20000), 7UL);
 }
-
-// --- current directory and drive ------------------------------------------
 
 class CurrentDirectoryTest : public testing::Test {
  protected:
@@ -126,75 +88,38 @@ class CurrentDirectoryTest : public testing::Test {
   std::string previous_;
 };
 
-TEST_F(CurrentDirectoryTest, ChangeDirectoryMakesRelativePathsResolveThere) {
+TEST_F(CurrentDirectoryTest, ChangeDirectoryMakesRelativePathsResolveThereOrFailsAndStays) {
   test::ScratchDir dir;
   test::WriteBytes(dir.Path("here.vls"), "# here\r\n");
   Win32Host host;
   SystemError error;
   ASSERT_TRUE(host.ChangeDirectory(dir.Root(), error)) << error.text;
   EXPECT_EQ(Lower(test::CurrentDirectory()), Lower(dir.Root()));
-  auto file = host.OpenText("here.vls", FileMode::Input, error);
-  ASSERT_NE(file, nullptr) << error.text;
-  std::string line;
-  EXPECT_TRUE(file->ReadLine(line, error));
-  EXPECT_EQ(line, "# here");
-}
-
-TEST_F(CurrentDirectoryTest, ChangeDirectoryToMissingFolderFailsAndStays) {
-  test::ScratchDir dir;
-  ASSERT_TRUE(test::SetCurrent(dir.Root()));
-  Win32Host host;
-  SystemError error;
+  EXPECT_EQ(host.OpenText("here.vls", FileMode::Input, error) != nullptr, true) << error.text;
   EXPECT_FALSE(host.ChangeDirectory(dir.Path("missing"), error));
-  EXPECT_NE(error.code, 0);
   EXPECT_FALSE(error.text.empty());
   EXPECT_EQ(Lower(test::CurrentDirectory()), Lower(dir.Root()));
 }
 
-struct DriveCase {
-  const char* name;
-  const char* drive;
-  bool succeeds;
-  char expectedDrive;  // the current directory's drive letter afterwards
-};
-void PrintTo(const DriveCase& row, std::ostream* out) { *out << row.name; }
-
 // Wine gives every prefix the drives C: (the prefix) and Z: (the Unix root);
 // nothing is mapped to Q:.
-const DriveCase kDriveCases[] = {
-    {"letter", "Z", true, 'z'},
-    {"lower_case_with_colon", "c:", true, 'c'},
-    {"path_uses_only_the_letter", "Z:\\no such folder", true, 'z'},
-    {"unmapped_drive", "Q", false, 'c'},
-    {"not_a_letter", "1", false, 'c'},
-    {"empty", "", false, 'c'},
-};
-
-class ChangeDriveTest : public CurrentDirectoryTest, public testing::WithParamInterface<DriveCase> {};
-
-TEST_P(ChangeDriveTest, ChangesToTheDrive) {
-  ASSERT_TRUE(test::SetCurrent("C:\\"));
+TEST_F(CurrentDirectoryTest, ChangeDriveChangesToTheDriveOfItsFirstLetter) {
+  const struct {
+    const char* drive;
+    bool succeeds;
+    char after;  // the current directory's drive letter afterwards
+  } rows[] = {{"Z", true, 'z'},  {"c:", true, 'c'}, {"Z:\\no such folder", true, 'z'},
+              {"Q", false, 'c'}, {"1", false, 'c'}, {"", false, 'c'}};
   Win32Host host;
-  SystemError error;
-  EXPECT_EQ(host.ChangeDrive(GetParam().drive, error), GetParam().succeeds) << error.text;
-  if (!GetParam().succeeds) {
-    EXPECT_FALSE(error.text.empty());
+  for (const auto& row : rows) {
+    ASSERT_TRUE(test::SetCurrent("C:\\"));
+    SystemError error;
+    EXPECT_EQ(host.ChangeDrive(row.drive, error), row.succeeds) << row.drive << ": " << error.text;
+    if (!row.succeeds) {
+      EXPECT_FALSE(error.text.empty()) << row.drive;
+    }
+    EXPECT_EQ(Lower(test::CurrentDirectory()).substr(0, 2), std::string(1, row.after) + ":") << row.drive;
   }
-  EXPECT_EQ(Lower(test::CurrentDirectory()).substr(0, 2), std::string(1, GetParam().expectedDrive) + ":");
-}
-
-INSTANTIATE_TEST_SUITE_P(Drives, ChangeDriveTest, testing::ValuesIn(kDriveCases),
-                         [](const auto& info) { return std::string(info.param.name); });
-
-// --- the program itself ---------------------------------------------------
-
-TEST(ProgramPathTest, IsTheRunningExecutable) {
-  Win32Host host;
-  const auto path = host.ProgramPath();
-  EXPECT_TRUE(test::FileExists(path)) << path;
-  const std::string name = "velmora_win32_tests.exe";
-  ASSERT_GE(path.size(), name.size());
-  EXPECT_EQ(Lower(path.substr(path.size() - name.size())), name);
 }
 
 }  // namespace

@@ -1,7 +1,5 @@
 // The test program's entry. With "--sleep <ms>" it only sleeps and exits with
 // status 7: the StartProgram tests start it as a program that takes its time.
-// With "--keys-window <title>" it shows a window with two edits until it is
-// closed: the key tests type into it from another process.
 #include <gtest/gtest.h>
 
 #include <chrono>
@@ -9,14 +7,14 @@
 #include <cstring>
 #include <thread>
 
-#include "desktop_fixture.h"
+#include "watchdog.h"
 
 int main(int argc, char** argv) {
   if (argc == 3 && std::strcmp(argv[1], "--sleep") == 0) {
     std::this_thread::sleep_for(std::chrono::milliseconds(std::atoi(argv[2])));
     return 7;
   }
-  if (argc == 3 && std::strcmp(argv[1], "--keys-window") == 0) return velmora::test::Run_Keys_Window(argv[2]);
   testing::InitGoogleTest(&argc, argv);
+  velmora::Install_Test_Watchdog(60);  // a few tests wait for real programs and timers
   return RUN_ALL_TESTS();
 }

@@ -67,16 +67,6 @@ std::optional<std::string> ReadBytes(const std::string& path) {
   return bytes;
 }
 
-bool FileExists(const std::string& path) {
-  const DWORD attributes = GetFileAttributesA(path.c_str());
-  return attributes != INVALID_FILE_ATTRIBUTES && !(attributes & FILE_ATTRIBUTE_DIRECTORY);
-}
-
-bool DirectoryExists(const std::string& path) {
-  const DWORD attributes = GetFileAttributesA(path.c_str());
-  return attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_DIRECTORY);
-}
-
 bool MakeDirectory(const std::string& path) { return CreateDirectoryA(path.c_str(), nullptr) != 0; }
 
 std::set<std::string> FilesIn(const std::string& directory) {
@@ -111,8 +101,7 @@ std::optional<unsigned long> WaitForProcess(long processId, unsigned long millis
   if (!process) return std::nullopt;
   std::optional<unsigned long> result;
   DWORD code = 0;
-  if (WaitForSingleObject(process, milliseconds) == WAIT_OBJECT_0 && GetExitCodeProcess(process, &code))
-    result = code;
+  if (WaitForSingleObject(process, milliseconds) == WAIT_OBJECT_0 && GetExitCodeProcess(process, &code)) result = code;
   CloseHandle(process);
   return result;
 }

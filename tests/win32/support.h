@@ -30,8 +30,6 @@ void WriteBytes(const std::string& path, const std::string& bytes);
 // The file's bytes, or nothing when it cannot be opened. Opens with full
 // sharing, so a file that another handle is writing can be read.
 std::optional<std::string> ReadBytes(const std::string& path);
-bool FileExists(const std::string& path);
-bool DirectoryExists(const std::string& path);
 bool MakeDirectory(const std::string& path);
 // The names of the files (not folders) directly inside a folder.
 std::set<std::string> FilesIn(const std::string& directory);
