@@ -162,7 +162,7 @@ TEST_F(WindowSearchTest, FindsWhatTheFullWalkFindsInRandomTrees) {
   std::size_t matches = 0;
   for (unsigned seed = 1; seed <= 300; ++seed) {
     SimDesktop sim(host);
-    RandomTree tree{sim, std::mt19937(seed)};
+    RandomTree tree{sim, std::mt19937(seed), {}, {}};
     tree.Build();
     WindowSearch search(engine, sim);
     for (int round = 0; round < 12; ++round) {
