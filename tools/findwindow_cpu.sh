@@ -65,7 +65,11 @@ idle=$(($(ticks "$server") - s0))
   "$(wine_winpath "$work/cmdline.txt")" 60 >launch.log 2>&1) &
 run=$!
 velmora=""
-for ((i = 0; i < 100 && -z "$velmora"; i++)); do velmora="$(session_pid velmora.exe || true)"; sleep 0.1; done
+for ((i = 0; i < 100; i++)); do
+  velmora="$(session_pid velmora.exe || true)"
+  [ -n "$velmora" ] && break
+  sleep 0.1
+done
 [ -n "$velmora" ] || { echo "findwindow_cpu: velmora.exe did not start" >&2; exit 1; }
 sleep 3  # start-up, and into the wait
 v0=$(ticks "$velmora")
