@@ -39,18 +39,8 @@ DescribedPath::DescribedPath(std::string_view path) {
   levels_ = count;
 }
 
-std::optional<ChainFit> DescribedPath::Fit_Level(Desktop& desktop, WindowHandle window, WindowHandle parent,
-                                                 const ChainFit& outer) const {
+std::optional<ChainFit> DescribedPath::Fit_Level(std::string_view level, const ChainFit& outer) const {
   const std::string_view rest = Inner(outer);
-  if (!rest.ends_with(kLevelEnd)) return std::nullopt;
-  // The class alone can only say whether it occurs somewhere in front.
-  std::string level = ", \"" + desktop.ClassName(window, kTextBufferSize) + "\", \"";
-  if (rest.find(level) == std::string_view::npos) return std::nullopt;
-  level += desktop.WindowText(window, kTextBufferSize);
-  level += kLevelEnd;
-  if (!rest.ends_with(level)) return std::nullopt;
-  const std::int32_t id = parent != 0 ? static_cast<std::int32_t>(desktop.ControlId(window)) : 0;
-  level.insert(0, std::to_string(id));
   if (!rest.ends_with(level)) return std::nullopt;
   // Whatever comes in front must be whole levels.
   const std::string_view before = rest.substr(0, rest.size() - level.size());
@@ -68,7 +58,10 @@ std::optional<ChainFit> DescribedPath::Fit_Chain(Desktop& desktop, WindowHandle 
   ChainFit fit;
   for (std::size_t i = chain.size(); i-- > 0;) {
     const WindowHandle parent = i + 1 < chain.size() ? chain[i + 1] : 0;
-    const auto inner = Fit_Level(desktop, chain[i], parent, fit);
+    const auto inner =
+        Fit_Level(Path_Level(Child_Id_Of(desktop, chain[i], parent), desktop.ClassName(chain[i], kTextBufferSize),
+                             desktop.WindowText(chain[i], kTextBufferSize)),
+                  fit);
     if (!inner) return std::nullopt;
     fit = *inner;
   }

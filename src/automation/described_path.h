@@ -35,11 +35,12 @@ class DescribedPath {
   // The levels' text before the part that an outer chain accounts for.
   std::string_view Inner(const ChainFit& outer) const { return body_.substr(0, body_.size() - outer.length); }
 
-  // The window's own level in front of its outer chain (its parent's, which
-  // `outer` describes), when the description's text allows it; reads only
-  // what it needs, the class first. The fit may take the whole text.
-  std::optional<ChainFit> Fit_Level(Desktop& desktop, WindowHandle window, WindowHandle parent,
-                                    const ChainFit& outer) const;
+  // Whether the levels' text holds the part anywhere: a window's level, or
+  // `, "class", "text", ` of it, must be there for its chain to fit.
+  bool Mentions(std::string_view part) const { return body_.find(part) != std::string_view::npos; }
+  // The fit of a window's own level (as Path_Level writes it) in front of
+  // its outer chain, which `outer` describes; it may take the whole text.
+  std::optional<ChainFit> Fit_Level(std::string_view level, const ChainFit& outer) const;
 
   // The fit of a window's whole chain, read from its outermost ancestor
   // inwards; none when the chain cannot be the outer part of a described one

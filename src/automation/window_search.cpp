@@ -25,7 +25,11 @@ class DepthLevel {
 }  // namespace
 
 std::int32_t Child_Id_Of(Desktop& desktop, WindowHandle window) {
-  return desktop.GetParent(window) != 0 ? static_cast<std::int32_t>(desktop.ControlId(window)) : 0;
+  return Child_Id_Of(desktop, window, desktop.GetParent(window));
+}
+
+std::int32_t Child_Id_Of(Desktop& desktop, WindowHandle window, WindowHandle parent) {
+  return parent != 0 ? static_cast<std::int32_t>(desktop.ControlId(window)) : 0;
 }
 
 std::string Window_Path_Of(Desktop& desktop, WindowHandle window) {
@@ -77,18 +81,27 @@ std::optional<ChainFit> WindowSearch::Outer_Fit(WindowHandle parent, Holder& hol
 }
 
 // One level of the walk: each child's descendants first, then the child. A
-// child with fewer levels than described can only lead to a match below it;
-// one with as many can only be a match itself.
+// child's own class and text must occur in the description before anything
+// else about it is read. A child with fewer levels than described can only
+// lead to a match below it; one with as many can only be a match itself.
 void WindowSearch::Walk(std::vector<WindowHandle>& found, Holder holder, const Target& target) {
   DepthLevel level(depth_);
   const DescribedPath& described = target.described;
   for (WindowHandle child = desktop_.GetWindow(holder.window, WindowRelation::FirstChild); child != 0;
        child = desktop_.GetWindow(child, WindowRelation::Next)) {
+    level_.assign(", \"");
+    level_ += desktop_.ClassName(child, kTextBufferSize);
+    level_ += "\", \"";
+    if (!described.Mentions(level_)) continue;
+    level_ += desktop_.WindowText(child, kTextBufferSize);
+    level_ += "\", ";
+    if (!described.Mentions(level_)) continue;
     const WindowHandle parent = desktop_.GetParent(child);
     const std::optional<ChainFit> outer = Outer_Fit(parent, holder, target);
     if (!outer) continue;
     if (outer->levels + 1 < described.Levels()) {
-      const auto fit = described.Fit_Level(desktop_, child, parent, *outer);
+      level_.insert(0, std::to_string(Child_Id_Of(desktop_, child, parent)));
+      const auto fit = described.Fit_Level(level_, *outer);
       if (fit && !described.Inner(*fit).empty()) Walk(found, {child, true, fit}, target);
       continue;
     }

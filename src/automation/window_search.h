@@ -21,6 +21,8 @@ std::string Window_Path_Of(Desktop& desktop, WindowHandle window);
 
 // A window's child identifier: its control identifier when it has a parent, else 0.
 std::int32_t Child_Id_Of(Desktop& desktop, WindowHandle window);
+// The same, with the window's parent (GetParent) already read.
+std::int32_t Child_Id_Of(Desktop& desktop, WindowHandle window, WindowHandle parent);
 
 class WindowSearch {
  public:
@@ -57,6 +59,7 @@ class WindowSearch {
   Desktop& desktop_;
   std::uint16_t depth_ = 0;
   std::uint16_t foundCount_ = 0;
+  std::string level_;  // the level of the window being looked at, kept to spare allocations
 };
 
 }  // namespace velmora
