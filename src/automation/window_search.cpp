@@ -7,15 +7,6 @@ namespace velmora {
 
 namespace {
 
-void Append_Level(std::string& path, std::int32_t id, const std::string& className, const std::string& text) {
-  path += std::to_string(id);
-  path += ", \"";
-  path += className;
-  path += "\", \"";
-  path += text;
-  path += "\", ";
-}
-
 // Keeps the depth right however a level of the walk ends.
 class DepthLevel {
  public:
@@ -34,7 +25,11 @@ class DepthLevel {
 }  // namespace
 
 std::int32_t Child_Id_Of(Desktop& desktop, WindowHandle window) {
-  return desktop.GetParent(window) != 0 ? static_cast<std::int32_t>(desktop.ControlId(window)) : 0;
+  return Child_Id_Of(desktop, window, desktop.GetParent(window));
+}
+
+std::int32_t Child_Id_Of(Desktop& desktop, WindowHandle window, WindowHandle parent) {
+  return parent != 0 ? static_cast<std::int32_t>(desktop.ControlId(window)) : 0;
 }
 
 std::string Window_Path_Of(Desktop& desktop, WindowHandle window) {
@@ -42,42 +37,87 @@ std::string Window_Path_Of(Desktop& desktop, WindowHandle window) {
   int levels = 0;
   for (WindowHandle w = window; w != 0; w = desktop.GetParent(w)) {
     ++levels;
-    Append_Level(path, Child_Id_Of(desktop, w), desktop.ClassName(w, kTextBufferSize),
-                 desktop.WindowText(w, kTextBufferSize));
+    path += Path_Level(Child_Id_Of(desktop, w), desktop.ClassName(w, kTextBufferSize),
+                       desktop.WindowText(w, kTextBufferSize));
   }
   return path + std::to_string(levels);
 }
+
+struct WindowSearch::Target {
+  const std::string& text;
+  const std::string& className;
+  const std::string& path;
+  DescribedPath described;
+  std::string innermost;  // the level that the found window itself must write
+};
 
 std::uint16_t WindowSearch::Find_Window_Like(std::vector<WindowHandle>& FoundList, WindowHandle StartWindow,
                                              std::int16_t /*Level*/, const std::string& WindowText,
                                              const std::string& ClassName, std::int32_t /*ChildID*/,
                                              const std::string& WindowPath) {
-  Trap(engine_, engine_.state.InteractiveSession, "Velmora.(General).Find_Window_Like.TrappableErrors.1", kFatal,
-       [&] {
-         if (depth_ == 0) {
-           foundCount_ = 0;
-           FoundList.assign(1, 0);
-         }
-         Walk(FoundList, StartWindow, WindowText, ClassName, WindowPath);
-       });
+  Trap(engine_, engine_.state.InteractiveSession, "Velmora.(General).Find_Window_Like.TrappableErrors.1", kFatal, [&] {
+    if (depth_ == 0) {
+      foundCount_ = 0;
+      FoundList.assign(1, 0);
+    }
+    const Target target{WindowText, ClassName, WindowPath, DescribedPath(WindowPath),
+                        Path_Level(TargetChildID, ClassName, WindowText)};
+    if (target.described.Describable()) Walk(FoundList, {StartWindow, false, std::nullopt}, target);
+  });
   return foundCount_;
 }
 
-// One level of the walk: each child's descendants first, then the child.
-void WindowSearch::Walk(std::vector<WindowHandle>& found, WindowHandle start, const std::string& text,
-                        const std::string& className, const std::string& path) {
+// The fit of the chain that a child of the holder continues: none (0), the
+// holder's own when the child is its child window, else its parent's chain,
+// read up to the top (an owner, or a window that a program re-parented).
+std::optional<ChainFit> WindowSearch::Outer_Fit(WindowHandle parent, Holder& holder, const Target& target) {
+  if (parent == 0) return ChainFit{};
+  if (parent != holder.window) return target.described.Fit_Chain(desktop_, parent);
+  if (!holder.known) {
+    holder.fit = target.described.Fit_Chain(desktop_, parent);
+    holder.known = true;
+  }
+  return holder.fit;
+}
+
+// One level of the walk: each child's descendants first, then the child. A
+// child's own class and text must occur in the description before anything
+// else about it is read. A child with fewer levels than described can only
+// lead to a match below it; one with as many can only be a match itself.
+void WindowSearch::Walk(std::vector<WindowHandle>& found, Holder holder, const Target& target) {
   DepthLevel level(depth_);
-  for (WindowHandle child = desktop_.GetWindow(start, WindowRelation::FirstChild); child != 0;
+  const DescribedPath& described = target.described;
+  for (WindowHandle child = desktop_.GetWindow(holder.window, WindowRelation::FirstChild); child != 0;
        child = desktop_.GetWindow(child, WindowRelation::Next)) {
-    Walk(found, child, text, className, path);
-    if (desktop_.ClassName(child, kTextBufferSize) != className) continue;
-    if (desktop_.WindowText(child, kTextBufferSize) != text) continue;
-    if (Child_Id_Of(desktop_, child) != TargetChildID) continue;
-    if (Window_Path_Of(desktop_, child) != path) continue;
+    level_.assign(", \"");
+    level_ += desktop_.ClassName(child, kTextBufferSize);
+    level_ += "\", \"";
+    if (!described.Mentions(level_)) continue;
+    level_ += desktop_.WindowText(child, kTextBufferSize);
+    level_ += "\", ";
+    if (!described.Mentions(level_)) continue;
+    const WindowHandle parent = desktop_.GetParent(child);
+    const std::optional<ChainFit> outer = Outer_Fit(parent, holder, target);
+    if (!outer) continue;
+    if (outer->levels + 1 < described.Levels()) {
+      level_.insert(0, std::to_string(Child_Id_Of(desktop_, child, parent)));
+      const auto fit = described.Fit_Level(level_, *outer);
+      if (fit && !described.Inner(*fit).empty()) Walk(found, {child, true, fit}, target);
+      continue;
+    }
+    if (outer->levels + 1 > described.Levels() || described.Inner(*outer) != target.innermost) continue;
+    if (!Is_Match(child, target)) continue;
     if (foundCount_ == UINT16_MAX) throw OverflowError();
     ++foundCount_;
     found.push_back(child);
   }
+}
+
+// The exact test, on values read afresh.
+bool WindowSearch::Is_Match(WindowHandle window, const Target& target) {
+  return desktop_.ClassName(window, kTextBufferSize) == target.className &&
+         desktop_.WindowText(window, kTextBufferSize) == target.text &&
+         Child_Id_Of(desktop_, window) == TargetChildID && Window_Path_Of(desktop_, window) == target.path;
 }
 
 }  // namespace velmora

@@ -6,6 +6,7 @@
 #include <string>
 #include <vector>
 
+#include "described_path.h"
 #include "desktop.h"
 
 namespace velmora {
@@ -20,6 +21,8 @@ std::string Window_Path_Of(Desktop& desktop, WindowHandle window);
 
 // A window's child identifier: its control identifier when it has a parent, else 0.
 std::int32_t Child_Id_Of(Desktop& desktop, WindowHandle window);
+// The same, with the window's parent (GetParent) already read.
+std::int32_t Child_Id_Of(Desktop& desktop, WindowHandle window, WindowHandle parent);
 
 class WindowSearch {
  public:
@@ -28,6 +31,11 @@ class WindowSearch {
   // Collects the matches depth-first, a window's descendants before the
   // window itself, into FoundList from index 1; returns their count. The
   // identifier compared is TargetChildID, shared with the other commands.
+  // Only windows whose chain of ancestors can still lead to the described
+  // one are read, and only their children are walked: a child window's chain
+  // goes on through the window that holds it, so below a window that cannot
+  // be on the described chain only windows placed there with another
+  // GetParent could match, and those are not looked for.
   std::uint16_t Find_Window_Like(std::vector<WindowHandle>& FoundList, WindowHandle StartWindow, std::int16_t Level,
                                  const std::string& WindowText, const std::string& ClassName, std::int32_t ChildID,
                                  const std::string& WindowPath);
@@ -35,13 +43,23 @@ class WindowSearch {
   std::int32_t TargetChildID = 0;
 
  private:
-  void Walk(std::vector<WindowHandle>& found, WindowHandle start, const std::string& text,
-            const std::string& className, const std::string& path);
+  struct Target;
+  // A window whose children are walked, and the fit of its chain once known.
+  struct Holder {
+    WindowHandle window = 0;
+    bool known = false;
+    std::optional<ChainFit> fit;
+  };
+
+  void Walk(std::vector<WindowHandle>& found, Holder holder, const Target& target);
+  std::optional<ChainFit> Outer_Fit(WindowHandle parent, Holder& holder, const Target& target);
+  bool Is_Match(WindowHandle window, const Target& target);
 
   Engine& engine_;
   Desktop& desktop_;
   std::uint16_t depth_ = 0;
   std::uint16_t foundCount_ = 0;
+  std::string level_;  // the level of the window being looked at, kept to spare allocations
 };
 
 }  // namespace velmora

@@ -23,6 +23,17 @@ WindowHandle SimDesktop::Add(WindowHandle parent, const std::string& text, const
   return handle;
 }
 
+void SimDesktop::SetParent(WindowHandle window, WindowHandle newParent) {
+  Window& moved = At(window);
+  auto& oldSiblings = At(moved.parent).children;
+  oldSiblings.erase(oldSiblings.begin() + static_cast<std::ptrdiff_t>(moved.placeAmongSiblings));
+  for (std::size_t i = moved.placeAmongSiblings; i < oldSiblings.size(); ++i) At(oldSiblings[i]).placeAmongSiblings = i;
+  auto& newSiblings = At(newParent).children;
+  moved.parent = newParent;
+  moved.placeAmongSiblings = newSiblings.size();
+  newSiblings.push_back(window);
+}
+
 bool SimDesktop::Exists(WindowHandle window) const {
   if (window == 1) return true;
   if (window <= 1 || static_cast<std::size_t>(window) >= windows_.size()) return false;
@@ -47,9 +58,11 @@ WindowHandle SimDesktop::GetWindow(WindowHandle window, WindowRelation relation)
 
 // Like the system: top-level windows have no parent, and neither does the desktop.
 WindowHandle SimDesktop::GetParent(WindowHandle window) {
+  if (onGetWindow) onGetWindow(window);
   if (!Exists(window) || window == 1) return 0;
-  const WindowHandle parent = windows_[static_cast<std::size_t>(window)].parent;
-  return parent == 1 ? 0 : parent;
+  const Window& w = windows_[static_cast<std::size_t>(window)];
+  if (w.popup) return w.owner;
+  return w.parent == 1 ? 0 : w.parent;
 }
 
 namespace {
@@ -114,7 +127,9 @@ bool SimDesktop::SetCursorPos(ScreenPoint point) {
   return true;
 }
 
-void SimDesktop::MouseEvent(std::uint32_t flags, long x, long y) { mouseEvents.push_back({host_.clockMs, flags, x, y}); }
+void SimDesktop::MouseEvent(std::uint32_t flags, long x, long y) {
+  mouseEvents.push_back({host_.clockMs, flags, x, y});
+}
 
 bool SimDesktop::SendKeyInputs(const std::vector<KeyInput>& inputs) {
   keys.insert(keys.end(), inputs.begin(), inputs.end());

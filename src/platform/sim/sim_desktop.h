@@ -31,6 +31,10 @@ class SimDesktop : public Desktop {
     WindowRect movedRect;
     std::vector<WindowHandle> children;
     std::size_t placeAmongSiblings = 0;
+    // A pop-up (or an overlapped window, with no owner) answers GetParent
+    // with its owner, wherever it sits in the tree; a child with its parent.
+    bool popup = false;
+    WindowHandle owner = 0;
   };
 
   struct MouseRecord {
@@ -45,6 +49,8 @@ class SimDesktop : public Desktop {
   WindowHandle Add(WindowHandle parent, const std::string& text, const std::string& className, long id = 0,
                    WindowRect rect = {0, 0, 100, 100});
   Window& At(WindowHandle window) { return windows_.at(static_cast<std::size_t>(window)); }
+  // Moves a window, with everything below it, to be the new parent's last child.
+  void SetParent(WindowHandle window, WindowHandle newParent);
 
   // What the engine did.
   ScreenPoint cursor{0, 0};
@@ -60,8 +66,9 @@ class SimDesktop : public Desktop {
   int doubleClickTime = 500;
   int screenWidth = 1024, screenHeight = 768;
   bool inputIdleTimesOut = false;
-  std::function<void(WindowHandle)> onGetWindow;  // called on every tree step, to change the tree mid-walk
-  WindowHandle pointOwnerOverride = 0;             // when set, WindowFromPoint answers this
+  // Called on every tree step (GetWindow, GetParent), to change the tree mid-walk.
+  std::function<void(WindowHandle)> onGetWindow;
+  WindowHandle pointOwnerOverride = 0;  // when set, WindowFromPoint answers this
 
   WindowHandle DesktopWindow() override { return 1; }
   WindowHandle GetWindow(WindowHandle window, WindowRelation relation) override;
