@@ -62,15 +62,6 @@ TEST_F(WindowSearchTest, FindsEveryExactMatchInWalkOrder) {
   }
 }
 
-TEST_F(WindowSearchTest, MatchesInSeveralSubtreesComeInTreeOrder) {
-  const WindowHandle panel1 = desktop.Add(setup2, "", "Panel", 5);
-  const WindowHandle panel2 = desktop.Add(setup2, "", "Panel", 5);
-  const WindowHandle second = desktop.Add(panel2, "x", "Edit", 9);
-  const WindowHandle first = desktop.Add(panel1, "x", "Edit", 9);
-  Search("x", "Edit", 9, "9, \"Edit\", \"x\", 5, \"Panel\", \"\", 0, \"#32770\", \"Setup\", 3");
-  EXPECT_EQ(found, (std::vector<WindowHandle>{0, first, second}));
-}
-
 TEST_F(WindowSearchTest, LongClassNamesAreCutToTheBuffer) {
   const std::string longName(300, 'c');
   const WindowHandle w = desktop.Add(1, "T", longName);
