@@ -6,7 +6,6 @@
 #include <gtest/gtest.h>
 
 #include <chrono>
-#include <condition_variable>
 #include <cstdio>
 #include <cstdlib>
 #include <mutex>
@@ -18,47 +17,40 @@ namespace velmora {
 class TestWatchdog : public ::testing::EmptyTestEventListener {
  public:
   explicit TestWatchdog(long seconds) : limit_(seconds) {
-    // The state outlives the listener, which the test framework destroys at exit.
-    std::thread([state = state_, limit = limit_] { Watch(*state, limit); }).detach();
+    std::thread([seconds] {
+      for (State& state = Shared();; std::this_thread::sleep_for(std::chrono::milliseconds(100))) {
+        std::lock_guard lock(state.mutex);
+        if (Clock::now() < state.deadline) continue;
+        std::fprintf(stderr, "\n[  TIMEOUT ] %s ran longer than %ld s: the test program ends here.\n",
+                     state.test.c_str(), seconds);
+        std::fflush(stderr);
+        std::_Exit(124);
+      }
+    }).detach();
   }
   void OnTestStart(const ::testing::TestInfo& test) override {
-    std::lock_guard lock(state_->mutex);
-    state_->name = std::string(test.test_suite_name()) + "." + test.name();
-    state_->deadline = Clock::now() + std::chrono::seconds(limit_);
-    state_->armed = true;
-    state_->changed.notify_one();
+    std::lock_guard lock(Shared().mutex);
+    Shared().test = std::string(test.test_suite_name()) + "." + test.name();
+    Shared().deadline = Clock::now() + std::chrono::seconds(limit_);
   }
   void OnTestEnd(const ::testing::TestInfo&) override {
-    std::lock_guard lock(state_->mutex);
-    state_->armed = false;
+    std::lock_guard lock(Shared().mutex);
+    Shared().deadline = Clock::time_point::max();
   }
 
  private:
   using Clock = std::chrono::steady_clock;
   struct State {
     std::mutex mutex;
-    std::condition_variable changed;
-    std::string name;
-    Clock::time_point deadline;
-    bool armed = false;
+    std::string test;
+    Clock::time_point deadline = Clock::time_point::max();
   };
-  static void Watch(State& state, long limit) {
-    std::unique_lock lock(state.mutex);
-    for (;;) {
-      if (!state.armed) {
-        state.changed.wait(lock);
-      } else if (Clock::now() < state.deadline) {
-        state.changed.wait_until(lock, state.deadline);
-      } else {
-        std::fprintf(stderr, "\n[  TIMEOUT ] %s ran longer than %ld s: the test program ends here.\n",
-                     state.name.c_str(), limit);
-        std::fflush(stderr);
-        std::_Exit(124);
-      }
-    }
+  // Never destroyed: the watching thread runs until the process ends.
+  static State& Shared() {
+    static State& state = *new State;
+    return state;
   }
   long limit_;
-  State* state_ = new State;  // never freed: the watching thread runs until the process ends
 };
 
 // Arms the watchdog for every test of this program; call after InitGoogleTest.
