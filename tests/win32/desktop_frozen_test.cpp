@@ -19,12 +19,6 @@ constexpr int kEditId = 100;  // three identical edits
 constexpr char kRunning[] = "Velmora Frozen - Running";
 constexpr char kFrozen[] = "Velmora Frozen - Frozen";
 
-std::string Title_Of(HWND window) {
-  char text[256] = {};
-  GetWindowTextA(window, text, sizeof text);
-  return text;
-}
-
 class FrozenProgramTest : public DesktopEngineTest {
  protected:
   ScopedHandle process;
@@ -56,7 +50,9 @@ class FrozenProgramTest : public DesktopEngineTest {
   // The program's thread sleeps from the moment it takes this message.
   void Freeze() {
     ASSERT_TRUE(PostMessageA(main, WM_COMMAND, MAKEWPARAM(kFreezeId, BN_CLICKED), 0));
-    ASSERT_TRUE(Pump_Until([&] { return Title_Of(main) == kFrozen; }, 5000));
+    char title[64] = {};
+    ASSERT_TRUE(
+        Pump_Until([&] { return GetWindowTextA(main, title, sizeof title) && title == std::string(kFrozen); }, 5000));
   }
   // Ends the program that this test started, by its process.
   void End() {

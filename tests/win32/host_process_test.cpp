@@ -71,11 +71,11 @@ class CurrentDirectoryTest : public testing::Test {
  protected:
   void TearDown() override { fs::current_path(previous_); }
   const fs::path previous_ = fs::current_path();
+  test::ScratchDir dir;  // outlives TearDown: a folder that is current cannot be removed
   static std::string Current() { return Lower(fs::current_path().string()); }
 };
 
 TEST_F(CurrentDirectoryTest, ChangeDirectoryMakesRelativePathsResolveThereOrFailsAndStays) {
-  test::ScratchDir dir;
   test::WriteBytes(dir.Path("here.vls"), "# here\r\n");
   Win32Host host;
   SystemError error;
