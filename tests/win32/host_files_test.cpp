@@ -1,6 +1,7 @@
 // Text files and file operations of the Windows host, on the real file system.
 #include <gtest/gtest.h>
 
+#include <filesystem>
 #include <string>
 #include <vector>
 
@@ -15,6 +16,7 @@ using test::ReadBytes;
 using test::ScratchDir;
 using test::WriteBytes;
 using Names = std::set<std::string>;
+namespace fs = std::filesystem;
 
 // A system text goes into "... -> <text>." in the log: it must say something
 // and bring neither its own line end nor its own full stop.
@@ -76,27 +78,30 @@ TEST(TextFileTest, WritesBytesExactlyAndAtOnce) {
 
 TEST(TextFileTest, OpeningWhatIsNotThereFailsWithCodeAndText) {
   ScratchDir dir;
-  const std::pair<std::string, FileMode> rows[] = {
-      {dir.Path("missing.vls"), FileMode::Input},
-      {dir.Path("no such folder\\missing.vls"), FileMode::Input},
-      {dir.Path("no such folder\\log.vld"), FileMode::Output},
-      {dir.Root(), FileMode::Input},
+  const struct {
+    std::string path;
+    FileMode mode;
+    long code;
+  } rows[] = {
+      {dir.Path("missing.vls"), FileMode::Input, 2},                  // file not found
+      {dir.Path("no such folder\\missing.vls"), FileMode::Input, 3},  // path not found
+      {dir.Path("no such folder\\log.vld"), FileMode::Output, 3},
+      {dir.Root(), FileMode::Input, 5},  // access denied: a folder
   };
   Win32Host host;
-  for (const auto& [path, mode] : rows) {
+  for (const auto& row : rows) {
     SystemError error;
-    EXPECT_EQ(host.OpenText(path, mode, error), nullptr) << path;
-    ExpectUsableSystemText(error, path);
+    EXPECT_EQ(host.OpenText(row.path, row.mode, error), nullptr) << row.path;
+    ExpectUsableSystemText(error, row.path);
+    EXPECT_EQ(error.code, row.code) << row.path;
   }
-  SystemError error;
-  host.OpenText(dir.Path("missing.vls"), FileMode::Input, error);
-  EXPECT_EQ(error.code, 2);  // file not found
 }
 
-// The scratch folder holds a.tmp, b.tmp, c.txt and the folder "sub" with
-// a.tmp and d.txt before each row.
+// The scratch folder holds a.tmp, b.tmp, c.txt (bytes of every kind) and the
+// folder "sub" with a.tmp and d.txt before each row. A relative pattern is
+// relative to the current directory, as on a command line.
 TEST(FileOperationsTest, CopyRenameAndDeleteDoWhatTheyNameOrFailWithText) {
-  enum Op { kCopy, kRename, kDelete };
+  enum Op { kCopy, kRename, kDelete, kDeleteHere };
   struct Row {
     Op op;
     const char *from, *to;
@@ -118,47 +123,35 @@ TEST(FileOperationsTest, CopyRenameAndDeleteDoWhatTheyNameOrFailWithText) {
       {kDelete, "sub\\*.tmp", "", true, all, {"d.txt"}},
       {kDelete, "*.none", "", false, all, subAll},
       {kDelete, "nowhere\\*.tmp", "", false, all, subAll},
+      {kDeleteHere, "*.tmp", "", true, {"c.txt"}, subAll},
   };
+  const std::string binary("binary\0and\r\ntext\x1a tail", 22);
+  const auto previous = fs::current_path();
   Win32Host host;
   for (const Row& row : rows) {
     ScratchDir dir;
-    for (const char* name : {"a.tmp", "b.tmp", "c.txt"}) WriteBytes(dir.Path(name), name);
-    ASSERT_TRUE(test::MakeDirectory(dir.Path("sub")));
-    for (const char* name : {"sub\\a.tmp", "sub\\d.txt"}) WriteBytes(dir.Path(name), name);
+    fs::create_directory(dir.Path("sub"));
+    for (const char* name : {"a.tmp", "b.tmp", "sub\\a.tmp", "sub\\d.txt"}) WriteBytes(dir.Path(name), name);
+    WriteBytes(dir.Path("c.txt"), binary);
     const std::string what = std::to_string(row.op) + " " + row.from;
     SystemError error;
+    if (row.op == kDeleteHere) fs::current_path(dir.Root());
     const bool done = row.op == kCopy     ? host.CopyOneFile(dir.Path(row.from), dir.Path(row.to), error)
                       : row.op == kRename ? host.RenameFile(dir.Path(row.from), dir.Path(row.to), error)
-                                          : host.DeleteFiles(dir.Path(row.from), error);
+                      : row.op == kDelete ? host.DeleteFiles(dir.Path(row.from), error)
+                                          : host.DeleteFiles(row.from, error);
+    fs::current_path(previous);
     EXPECT_EQ(done, row.succeeds) << what << ": " << error.text;
     if (!row.succeeds) ExpectUsableSystemText(error, what);
     EXPECT_EQ(FilesIn(dir.Root()), row.top) << what;
     EXPECT_EQ(FilesIn(dir.Path("sub")), row.sub) << what;
-    if (done && row.op != kDelete) {
-      EXPECT_EQ(ReadBytes(dir.Path(row.to)), "c.txt") << what;
+    if (done && row.op < kDelete) {
+      EXPECT_EQ(ReadBytes(dir.Path(row.to)), binary) << what;
     }
     if (!done && row.op == kRename) {
       EXPECT_EQ(ReadBytes(dir.Path("a.tmp")), "a.tmp") << what;
     }
   }
-}
-
-// Bytes of every kind copy unchanged, and a relative pattern is relative to
-// the current directory, as on a command line.
-TEST(FileOperationsTest, CopyKeepsEveryByteAndDeleteReadsRelativePatternsFromTheCurrentDirectory) {
-  ScratchDir dir;
-  const std::string content("binary\0and\r\ntext\x1a tail", 22);
-  WriteBytes(dir.Path("from.tmp"), content);
-  Win32Host host;
-  SystemError error;
-  ASSERT_TRUE(host.CopyOneFile(dir.Path("from.tmp"), dir.Path("to.txt"), error)) << error.text;
-  EXPECT_EQ(ReadBytes(dir.Path("to.txt")), content);
-  const auto previous = test::CurrentDirectory();
-  ASSERT_TRUE(test::SetCurrent(dir.Root()));
-  const bool deleted = host.DeleteFiles("*.tmp", error);
-  test::SetCurrent(previous);
-  EXPECT_TRUE(deleted) << error.text;
-  EXPECT_EQ(FilesIn(dir.Root()), Names{"to.txt"});
 }
 
 }  // namespace

@@ -4,15 +4,17 @@
 #include <algorithm>
 #include <cctype>
 #include <chrono>
+#include <filesystem>
 #include <optional>
 #include <string>
-#include <thread>
 
 #include "support.h"
 #include "win32_host.h"
 
 namespace velmora {
 namespace {
+
+namespace fs = std::filesystem;
 
 std::string Lower(std::string text) {
   std::transform(text.begin(), text.end(), text.begin(), [](unsigned char c) { return std::tolower(c); });
@@ -35,41 +37,18 @@ TEST(HostEnvironmentTest, GetEnvReturnsTheProcessEnvironment) {
   };
   Win32Host host;
   for (const auto& row : rows) {
-    test::ClearEnvironment("VELMORA_TEST_VALUE");
-    if (row.set) test::SetEnvironment(row.set, row.value);
+    test::SetEnvironment("VELMORA_TEST_VALUE", nullptr);
+    if (row.set) test::SetEnvironment(row.set, row.value.c_str());
     EXPECT_EQ(host.GetEnv(row.query), row.expected) << row.query;
   }
-  test::ClearEnvironment("VELMORA_TEST_VALUE");
-}
-
-// The program really runs, with the command line's arguments: cmd writes a
-// file that only it can have written. A missing program gives -1 and a text.
-TEST(StartProgramTest, StartsTheProgramWithItsArgumentsOrSaysWhyNot) {
-  test::ScratchDir dir;
-  const auto marker = dir.Path("started.txt");
-  Win32Host host;
-  SystemError error;
-  const long task = host.StartProgram(test::SystemFile("cmd.exe") + " /c echo started>\"" + marker + "\"",
-                                      WindowStyle::Hidden, error);
-  ASSERT_GT(task, 0) << error.text;
-  std::optional<std::string> content;
-  for (int tries = 0; tries < 100 && content.value_or("").empty(); ++tries) {
-    std::this_thread::sleep_for(std::chrono::milliseconds(100));
-    content = test::ReadBytes(marker);
-  }
-  EXPECT_EQ(content, "started\r\n");
-  for (const char* missing : {"velmora_no_such_program.exe", "C:\\velmora no such folder\\setup.exe /s",
-                              "\"C:\\velmora no such folder\\setup.exe\" /s", ""}) {
-    SystemError failure;
-    EXPECT_EQ(host.StartProgram(missing, WindowStyle::NormalFocus, failure), -1) << missing;
-    EXPECT_NE(failure.code, 0) << missing;
-    EXPECT_FALSE(failure.text.empty()) << missing;
-  }
+  test::SetEnvironment("VELMORA_TEST_VALUE", nullptr);
 }
 
 // The script goes on while the installer runs; the task identifier is the
-// started process's own (this test program run with --sleep, see main.cpp).
-TEST(StartProgramTest, ReturnsAtOnceWithTheProcessIdentifier) {
+// started process's own. The program is this test program, which exits with
+// 7 only when its arguments arrived as "--sleep 3000" (see main.cpp). A
+// missing program gives -1 and a text.
+TEST(StartProgramTest, StartsTheProgramWithItsArgumentsAtOnceOrSaysWhyNot) {
   Win32Host host;
   SystemError error;
   const std::string path = host.ProgramPath();
@@ -79,26 +58,33 @@ TEST(StartProgramTest, ReturnsAtOnceWithTheProcessIdentifier) {
   ASSERT_GT(task, 0) << error.text;
   EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::milliseconds(2500));
   EXPECT_EQ(test::WaitForProcess(task, 20000), 7UL);
+  for (const char* missing : {"velmora_no_such_program.exe", "C:\\velmora no such folder\\setup.exe /s",
+                              "\"C:\\velmora no such folder\\setup.exe\" /s", ""}) {
+    SystemError failure;
+    EXPECT_EQ(host.StartProgram(missing, WindowStyle::NormalFocus, failure), -1) << missing;
+    EXPECT_NE(failure.code, 0) << missing;
+    EXPECT_FALSE(failure.text.empty()) << missing;
+  }
 }
 
 class CurrentDirectoryTest : public testing::Test {
  protected:
-  void SetUp() override { previous_ = test::CurrentDirectory(); }
-  void TearDown() override { test::SetCurrent(previous_); }
-  std::string previous_;
+  void TearDown() override { fs::current_path(previous_); }
+  const fs::path previous_ = fs::current_path();
+  test::ScratchDir dir;  // outlives TearDown: a folder that is current cannot be removed
+  static std::string Current() { return Lower(fs::current_path().string()); }
 };
 
 TEST_F(CurrentDirectoryTest, ChangeDirectoryMakesRelativePathsResolveThereOrFailsAndStays) {
-  test::ScratchDir dir;
   test::WriteBytes(dir.Path("here.vls"), "# here\r\n");
   Win32Host host;
   SystemError error;
   ASSERT_TRUE(host.ChangeDirectory(dir.Root(), error)) << error.text;
-  EXPECT_EQ(Lower(test::CurrentDirectory()), Lower(dir.Root()));
+  EXPECT_EQ(Current(), Lower(dir.Root()));
   EXPECT_EQ(host.OpenText("here.vls", FileMode::Input, error) != nullptr, true) << error.text;
   EXPECT_FALSE(host.ChangeDirectory(dir.Path("missing"), error));
   EXPECT_FALSE(error.text.empty());
-  EXPECT_EQ(Lower(test::CurrentDirectory()), Lower(dir.Root()));
+  EXPECT_EQ(Current(), Lower(dir.Root()));
 }
 
 // Wine gives every prefix the drives C: (the prefix) and Z: (the Unix root);
@@ -112,13 +98,13 @@ TEST_F(CurrentDirectoryTest, ChangeDriveChangesToTheDriveOfItsFirstLetter) {
               {"Q", false, 'c'}, {"1", false, 'c'}, {"", false, 'c'}};
   Win32Host host;
   for (const auto& row : rows) {
-    ASSERT_TRUE(test::SetCurrent("C:\\"));
+    fs::current_path("C:\\");
     SystemError error;
     EXPECT_EQ(host.ChangeDrive(row.drive, error), row.succeeds) << row.drive << ": " << error.text;
     if (!row.succeeds) {
       EXPECT_FALSE(error.text.empty()) << row.drive;
     }
-    EXPECT_EQ(Lower(test::CurrentDirectory()).substr(0, 2), std::string(1, row.after) + ":") << row.drive;
+    EXPECT_EQ(Current().substr(0, 2), std::string(1, row.after) + ":") << row.drive;
   }
 }
 

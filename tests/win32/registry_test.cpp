@@ -9,6 +9,7 @@
 #include <optional>
 #include <string>
 
+#include "win32_handles.h"
 #include "win32_registry.h"
 
 namespace velmora {
@@ -40,35 +41,39 @@ class RegistryTest : public testing::Test {
     return std::pair{type, bytes};
   }
   static bool RawKeyExists(HKEY root, const std::string& path) {
-    HKEY key = nullptr;
-    if (RegOpenKeyExA(root, path.c_str(), 0, KEY_READ, &key) != ERROR_SUCCESS) return false;
-    RegCloseKey(key);
-    return true;
+    ScopedKey key;
+    return RegOpenKeyExA(root, path.c_str(), 0, KEY_READ, key.receive()) == ERROR_SUCCESS;
   }
   Win32Registry registry_;
 };
 
-TEST_F(RegistryTest, SetStringStoresAPlainStringThatQueryStringReturns) {
-  const std::string rows[][3] = {
-      {"Editor", "Script File", "C:\\Setup\\setup.vls"},
-      {"Editor", "", "the key's own value"},
-      {"Editor", "Top", ""},
-      {"Editor", "Debug File", "  \"C:\\Program Files\\x.vld\"  "},
-      {"Editor", "Long", std::string(4000, 'L')},
-      {"Velmora Software\\Velmora\\EnvVarSetup", "Batch File", "setup.bat"},  // keys created on the way
-      {"Editor", "Script File", "short"},                                     // replaces a longer value whole
+TEST_F(RegistryTest, SetStringStoresAPlainStringThatQueryStringReturnsUnderEitherRoot) {
+  const std::string editor = kBase + "\\Editor", command = "\"C:\\Tools\\velmora.exe\" \"%1\"";
+  const struct {
+    RegistryRoot root;
+    std::string path, name, value;
+  } rows[] = {
+      {kUser, editor, "Script File", "C:\\Setup\\setup.vls"},
+      {kUser, editor, "", "the key's own value"},
+      {kUser, editor, "Top", ""},
+      {kUser, editor, "Debug File", "  \"C:\\Program Files\\x.vld\"  "},
+      {kUser, editor, "Long", std::string(4000, 'L')},
+      {kUser, kBase + "\\Velmora Software\\Velmora\\EnvVarSetup", "Batch File", "setup.bat"},  // keys made on the way
+      {kUser, editor, "Script File", "short"},  // replaces a longer value whole
+      // The file type is registered under the classes root, not the current user's.
+      {RegistryRoot::ClassesRoot, kScratch + "\\shell\\open\\command", "", command},
   };
-  for (const auto& [subkey, name, value] : rows) {
-    const std::string path = kBase + "\\" + subkey;
-    ASSERT_TRUE(registry_.SetString(kUser, path, name, value)) << name;
-    EXPECT_EQ(registry_.QueryString(kUser, path, name), value) << name;
+  for (const auto& row : rows) {
+    ASSERT_TRUE(registry_.SetString(row.root, row.path, row.name, row.value)) << row.name;
+    EXPECT_EQ(registry_.QueryString(row.root, row.path, row.name), row.value) << row.name;
     // Other programs read the value too: its text, then at most a terminating zero.
-    const auto raw = Raw(HKEY_CURRENT_USER, path, name);
-    ASSERT_TRUE(raw.has_value()) << name;
-    EXPECT_EQ(raw->first, static_cast<DWORD>(REG_SZ)) << name;
-    EXPECT_EQ(raw->second.substr(0, raw->second.find('\0')), value) << name;
-    EXPECT_LE(raw->second.size(), value.size() + 1) << name;
+    const auto raw = Raw(row.root == kUser ? HKEY_CURRENT_USER : HKEY_CLASSES_ROOT, row.path, row.name);
+    ASSERT_TRUE(raw.has_value()) << row.name;
+    EXPECT_EQ(raw->first, static_cast<DWORD>(REG_SZ)) << row.name;
+    EXPECT_EQ(raw->second.substr(0, raw->second.find('\0')), row.value) << row.name;
+    EXPECT_LE(raw->second.size(), row.value.size() + 1) << row.name;
   }
+  EXPECT_FALSE(RawKeyExists(HKEY_CURRENT_USER, kScratch));
   // A string another program stored without its terminating zero still reads whole.
   ASSERT_EQ(RegSetKeyValueA(HKEY_CURRENT_USER, kBase.c_str(), "Raw", REG_SZ, "abc", 3), ERROR_SUCCESS);
   EXPECT_EQ(registry_.QueryString(kUser, kBase, "Raw"), "abc");
@@ -98,20 +103,6 @@ TEST_F(RegistryTest, KeysAndValuesAreCreatedFoundAndDeletedOneAtATime) {
   EXPECT_FALSE(RawKeyExists(HKEY_CURRENT_USER, path));
   EXPECT_TRUE(RawKeyExists(HKEY_CURRENT_USER, kBase + "\\a"));
   EXPECT_FALSE(registry_.DeleteKey(kUser, path));
-}
-
-// The file type is registered under the classes root: the seam must write
-// there, not under the current user's Software key.
-TEST_F(RegistryTest, ClassesRootWritesUnderHkeyClassesRoot) {
-  const std::string path = kScratch + "\\shell\\open\\command";
-  const std::string command = "\"C:\\Tools\\velmora.exe\" \"%1\"";
-  ASSERT_TRUE(registry_.SetString(RegistryRoot::ClassesRoot, path, "", command));
-  const auto raw = Raw(HKEY_CLASSES_ROOT, path, "");
-  ASSERT_TRUE(raw.has_value());
-  EXPECT_EQ(raw->second.substr(0, raw->second.find('\0')), command);
-  EXPECT_EQ(registry_.QueryString(RegistryRoot::ClassesRoot, path, ""), command);
-  EXPECT_FALSE(RawKeyExists(HKEY_CURRENT_USER, path));
-  EXPECT_TRUE(registry_.KeyExists(RegistryRoot::ClassesRoot, kScratch));
 }
 
 }  // namespace

@@ -27,24 +27,18 @@ class ScratchDir {
 
 // Writes the bytes exactly; creates or truncates.
 void WriteBytes(const std::string& path, const std::string& bytes);
-// The file's bytes, or nothing when it cannot be opened. Opens with full
-// sharing, so a file that another handle is writing can be read.
+// The file's bytes, or nothing when it cannot be opened. Shares reading and
+// writing, so a file that another handle is writing can be read.
 std::optional<std::string> ReadBytes(const std::string& path);
-bool MakeDirectory(const std::string& path);
 // The names of the files (not folders) directly inside a folder.
 std::set<std::string> FilesIn(const std::string& directory);
-std::string CurrentDirectory();
-bool SetCurrent(const std::string& directory);
 
-// The process environment, set and cleared with the Win32 calls.
-void SetEnvironment(const std::string& name, const std::string& value);
-void ClearEnvironment(const std::string& name);
+// Sets a variable of the process environment with the Win32 call; a null
+// value clears it.
+void SetEnvironment(const std::string& name, const char* value);
 
 // Waits for the process with this identifier to end and returns its exit
 // code; nothing when no such process can be opened or it does not end in time.
 std::optional<unsigned long> WaitForProcess(long processId, unsigned long milliseconds);
-
-// The full path of a file in the Windows system folder.
-std::string SystemFile(const std::string& name);
 
 }  // namespace velmora::test
