@@ -14,6 +14,8 @@
 
 #include <cstdio>
 #include <cwchar>
+#include <filesystem>
+#include <fstream>
 #include <string>
 
 namespace {
@@ -28,15 +30,10 @@ int Fail(const wchar_t* what, const std::wstring& detail) {
 }
 
 bool ReadFirstLine(const std::wstring& path, std::string& line) {
-  HANDLE file = CreateFileW(path.c_str(), GENERIC_READ, FILE_SHARE_READ, nullptr, OPEN_EXISTING,
-                            FILE_ATTRIBUTE_NORMAL, nullptr);
-  if (file == INVALID_HANDLE_VALUE) return false;
-  std::string bytes;
-  char buffer[4096];
-  DWORD got = 0;
-  while (ReadFile(file, buffer, sizeof buffer, &got, nullptr) && got > 0) bytes.append(buffer, got);
-  CloseHandle(file);
-  line = bytes.substr(0, bytes.find_first_of("\r\n"));
+  std::ifstream file(std::filesystem::path(path), std::ios::binary);
+  if (!file) return false;
+  std::getline(file, line);
+  line = line.substr(0, line.find('\r'));
   return true;
 }
 
@@ -81,7 +78,7 @@ int main() {
   if (WaitForSingleObject(process.hProcess, seconds * 1000) == WAIT_TIMEOUT) {
     std::fwprintf(stderr, L"launch: %ls still running after %lu s; terminated\n", program.c_str(), seconds);
     TerminateProcess(process.hProcess, kTimedOut);
-    WaitForSingleObject(process.hProcess, INFINITE);
+    WaitForSingleObject(process.hProcess, 10000);  // a process that will not die must not hold the run
     status = kTimedOut;
   } else {
     DWORD code = 0;

@@ -5,29 +5,7 @@
 #
 #   tests/e2e/run.sh [case...]      (all cases when none is named)
 #
-# A case is a folder cases/<name>/ holding:
-#   files/          the working folder's content (scripts, an old log, ...);
-#                   velmora.exe runs with a copy of it as current directory
-#   cmdline         the command line after the program name, exactly (first line)
-#   env             optional KEY=VALUE lines added to the Windows environment
-#                   (the value is the rest of the line, blanks included)
-#   expected_status optional exit status (default 0)
-#   expected.vld    optional expected debug log (LF line ends here; the real
-#                   file must end every line in CR LF)
-#   table           instead of cmdline, env, expected_status and expected.vld,
-#                   one row per run:
-#                     variant | status | expected log or - | KEY=VALUE ... or - | command line
-#                   (environment values without blanks here)
-#                   the command line is the rest of the row, leading blanks
-#                   removed; lines starting with # are comments
-#   debug_file      optional name of the debug file to compare (default a.vld)
-#   time_limit      optional seconds that velmora.exe may run (default 30);
-#                   a script that waits for real programs needs more
-#   check.sh        optional extra checks, run in the working folder after the
-#                   program, with E2E_STATUS, E2E_VARIANT, E2E_BEFORE (listing
-#                   of the folder before the run), E2E_SECONDS (how long the
-#                   run took, whole seconds) and E2E_LIB (helpers) set
-#
+# tests/e2e/README.md describes the cases' format.
 # Logs are compared after mask.sed (time stamps, window handles). Needs
 # build/windows/bin/{velmora,launch}.exe; starts its own Wine session unless a
 # calling script already has one. Ends with "e2e: N passed, N failed".

@@ -60,13 +60,6 @@ TEST_F(EngineTest, ParseCommandLineSplitsNamesOrReportsTheFault) {
   }
 }
 
-TEST_F(EngineTest, BadCommandLineEndsAnAutomaticStartWithStatusOne) {
-  host.commandLine = "\"a.vls";
-  std::string script, debug;
-  EXPECT_EQ(Exit_Status_Of([&] { Parse_CommandLine(engine, host.commandLine, script, debug); }), 1);
-  EXPECT_TRUE(host.files.empty());  // no debug file is open yet, so nothing is written anywhere
-}
-
 TEST(ArgumentsOfTest, DropsTheProgramNameOnly) {
   const std::pair<const char*, const char*> cases[] = {
       {R"("C:\Program Files\Velmora\velmora.exe" "a.vls" "a.vld")", R"("a.vls" "a.vld")"},

@@ -76,24 +76,5 @@ TEST_F(EnvironmentTest, CountWordsGoUpToNineteenThenDigitsAndMoreThan255Referenc
   }
 }
 
-TEST_F(EnvironmentTest, TestComparesBothExpandedSidesExactly) {
-  struct Case {
-    const char* left;
-    const char* right;
-    bool equal;
-  };
-  const Case cases[] = {{"`OS`", "Windows_NT", true},  {"`OS`", "windows_nt", false}, {"`A``B`", "", true},
-                        {"Windows_NT", "`OS`", true},  {"`A`", "`A` ", false},        {"", "", true},
-                        {"`OS`x", "Windows_NT", false}};
-  for (const Case& c : cases) {
-    engine.DebugWindow.Clear();
-    bool succeeded = !c.equal;
-    TestEnvironmentVariables_Command(engine, true, std::string(c.left) + "\n" + c.right, succeeded);
-    EXPECT_EQ(succeeded, c.equal) << c.left << " = " << c.right;
-    EXPECT_EQ(engine.DebugWindow.Items().back(),
-              c.equal ? "  Match Found!  Test Succeeded." : "  No Match Found!  Test Failed.");
-  }
-}
-
 }  // namespace
 }  // namespace velmora::testing

@@ -90,36 +90,7 @@ class SeveralCandidatesTest : public FindWindowTest {
     dialog2 = desktop.Add(1, "Setup", "#32770", 0, {600, 100, 1000, 400});
     next2 = desktop.Add(dialog2, "Next >", "Button", 1, {800, 350, 900, 380});
   }
-  Lines Warning() const {
-    const std::string a = std::to_string(automation.Target().TargetList[1]);
-    return {"",
-            "N.B.:  More than one possilbe Target Window/Control was found!",
-            "       You should probably find SOME OTHER way of accessing this Window/Control.",
-            "       Consider using your application's Menu or if necessary the UseMouse command.",
-            "This FindWindow command will ARBITRARILY chosen the FIRST Target Window/Control under the Mouse Pointer "
-            "that it identifies!",
-            "If NONE of the Possible Targets are found under the Mouse Pointer, the first Possible Target in the list "
-            "WILL BE USED!",
-            ""};
-  }
 };
-
-TEST_F(SeveralCandidatesTest, WarnsAndUsesTheFirstWhenNoneIsUnderItsPoint) {
-  desktop.pointOwnerOverride = dialog;  // the picked point lands on no candidate
-  EXPECT_TRUE(Find(kNextLine));
-  const std::string a = std::to_string(next), b = std::to_string(next2);
-  Lines expected{"Maximum Wait Time:  10 seconds.", "Total Elapsed Time:  1 second.", "Found:  2 Windows!",
-                 "Found Window:  " + a, "Found Window:  " + b};
-  const Lines warning = Warning();
-  expected.insert(expected.end(), warning.begin(), warning.end());
-  for (const std::string& line : {std::string("Found:  2 Possible Target Windows/Controls!"), "Possible Target:  " + a,
-                                  "Possible Target:  " + b, "==>  Using Window:  " + a})
-    expected.push_back(line);
-  EXPECT_EQ(DebugLines(), expected);
-  EXPECT_EQ(automation.Target().TargetList, (std::vector<WindowHandle>{0, next, next2}));
-  // Each candidate's dialog, then the candidate, was brought forward.
-  EXPECT_EQ(desktop.foregroundCalls, (std::vector<WindowHandle>{dialog, next, dialog2, next2}));
-}
 
 TEST_F(SeveralCandidatesTest, TheCandidateUnderItsPickedPointIsChosen) {
   desktop.At(next).rect = {0, 0, 1, 1};  // moved away: its dialog's picked point shows the dialog
@@ -127,6 +98,8 @@ TEST_F(SeveralCandidatesTest, TheCandidateUnderItsPickedPointIsChosen) {
   EXPECT_EQ(automation.Target().TargetList, (std::vector<WindowHandle>{0, next2, next}));
   EXPECT_EQ(DebugLines().back(), "==>  Using Window:  " + std::to_string(next2));
   EXPECT_EQ(engine.state.FoundWindow, next2);
+  // The nearer candidate is tried first: its dialog, then itself come forward.
+  EXPECT_EQ(desktop.foregroundCalls, (std::vector<WindowHandle>{dialog2, next2}));
 }
 
 // Once a candidate's program does not respond, the rest of the choice brings

@@ -1,6 +1,5 @@
 #include <gtest/gtest.h>
 
-#include "careful_io.h"
 #include "engine_fixture.h"
 #include "parser.h"
 #include "trap.h"
@@ -248,17 +247,6 @@ TEST_F(ParserTest, AFailedLineIsSelectedInTheTraceWindowUnlessItHasNoEditorLine)
   EXPECT_FALSE(engine.DebugWindow.Items().empty());
   Parse("quit", 1, 4);
   EXPECT_EQ(engine.TraceWindow.Selected(), 0);
-}
-
-TEST_F(EngineTest, AParameterErrorEndsAnAutomaticSessionWithStatusOne) {
-  std::string name = "a.vld";
-  Careful_IO(engine, false, kOpenOutput, engine.state.DebugFileNumber, name, "", "", kFatal);
-  engine.state.DebugFileOpen = true;
-  ParsedCommand command;
-  const int status =
-      Exit_Status_Of([&] { Parse_Command(engine, false, "usemouse: sl, -1, 0", 1, command, kNoEditorLine); });
-  EXPECT_EQ(status, 1);
-  EXPECT_EQ(Log(), Fatal_Block("Invalid Parameters:  Illegal characters found.", -1, kWhere + "UseMouseErrors.1"));
 }
 
 }  // namespace

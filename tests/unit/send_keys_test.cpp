@@ -111,20 +111,16 @@ TEST_F(SendKeysTest, AFrozenProgramHoldsTheScriptUpOnlyWithinTheBound) {
   }
 }
 
-TEST_F(SendKeysTest, KeysAreExpandedFromTheEnvironment) {
-  host.environment["DIR"] = "C:";
-  EXPECT_TRUE(Send("`DIR`"));
-  EXPECT_EQ(desktop.keys.size(), 4u);
-  EXPECT_EQ(DebugLines()[0], "One (1) Environment Variable Used.  Conversion follows:");
-}
-
-TEST_F(AutomationTest, SendKeysWithoutATargetIsFatal) {
+TEST_F(AutomationTest, KeysOrButtonsWithoutATargetAreFatalAndLeaveTheFlag) {
   bool succeeded = true;
   automation.SendKeys_Command(engine, true, Parsed("sendkeys: \"x\""), succeeded);
-  EXPECT_EQ(DebugLines(), Fatal_Block("No Window found to SendKeys_To", -1,
-                                      "Velmora.(General).SendKeys_Command.Send_Keys_ToError.1"));
-  EXPECT_TRUE(succeeded);  // left as it was
-  EXPECT_TRUE(engine.state.StopRunning);
+  Lines expected = Fatal_Block("No Window found to SendKeys_To", -1, "Velmora.(General).SendKeys_Command.Send_Keys_ToError.1");
+  automation.SendButtons_Command(engine, true, Parsed("sendbuttons: sl"), succeeded);
+  for (const auto& line : Fatal_Block("No Window found to SendButtons_To", -1,
+                                      "Velmora.(General).SendButtons_Command.Send_Buttons_ToError.1"))
+    expected.push_back(line);
+  EXPECT_EQ(DebugLines(), expected);
+  EXPECT_TRUE(succeeded);
 }
 
 }  // namespace

@@ -126,11 +126,9 @@ TEST_F(InteractiveSetupTest, LogsTheSessionAndLoadsTheScriptBelowAHeaderLine) {
   EXPECT_EQ(engine.TraceWindow.Items(), (Lines{Trace_Header_Line(), "run: \"x\"", "# end"}));
   EXPECT_EQ(surface.fonts, (Lines{"Lucida Console", "Courier New"}));
   EXPECT_TRUE(engine.state.DebugOn);
-}
-
-TEST_F(InteractiveSetupTest, MissingScriptBecomesANewEmptyScript) {
+  engine.editor.ScriptFileName = "\"new.vls\"";  // a missing script becomes a new empty one
   Run_Setup();
-  EXPECT_EQ(host.files.at("a.vls"), "");
+  EXPECT_EQ(host.files.at("new.vls"), "");
   EXPECT_EQ(engine.TraceWindow.Items(), Lines{Trace_Header_Line()});
   EXPECT_FALSE(engine.state.StopRunning);
 }

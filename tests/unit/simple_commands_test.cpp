@@ -36,30 +36,6 @@ TEST_F(SimpleCommandsTest, WaitLogsTheTotalFirstAndPausesAtMostAMinuteAtATime) {
   }
 }
 
-TEST_F(SimpleCommandsTest, WaitPausesAtMostAMinuteAtATimeAndLeavesTheSuccessFlagAlone) {
-  engine.state.LastCommandSucceeded = true;
-  Wait_Command(engine, true, 150);
-  // Three pauses of 600, 600 and 300 tenths: each tenth sleeps once and yields once.
-  EXPECT_EQ(host.doEvents, 1500);
-  EXPECT_EQ(host.sleptMs, 1500 * 95);
-  EXPECT_TRUE(engine.state.LastCommandSucceeded);
-}
-
-TEST_F(SimpleCommandsTest, RunStartsTheExpandedCommandLineOrReportsAndGoesOnWithTheFlagFalse) {
-  host.environment["SRC"] = "D:\\disk1";
-  host.unstartable.insert("missing.exe");
-  bool succeeded = false;
-  RunProgram_Command(engine, true, "`SRC`\\setup.exe /q", succeeded);
-  EXPECT_TRUE(succeeded);
-  EXPECT_EQ(host.startedPrograms, std::vector<std::string>{"D:\\disk1\\setup.exe /q"});
-  engine.DebugWindow.Clear();
-  RunProgram_Command(engine, true, "missing.exe", succeeded);
-  EXPECT_FALSE(succeeded);
-  EXPECT_EQ(engine.DebugWindow.Items(), Go_On_Block("Unable to execute program:  missing.exe -> File not found", 53,
-                                                    "Velmora.(General).RunProgram_Command.Shell.1"));
-  EXPECT_FALSE(engine.state.StopRunning);
-}
-
 TEST_F(SimpleCommandsTest, DebugIsOffOnlyForTheWordOff) {
   const std::pair<const char*, bool> cases[] = {
       {"off", false}, {" off ", false}, {"on", true}, {"OFF", true}, {"", true}};
