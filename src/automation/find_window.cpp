@@ -169,14 +169,6 @@ void FindWindow::Warn_Several() {
     Log("Possible Target:  " + std::to_string(target_.TargetList[i]));
 }
 
-// Brings the window forward and yields; false when its program did not
-// respond within what is left of the budget.
-bool FindWindow::Bring_Forward(WaitBudget& budget, WindowHandle window) {
-  if (!budget.Bring_Forward(desktop_, window)) return false;
-  engine_.host.DoEvents();
-  return true;
-}
-
 // The first candidate that is the window at the point where the target was
 // picked (its parent's level fractions within the parent) becomes the target.
 // Once a candidate's program does not respond, none is brought forward any
@@ -189,7 +181,7 @@ void FindWindow::Choose_Under_Pointer() {
   bool responding = true;
   for (std::int32_t i = 1; i <= target_.FoundCount; ++i) {
     const WindowHandle parent = desktop_.GetParent(list[i]);
-    if (responding && !(Bring_Forward(budget, parent) && Bring_Forward(budget, list[i]))) {
+    if (responding && !(budget.Bring_Forward(desktop_, parent) && budget.Bring_Forward(desktop_, list[i]))) {
       responding = false;
       Log(Not_Responding_Line());
     }

@@ -13,7 +13,6 @@ namespace velmora {
 
 struct Engine;
 struct ParsedCommand;
-class WaitBudget;
 
 // The levels of a findwindow line's parameters as the parser writes them:
 // `N, "title", "class", id, x, y, ` once for each level. Throws a trappable
@@ -40,7 +39,6 @@ class FindWindow {
   void Narrow_By_Distance();
   void Warn_Several();
   void Choose_Under_Pointer();
-  bool Bring_Forward(WaitBudget& budget, WindowHandle window);
 
   Engine& engine_;
   Desktop& desktop_;

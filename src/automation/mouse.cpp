@@ -100,7 +100,6 @@ void Mouse::SendButtons_Command(bool Interactive, std::int32_t foundCount, const
         LastCommandSucceeded = false;
         return;
       }
-      host.DoEvents();
     }
     if (!Wait_Until_Enabled(engine_, desktop_, window)) {
       Report_Error(engine_, Interactive, -1, "This window is not able to receive input:  " + text,

@@ -52,7 +52,6 @@ bool SendKeys::Point_At_And_Focus(WindowHandle window, WaitBudget& budget) {
     desktop_.SetCursorPos(Pixel_At(r, 0.5, 0.5));
     engine_.host.DoEvents();
     if (!budget.Bring_Forward(desktop_, window)) return false;
-    engine_.host.DoEvents();
   }
   return true;
 }

@@ -40,10 +40,12 @@ class WaitBudget {
   }
 
   // Brings the window forward once its program takes messages (the time that
-  // takes counts too); false, with nothing done, when it did not in time.
+  // takes counts too) and lets it react; false, with nothing done, when it
+  // did not respond in time.
   bool Bring_Forward(Desktop& desktop, WindowHandle window) {
     if (!Responds(desktop, window)) return false;
     Spend([&](int) { return desktop.SetForegroundWindow(window); });
+    host_.DoEvents();
     return true;
   }
 
