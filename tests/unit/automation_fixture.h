@@ -35,6 +35,15 @@ class AutomationTest : public EngineTest {
   }
 
   const std::vector<std::string>& DebugLines() const { return engine.DebugWindow.Items(); }
+
+  // Starts a row afresh (no input or log recorded) with the window's program
+  // frozen for the given time from now; returns the time now.
+  long long Start_Frozen(WindowHandle window, long long forMs) {
+    desktop.keys.clear(), desktop.mouseEvents.clear(), desktop.foregroundCalls.clear();
+    engine.DebugWindow.Clear();
+    desktop.Freeze(window, host.clockMs + forMs);
+    return host.clockMs;
+  }
 };
 
 }  // namespace velmora::testing

@@ -114,12 +114,9 @@ TEST_F(SeveralCandidatesTest, AFrozenProgramEndsTheBringingForwardWithinTheBound
   const Row rows[] = {
       {false, &dialog, {}, &next}, {false, &dialog2, {&dialog, &next}, &next}, {true, &dialog2, {}, &next2}};
   for (const Row& row : rows) {
-    engine.DebugWindow.Clear();
-    desktop.foregroundCalls.clear();
     desktop.pointOwnerOverride = row.firstMovedAway ? 0 : dialog;
     if (row.firstMovedAway) desktop.At(next).rect = {0, 0, 1, 1};
-    const long long start = host.clockMs;
-    desktop.Freeze(*row.frozen, start + 60000);
+    const long long start = Start_Frozen(*row.frozen, 60000);
     EXPECT_TRUE(Find(kNextLine));
     std::vector<WindowHandle> expected;
     for (WindowHandle* w : row.broughtForward) expected.push_back(*w);

@@ -10,19 +10,13 @@ namespace {
 
 using Lines = std::vector<std::string>;
 
-std::string Join(const Lines& lines) {
-  std::string text;
-  for (const auto& line : lines) text += line + "\r\n";
-  return text;
-}
-
 class InterpreterTest : public EngineTest {
  protected:
   ScriptInterpreter interpreter;
 
   // Plays the script as an automatic session; returns the exit status.
   int Play(const Lines& script) {
-    host.files["a.vls"] = Join(script);
+    for (const auto& line : script) host.files["a.vls"] += line + "\r\n";
     host.commandLine = "\"a.vls\" \"a.vld\"";
     return Exit_Status_Of([&] { Form_Load(engine, interpreter); });
   }

@@ -145,12 +145,8 @@ TEST_F(SendButtonsTest, AFrozenProgramIsWaitedForOnlyWithinTheBound) {
   const Row rows[] = {
       {0, 60000, true, 10 + 285 + 999}, {dialog, 60000, false, 10 + 10000}, {dialog, 2500, true, 2500 + 285 + 999}};
   for (const Row& row : rows) {
-    desktop.mouseEvents.clear();
-    desktop.foregroundCalls.clear();
-    engine.DebugWindow.Clear();
     desktop.pointOwnerOverride = row.atThePoint;
-    const long long start = host.clockMs;
-    desktop.Freeze(dialog, start + row.frozenForMs);
+    const long long start = Start_Frozen(dialog, row.frozenForMs);
     EXPECT_EQ(Click("sl"), row.clicked) << row.atThePoint << " " << row.frozenForMs;
     EXPECT_EQ(desktop.mouseEvents.size(), row.clicked ? 4u : 1u) << row.frozenForMs;
     // Brought forward only when another window is at the point and the program responds.

@@ -95,12 +95,8 @@ TEST_F(SendKeysTest, AFrozenProgramHoldsTheScriptUpOnlyWithinTheBound) {
       {4000, false, true, "  Window Handle :  " + std::to_string(edit), 4000 + 285},
   };
   for (const Row& row : rows) {
-    desktop.keys.clear();
-    desktop.foregroundCalls.clear();
-    engine.DebugWindow.Clear();
     desktop.inputIdleTimesOut = row.idleTimesOut;
-    const long long start = host.clockMs;
-    desktop.Freeze(edit, start + row.frozenForMs);
+    const long long start = Start_Frozen(edit, row.frozenForMs);
     EXPECT_EQ(Send("x"), row.keysSent) << row.frozenForMs;
     EXPECT_EQ(desktop.keys.empty(), !row.keysSent) << row.frozenForMs;
     EXPECT_EQ(desktop.foregroundCalls.size(), row.keysSent ? 2u : 0u) << row.frozenForMs;
