@@ -6,10 +6,10 @@ ListBoxMirror::ListBoxMirror(ListModel& model, HWND listBox) : model_(model), li
   SendMessageA(listBox_, LB_RESETCONTENT, 0, 0);
   for (std::size_t i = 0; i < model_.Count(); ++i) OnInserted(i);
   OnSelected(model_.Selected());
-  model_.SetObserver(this);
+  model_.AddObserver(this);
 }
 
-ListBoxMirror::~ListBoxMirror() { model_.SetObserver(nullptr); }
+ListBoxMirror::~ListBoxMirror() { model_.RemoveObserver(this); }
 
 void ListBoxMirror::OnCleared() { SendMessageA(listBox_, LB_RESETCONTENT, 0, 0); }
 

@@ -26,6 +26,9 @@ class SessionWindow : public EditorSurface {
   void SetDebugHorizontalExtent(long pixels) override;
   void EnableDebugFrame() override;
   std::string SetTraceFont(const std::string& name) override;
+  long MeasureTraceText(const std::string&) override { return 0; }
+  long TraceWindowWidth() override { return 0; }
+  void SetTraceHorizontalExtent(long) override {}
 
  private:
   static LRESULT CALLBACK Procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam);

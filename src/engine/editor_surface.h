@@ -15,6 +15,10 @@ class EditorSurface {
   virtual long DebugWindowWidth() = 0;
   virtual void SetDebugHorizontalExtent(long pixels) = 0;
   virtual void EnableDebugFrame() = 0;
+  // The same for the trace list, in its own font.
+  virtual long MeasureTraceText(const std::string& text) = 0;
+  virtual long TraceWindowWidth() = 0;
+  virtual void SetTraceHorizontalExtent(long pixels) = 0;
   // Sets the trace list's font and returns the name of the font it now has.
   virtual std::string SetTraceFont(const std::string& name) = 0;
 };

@@ -56,6 +56,9 @@ class Host {
   virtual bool CopyOneFile(const std::string& from, const std::string& to, SystemError& error) = 0;
   virtual bool ChangeDirectory(const std::string& path, SystemError& error) = 0;
   virtual bool ChangeDrive(const std::string& drive, SystemError& error) = 0;
+  // True when a directory lookup finds the file (not a folder).
+  virtual bool FileExists(const std::string& path) = 0;
+  virtual std::string CurrentDirectory() = 0;
 
   // Starts a program from a command line; returns its task identifier, or -1.
   virtual long StartProgram(const std::string& commandLine, WindowStyle style, SystemError& error) = 0;
@@ -63,8 +66,9 @@ class Host {
   virtual void Sleep(int milliseconds) = 0;
   // Milliseconds since a fixed moment: what a wait measures itself against.
   virtual long long ClockMilliseconds() = 0;
-  // Lets the user interface process its pending messages once.
-  virtual void DoEvents() = 0;
+  // Lets the user interface process its pending messages once. True when the
+  // program has been asked to quit (the request stays pending for the main loop).
+  virtual bool DoEvents() = 0;
   // The current date and time in the user's short date and long time formats, one blank between.
   virtual std::string DateTimeText() = 0;
   // The user's decimal separator, for numbers shown to the user.

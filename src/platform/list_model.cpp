@@ -15,32 +15,32 @@ const std::string& ListModel::Item(long index) const {
 
 void ListModel::Add(std::string text) {
   items_.push_back(std::move(text));
-  if (observer_) observer_->OnInserted(items_.size() - 1);
+  Tell([&](ListObserver& o) { o.OnInserted(items_.size() - 1); });
 }
 
 void ListModel::Insert(std::size_t index, std::string text) {
   if (index > items_.size()) throw std::out_of_range("Invalid list index");
   items_.insert(items_.begin() + static_cast<std::ptrdiff_t>(index), std::move(text));
   if (selected_ >= static_cast<long>(index)) ++selected_;
-  if (observer_) observer_->OnInserted(index);
+  Tell([&](ListObserver& o) { o.OnInserted(index); });
 }
 
 void ListModel::Set(std::size_t index, std::string text) {
   items_.at(index) = std::move(text);
-  if (observer_) observer_->OnChanged(index);
+  Tell([&](ListObserver& o) { o.OnChanged(index); });
 }
 
 void ListModel::Remove(std::size_t index) {
   if (index >= items_.size()) throw std::out_of_range("Invalid list index");
   items_.erase(items_.begin() + static_cast<std::ptrdiff_t>(index));
   if (selected_ >= static_cast<long>(items_.size())) selected_ = static_cast<long>(items_.size()) - 1;
-  if (observer_) observer_->OnRemoved(index);
+  Tell([&](ListObserver& o) { o.OnRemoved(index); });
 }
 
 void ListModel::Clear() {
   items_.clear();
   selected_ = kNoSelection;
-  if (observer_) observer_->OnCleared();
+  Tell([&](ListObserver& o) { o.OnCleared(); });
 }
 
 std::vector<std::string> ListModel::Take_Items() {
@@ -53,7 +53,7 @@ std::vector<std::string> ListModel::Take_Items() {
 void ListModel::Select(long index) {
   if (index < kNoSelection || index >= static_cast<long>(items_.size())) throw std::out_of_range("Invalid list index");
   selected_ = index;
-  if (observer_) observer_->OnSelected(index);
+  Tell([&](ListObserver& o) { o.OnSelected(index); });
 }
 
 }  // namespace velmora

@@ -5,6 +5,7 @@
 
 #include <cstddef>
 #include <string>
+#include <algorithm>
 #include <vector>
 
 namespace velmora {
@@ -40,12 +41,19 @@ class ListModel {
   long Selected() const { return selected_; }
   void Select(long index);
 
-  void SetObserver(ListObserver* observer) { observer_ = observer; }
+  // Observers hear of every change, in the order they were added.
+  void AddObserver(ListObserver* observer) { observers_.push_back(observer); }
+  void RemoveObserver(ListObserver* observer) { std::erase(observers_, observer); }
 
  private:
   std::vector<std::string> items_;
   long selected_ = kNoSelection;
-  ListObserver* observer_ = nullptr;
+  std::vector<ListObserver*> observers_;
+
+  template <class Call>
+  void Tell(Call call) {
+    for (ListObserver* observer : observers_) call(*observer);
+  }
 };
 
 }  // namespace velmora

@@ -26,6 +26,11 @@ class FakeSurface : public EditorSurface {
   long DebugWindowWidth() override { return debugWidth; }
   void SetDebugHorizontalExtent(long pixels) override { extents.push_back(pixels); }
   void EnableDebugFrame() override { ++debugFrameEnabled; }
+  long traceWidth = 300;
+  std::vector<long> traceExtents;
+  long MeasureTraceText(const std::string& text) override { return static_cast<long>(text.size()) * charWidth; }
+  long TraceWindowWidth() override { return traceWidth; }
+  void SetTraceHorizontalExtent(long pixels) override { traceExtents.push_back(pixels); }
   std::string SetTraceFont(const std::string& name) override {
     fonts.push_back(name);
     return installedFonts.find("|" + name + "|") != std::string::npos ? name : "System";

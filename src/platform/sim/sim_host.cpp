@@ -111,6 +111,7 @@ bool SimHost::ChangeDirectory(const std::string& path, SystemError& error) {
     error = PathNotFound();
     return false;
   }
+  currentDirectory = path;
   return true;
 }
 

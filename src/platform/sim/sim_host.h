@@ -27,6 +27,8 @@ class SimHost : public Host {
   std::deque<bool> startOutcomes;            // outcomes of the next program starts, taken in order
   std::string dateTimeText = "21/11/2026 10:20:30";
   std::string decimalSeparator = ".";
+  std::string currentDirectory = "C:\\Work";
+  bool quitRequested = false;  // what DoEvents reports
 
   // What the engine did.
   long long clockMs = 0;
@@ -53,7 +55,12 @@ class SimHost : public Host {
 
   void Sleep(int milliseconds) override;
   long long ClockMilliseconds() override { return clockMs; }
-  void DoEvents() override { ++doEvents; }
+  bool DoEvents() override {
+    ++doEvents;
+    return quitRequested;
+  }
+  bool FileExists(const std::string& path) override { return files.count(path) > 0; }
+  std::string CurrentDirectory() override { return currentDirectory; }
   std::string DateTimeText() override { return dateTimeText; }
   std::string DecimalSeparator() override { return decimalSeparator; }
   void Beep() override { ++beeps; }

@@ -184,7 +184,18 @@ void Win32Host::Sleep(int milliseconds) { ::Sleep(milliseconds > 0 ? static_cast
 
 long long Win32Host::ClockMilliseconds() { return static_cast<long long>(GetTickCount64()); }
 
-void Win32Host::DoEvents() { Dispatch_Pending_Messages(); }
+bool Win32Host::DoEvents() { return !Dispatch_Pending_Messages(); }
+
+bool Win32Host::FileExists(const std::string& path) {
+  const DWORD attributes = GetFileAttributesA(path.c_str());
+  return attributes != INVALID_FILE_ATTRIBUTES && !(attributes & FILE_ATTRIBUTE_DIRECTORY);
+}
+
+std::string Win32Host::CurrentDirectory() {
+  char folder[MAX_PATH + 1] = "";
+  const DWORD length = GetCurrentDirectoryA(sizeof folder, folder);
+  return length > 0 && length < sizeof folder ? std::string(folder, length) : std::string();
+}
 
 std::string Win32Host::DateTimeText() {
   char date[128] = "", time[128] = "";

@@ -22,7 +22,9 @@ class Win32Host : public Host {
 
   void Sleep(int milliseconds) override;
   long long ClockMilliseconds() override;
-  void DoEvents() override;
+  bool DoEvents() override;
+  bool FileExists(const std::string& path) override;
+  std::string CurrentDirectory() override;
   std::string DateTimeText() override;
   std::string DecimalSeparator() override;
 

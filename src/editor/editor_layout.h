@@ -1,0 +1,34 @@
+// The editor's controls as designed: one declaration per control, in
+// creation (and tab) order. The view creates the controls from this table;
+// the model starts from it.
+#pragma once
+
+#include <vector>
+
+#include "form_controls.h"
+
+namespace velmora {
+
+enum class ControlKind { Frame, Label, Cover, TextBox, ListBox, Button, OptionButton, CheckBox };
+
+struct ControlDeclaration {
+  ControlId Id;
+  const char* Name;  // the control's name, as the user guide lists it
+  ControlKind Kind;
+  ControlId Parent;  // the frame that holds it, or Form
+  TwipsRect Rect;    // relative to the parent
+  const char* Caption;
+  const char* ToolTip;
+  FontSpec Font;
+};
+
+// The designed size of the form (outer edges), and the smallest it may get.
+constexpr long kDesignedFormWidth = 9600;
+constexpr long kDesignedFormHeight = 9000;
+constexpr long kMinimumFormWidth = 8295;
+constexpr long kMinimumFormHeight = 8595;
+
+const std::vector<ControlDeclaration>& Editor_Controls();
+const ControlDeclaration* Find_Declaration(ControlId id);
+
+}  // namespace velmora

@@ -1,0 +1,113 @@
+#include "form_controls.h"
+
+#include "editor_layout.h"
+
+namespace velmora {
+
+namespace {
+
+// Option buttons of one group: setting one clears the others, as on the form.
+bool Same_Option_Group(ControlId a, ControlId b) {
+  const auto in = [](ControlId id, ControlId first, int count) {
+    return static_cast<int>(id) >= static_cast<int>(first) && static_cast<int>(id) < static_cast<int>(first) + count;
+  };
+  return (in(a, ControlId::MouseButton0, 4) && in(b, ControlId::MouseButton0, 4)) ||
+         (in(a, ControlId::DebugState0, 2) && in(b, ControlId::DebugState0, 2));
+}
+
+}  // namespace
+
+FormControls::FormControls() {
+  states_[ControlId::Form].Caption = "Velmora - IDE";
+  states_[ControlId::Form].Rect = {0, 0, kDesignedFormWidth, kDesignedFormHeight};
+  for (const ControlDeclaration& declaration : Editor_Controls()) {
+    ControlState& state = states_[declaration.Id];
+    state.Caption = declaration.Caption;
+    state.ToolTip = declaration.ToolTip;
+    state.Font = declaration.Font;
+    state.Rect = declaration.Rect;
+  }
+}
+
+const ControlState& FormControls::operator[](ControlId id) const { return states_.at(id); }
+
+ControlState& FormControls::State(ControlId id) { return states_.at(id); }
+
+void FormControls::Changed(ControlId id, ControlAspect aspect) {
+  if (observer_) observer_->OnControlChanged(id, aspect);
+}
+
+void FormControls::SetCaption(ControlId id, const std::string& text) {
+  ControlState& state = State(id);
+  if (state.Caption == text) return;
+  state.Caption = text;
+  if (state.Caret > static_cast<long>(text.size())) state.Caret = static_cast<long>(text.size());
+  Changed(id, ControlAspect::Caption);
+}
+
+void FormControls::SetToolTip(ControlId id, const std::string& text) {
+  if (State(id).ToolTip == text) return;
+  State(id).ToolTip = text;
+  Changed(id, ControlAspect::ToolTip);
+}
+
+void FormControls::SetEnabled(ControlId id, bool enabled) {
+  if (State(id).Enabled == enabled) return;
+  State(id).Enabled = enabled;
+  Changed(id, ControlAspect::Enabled);
+}
+
+void FormControls::SetVisible(ControlId id, bool visible) {
+  if (State(id).Visible == visible) return;
+  State(id).Visible = visible;
+  Changed(id, ControlAspect::Visible);
+}
+
+void FormControls::SetChecked(ControlId id, bool checked) {
+  if (checked) {
+    for (auto& [other, state] : states_)
+      if (other != id && state.Checked && Same_Option_Group(id, other)) {
+        state.Checked = false;
+        Changed(other, ControlAspect::Checked);
+      }
+  }
+  if (State(id).Checked == checked) return;
+  State(id).Checked = checked;
+  Changed(id, ControlAspect::Checked);
+}
+
+void FormControls::SetInactive(ControlId id, bool inactive) {
+  if (State(id).Inactive == inactive) return;
+  State(id).Inactive = inactive;
+  Changed(id, ControlAspect::Inactive);
+}
+
+void FormControls::SetFont(ControlId id, const FontSpec& font) {
+  if (State(id).Font == font) return;
+  State(id).Font = font;
+  Changed(id, ControlAspect::Font);
+}
+
+void FormControls::SetRect(ControlId id, const TwipsRect& rect) {
+  if (State(id).Rect == rect) return;
+  State(id).Rect = rect;
+  Changed(id, ControlAspect::Rect);
+}
+
+void FormControls::SetCaret(ControlId id, long caret) {
+  if (State(id).Caret == caret) return;
+  State(id).Caret = caret;
+  Changed(id, ControlAspect::Caret);
+}
+
+void FormControls::SetFocus(ControlId id) {
+  focused_ = id;
+  if (observer_) observer_->OnFocusRequested(id);
+}
+
+void FormControls::TextTyped(ControlId id, const std::string& text, long caret) {
+  State(id).Caption = text;
+  State(id).Caret = caret;
+}
+
+}  // namespace velmora

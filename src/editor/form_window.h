@@ -1,0 +1,25 @@
+// What the editor's procedures need of the form's own window: its place and
+// state, the screen's size, its title and enabled state. Twips throughout.
+#pragma once
+
+#include <string>
+
+#include "form_controls.h"
+
+namespace velmora {
+
+enum class WindowState { Normal = 0, Minimized = 1, Maximized = 2 };
+
+class FormWindow {
+ public:
+  virtual ~FormWindow() = default;
+  // The outer edges of the form, as on the screen.
+  virtual TwipsRect Placement() = 0;
+  virtual void SetPlacement(const TwipsRect& rect) = 0;
+  virtual WindowState State() = 0;
+  virtual void SetState(WindowState state) = 0;
+  virtual long ScreenWidth() = 0;
+  virtual long ScreenHeight() = 0;
+};
+
+}  // namespace velmora

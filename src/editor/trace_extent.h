@@ -1,0 +1,44 @@
+// The widest line of a list, kept as the list changes: each item is measured
+// once, when it is added or changed, and a removal needs no new measuring.
+// So the horizontal extent comes out as if every line were measured, at the
+// cost of one measurement per changed line.
+#pragma once
+
+#include <functional>
+#include <map>
+#include <string>
+#include <vector>
+
+#include "list_model.h"
+
+namespace velmora {
+
+class TraceExtent : public ListObserver {
+ public:
+  using Measure = std::function<long(const std::string&)>;
+
+  TraceExtent(ListModel& list, Measure measure);
+  ~TraceExtent() override;
+  TraceExtent(const TraceExtent&) = delete;
+  TraceExtent& operator=(const TraceExtent&) = delete;
+
+  // The width of the widest item; 0 for an empty list.
+  long Widest() const { return counts_.empty() ? 0 : counts_.rbegin()->first; }
+  void Remeasure();  // after the font changed
+
+  void OnCleared() override;
+  void OnInserted(std::size_t index) override;
+  void OnChanged(std::size_t index) override;
+  void OnRemoved(std::size_t index) override;
+  void OnSelected(long) override {}
+
+ private:
+  void Count(long width, int delta);
+
+  ListModel& list_;
+  Measure measure_;
+  std::vector<long> widths_;
+  std::map<long, long> counts_;  // width -> number of items that wide
+};
+
+}  // namespace velmora
