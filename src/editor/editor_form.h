@@ -68,6 +68,7 @@ class EditorForm {
   bool StartupLoad = false;
   bool DebugPromptPending = false;
   long ComposedTimeOut = 0;  // seconds of the last findwindow or wait line composed
+  std::string HelpFile;
 
   FormControls& Controls() { return controls_; }
 
@@ -78,6 +79,12 @@ class EditorForm {
   void Show_File_Labels();
   void Focus_First_Enabled_Field();
   void Filter_Time_Field(ControlId field);
+  void Restore_Placement();
+  void Restore_File_Names();
+  void Save_Placement();
+  void Set_Debug_HScroll_Bar();
+  void Highlight_After_Load(long stoppedAt);
+  void Stretch_Label(ControlId label, bool held);
 
   Engine& engine_;
   FormControls& controls_;
@@ -85,6 +92,7 @@ class EditorForm {
   FileDialogs& dialogs_;
   CRegSettings& settings_;
   TraceExtent traceExtent_;
+  long traceExtentSent_ = -1;  // the extent last given to the trace list
 };
 
 }  // namespace velmora

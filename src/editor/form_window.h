@@ -13,8 +13,10 @@ enum class WindowState { Normal = 0, Minimized = 1, Maximized = 2 };
 class FormWindow {
  public:
   virtual ~FormWindow() = default;
-  // The outer edges of the form, as on the screen.
+  // The outer edges of the form as on the screen; a minimised form reports
+  // its position off the screen and the size it will have when restored.
   virtual TwipsRect Placement() = 0;
+  // Sets the normal (restored) place and size, whatever the state.
   virtual void SetPlacement(const TwipsRect& rect) = 0;
   virtual WindowState State() = 0;
   virtual void SetState(WindowState state) = 0;

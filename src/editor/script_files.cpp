@@ -1,16 +1,208 @@
-// PLACEHOLDER: replaced by the file work.
+// The editor's script and debug files: choosing them through the common
+// dialogs, saving the script, and loading a chosen pair.
+#include "careful_io.h"
+#include "debug_log.h"
 #include "editor_form.h"
+#include "editor_layout.h"
+#include "engine.h"
+#include "preprocessor.h"
+#include "session.h"
+#include "text.h"
+#include "trap.h"
+
 namespace velmora {
-void EditorForm::Open_Script_File() {}
-void EditorForm::Save_Script_File() {}
-void EditorForm::Save_Debug_File() {}
-void EditorForm::Browse_For_Program() {}
-void EditorForm::Load_Script_And_Debug() {}
-void EditorForm::Change_Folder_For(const std::string&) {}
-void EditorForm::Show_File_Labels() {}
-void EditorForm::CommandLine_GotFocus() {}
-void EditorForm::ScriptFileLabel_MouseDown(int) {}
-void EditorForm::ScriptFileLabel_MouseUp(int) {}
-void EditorForm::DebugFileLabel_MouseDown(int) {}
-void EditorForm::DebugFileLabel_MouseUp(int) {}
+
+namespace {
+
+constexpr const char* kScriptFilter = "Velmora Script (*.vls)|*.vls|All Files (*.*)|*.*";
+constexpr const char* kDebugFilter = "Velmora Debug (*.vld)|*.vld|All Files (*.*)|*.*";
+constexpr const char* kProgramFilter =
+    "Executables (*.exe;*.pif;*.cmd;*.com;*.bat)|*.exe;*.pif;*.cmd;*.com;*.bat|All Files (*.*)|*.*";
+
+std::string Unquoted(const std::string& name) {
+  if (name.size() >= 2 && name.front() == '"' && name.back() == '"') return name.substr(1, name.size() - 2);
+  return name;
+}
+
+std::string Quoted(const std::string& name) { return '"' + name + '"'; }
+
+// The line as the file keeps it: a breakpoint mark and its blank are not saved.
+std::string Line_To_Save(const std::string& line) {
+  const std::string trimmed = Trim(line);
+  return Starts_With(trimmed, ">>>") ? trimmed.substr(std::min<std::size_t>(4, trimmed.size())) : line;
+}
+
+}  // namespace
+
+// Each dialog opens in the folder of the file it is about.
+void EditorForm::Change_Folder_For(const std::string& quotedName) {
+  const std::string name = Unquoted(quotedName);
+  const auto slash = name.find_last_of('\\');
+  if (name.empty() || slash == std::string::npos) return;
+  const std::string folder = slash == 2 && name[1] == ':' ? name.substr(0, 3) : name.substr(0, slash);
+  // A folder that is gone leaves the dialog where it was: not worth a report.
+  SystemError ignored;
+  if (name.size() > 1 && name[1] == ':') engine_.host.ChangeDrive(name.substr(0, 1), ignored);
+  engine_.host.ChangeDirectory(folder, ignored);
+}
+
+void EditorForm::Show_File_Labels() {
+  controls_.SetCaption(ControlId::ScriptFileLabel, "Script: " + Unquoted(engine_.editor.ScriptFileName));
+  controls_.SetCaption(ControlId::DebugFileLabel, "Debug: " + Unquoted(engine_.editor.DebugFileName));
+}
+
+void EditorForm::Open_Script_File() {
+  if (ScriptChanged) Save_Script_File();
+  EditorState& names = engine_.editor;
+  Change_Folder_For(names.ScriptFileName);
+  if (StartupLoad) {
+    Show_File_Labels();
+    if (!names.ScriptFileName.empty() && !names.DebugFileName.empty()) Load_Script_And_Debug();
+  } else {
+    const auto chosen = dialogs_.Show({false, "New Script File", ".VLS", kScriptFilter, engine_.host.CurrentDirectory(),
+                                       Unquoted(names.ScriptFileName)});
+    if (!chosen) return;
+    const std::string name = Trim(*chosen);
+    if (!name.empty()) {
+      names.ScriptFileName = Quoted(name);
+      Show_File_Labels();
+    }
+    if (!names.ScriptFileName.empty() && !names.DebugFileName.empty()) Load_Script_And_Debug();
+  }
+  if (!DebugPromptPending) Save_Debug_File();
+}
+
+void EditorForm::Save_Script_File() {
+  EditorState& names = engine_.editor;
+  Change_Folder_For(names.ScriptFileName);
+  const auto chosen = dialogs_.Show({true, "Save Script File", ".VLS", kScriptFilter, engine_.host.CurrentDirectory(),
+                                     Unquoted(names.ScriptFileName)});
+  std::string name = chosen ? Trim(*chosen) : std::string();
+  if (name.empty()) return;
+  controls_.SetCaption(ControlId::ScriptFileLabel, "Script: " + name);
+
+  // A step that fails has reported itself; the script then stays unsaved.
+  const long reportsBefore = engine_.reportsMade;
+  const auto failed = [&] { return engine_.reportsMade != reportsBefore; };
+  FileNumber file = kNoFile;
+  Careful_IO(engine_, true, kOpenOutput, file, name, "", "Velmora.(General).Save_Script_File.OpenOutput.1", kGoOn);
+  for (const std::string& item : engine_.TraceWindow.Items()) {
+    if (failed()) break;
+    std::string line = Line_To_Save(item);
+    Careful_IO(engine_, true, kPrintLine, file, line, "", "Editor.(General).Save_Script_File.Print.2", kGoOn);
+  }
+  std::string unused;
+  Careful_IO(engine_, true, kClose, file, unused, "", "Editor.(General).Save_Script_File.Close.1", kGoOn);
+  if (failed()) return;
+
+  names.ScriptFileName = Quoted(name);
+  engine_.host.Beep();
+  Log_Trace(engine_, true, "Info: Script File " + names.ScriptFileName + " saved.");
+  ScriptChanged = false;
+  controls_.SetEnabled(ControlId::SaveScriptButton, false);
+}
+
+void EditorForm::Save_Debug_File() {
+  DebugPromptPending = false;
+  EditorState& names = engine_.editor;
+  Change_Folder_For(names.DebugFileName);
+  const auto chosen = dialogs_.Show({false, "Open New Debug File", ".VLD", kDebugFilter,
+                                     engine_.host.CurrentDirectory(), Unquoted(names.DebugFileName)});
+  if (!chosen) return;
+  const std::string name = Trim(*chosen);
+  if (DebugFileOpen) {
+    Log_Trace(engine_, true, "Info: Closing Debug File.  NEW Debug File " + name + " opened.");
+    engine_.state.DebugFileOpen = false;  // nothing more may go to the closed file
+    std::string unused;
+    Careful_IO(engine_, true, kClose, engine_.state.DebugFileNumber, unused, "",
+               "Editor.(General).Save_Debug_File.Close.1", kGoOn);
+    DebugFileOpen = false;
+  }
+  if (!name.empty()) {
+    names.DebugFileName = Quoted(name);
+    DebugPromptPending = true;
+    Show_File_Labels();
+  }
+  if (!names.ScriptFileName.empty() && !names.DebugFileName.empty()) {
+    // The new file starts a new section of the log, and opens afresh.
+    names.DebugLogHasOutput = false;
+    names.NewSection = true;
+    Load_Script_And_Debug();
+  }
+}
+
+void EditorForm::Browse_For_Program() {
+  const auto chosen = dialogs_.Show({false, "Browse for Program", ".exe", kProgramFilter,
+                                     engine_.host.CurrentDirectory(), ""});
+  if (!chosen) return;
+  controls_.SetCaption(ControlId::CommandLine, Trim(*chosen));
+  CommandLine_Change();
+}
+
+void EditorForm::CommandLine_GotFocus() {
+  if (OverwriteMode) return;
+  if (CurrentCode == 1) Browse_For_Program();
+}
+
+void EditorForm::Load_Script_And_Debug() {
+  RunState& state = engine_.state;
+  Initial_Setup(engine_, true, state.DebugOn, state.StopRunning, state.ScriptFileNumber, state.DebugFileNumber);
+  Preprocess_Commands(engine_, true, state.DebugOn, true, state.LastCommandSucceeded);
+  const long stoppedAt = state.StopRunning ? engine_.TraceWindow.Selected() : -1;
+  DebugFileOpen = state.DebugFileOpen;
+  ScriptChanged = false;
+  controls_.SetEnabled(ControlId::SaveScriptButton, false);
+  Set_Control_State("EnableCommands");
+  Set_Control_State("TraceControls", true);
+  Highlight_After_Load(stoppedAt);
+  for (ControlId id : {ControlId::DebugFrame, ControlId::DebugWindow, ControlId::TraceFrame, ControlId::TraceWindow})
+    controls_.SetEnabled(id, true);
+  Set_Trace_HScroll_Bar();
+}
+
+// The line where preprocessing stopped, else the first line to run. A script
+// with nothing to run gets an empty last line to insert before, so that new
+// lines go below the heading.
+void EditorForm::Highlight_After_Load(long stoppedAt) {
+  ListModel& trace = engine_.TraceWindow;
+  if (stoppedAt >= 0 && stoppedAt < static_cast<long>(trace.Count())) return trace.Select(stoppedAt);
+  const long first = Next_Executeable_Statement(engine_, 0);
+  if (first >= 0) return trace.Select(first);
+  if (trace.Count() == 0 || !Trim(trace.Item(static_cast<long>(trace.Count()) - 1)).empty()) trace.Add("");
+  trace.Select(static_cast<long>(trace.Count()) - 1);
+}
+
+// Holding the right button on a file label shows the whole name over the file strip.
+void EditorForm::Stretch_Label(ControlId label, bool held) {
+  const bool script = label == ControlId::ScriptFileLabel;
+  for (ControlId id : {ControlId::DebugFileLabel, ControlId::DebugCover, ControlId::CreateDebugButton,
+                       ControlId::VelmoraMenu, ControlId::OpenScriptButton, ControlId::SaveScriptButton,
+                       ControlId::ScriptCover, ControlId::ScriptFileLabel})
+    if (id != label) controls_.SetVisible(id, !held);
+  const TwipsRect designed = Find_Declaration(label)->Rect;
+  const long formWidth = window_.Placement().Width;
+  TwipsRect rect = designed;
+  if (held) {
+    rect = {0, 0, formWidth - 25, 720};
+  } else if (script) {
+    rect = {4040, designed.Top, formWidth - 4065, 200};
+  } else {
+    rect = {designed.Left, designed.Top, 4040, 200};
+  }
+  controls_.SetRect(label, rect);
+}
+
+void EditorForm::ScriptFileLabel_MouseDown(int button) {
+  if (button == 2) Stretch_Label(ControlId::ScriptFileLabel, true);
+}
+void EditorForm::ScriptFileLabel_MouseUp(int button) {
+  if (button == 2) Stretch_Label(ControlId::ScriptFileLabel, false);
+}
+void EditorForm::DebugFileLabel_MouseDown(int button) {
+  if (button == 2) Stretch_Label(ControlId::DebugFileLabel, true);
+}
+void EditorForm::DebugFileLabel_MouseUp(int button) {
+  if (button == 2) Stretch_Label(ControlId::DebugFileLabel, false);
+}
+
 }  // namespace velmora

@@ -37,6 +37,7 @@ struct Engine {
   // names it as a keyword line (-1 for none), so jumps need no search.
   std::vector<std::int32_t> BlockItemOfLine;
 
+  long reportsMade = 0;      // error reports asked for, so a caller can tell that its step failed
   int reportDepth = 0;       // error reports under way; a report from inside one is not written
   bool nestedFatal = false;  // a fatal report arrived while another report was being written
 };

@@ -48,6 +48,7 @@ void Close_Block(Engine& engine, bool interactive) {
 void Report_Error(Engine& engine, bool interactive, long code, const std::string& message, const std::string& /*title*/,
                   const std::string& location, int kind) {
   RunState& state = engine.state;
+  ++engine.reportsMade;
   // A report raised while a report writes its own lines (the debug file
   // itself failing) would only recurse: it is not written, but when it is
   // fatal the outer report ends the run in its place.

@@ -1,0 +1,223 @@
+// The editor's lifecycle and file flows on the simulated platform.
+#include "about.h"
+#include "editor_fixture.h"
+#include "editor_layout.h"
+
+namespace velmora::testing {
+namespace {
+
+using C = ControlId;
+
+class EditorFilesTest : public EditorTest {
+ protected:
+  // Starts the editor and loads a script and a debug file through the dialogs.
+  void Start_With(const std::string& script, const std::string& debug) {
+    form.Form_Load_Interactive();
+    dialogs.replies = {script, debug};
+    form.OpenScriptButton_Click();
+  }
+};
+
+TEST_F(EditorFilesTest, AFreshStartAsksForTheScriptThenTheDebugFileAndLoadsThePair) {
+  form.Form_Load_Interactive();
+  EXPECT_FALSE(controls[C::CommandList].Enabled);
+  EXPECT_EQ(window.placement.Left, (19200 - 9600) / 2);  // centred
+  EXPECT_EQ(window.placement.Top, (14400 - 9000) / 2);
+  EXPECT_TRUE(dialogs.requests.empty());  // nothing remembered, nothing asked
+
+  host.files["C:\\s\\old.vls"] = "run: \"x.exe\"\r\n";
+  dialogs.replies = {"  C:\\s\\old.vls ", "C:\\s\\old.vld"};
+  form.OpenScriptButton_Click();
+  ASSERT_EQ(dialogs.requests.size(), 2u);
+  const FileDialogRequest& open = dialogs.requests[0];
+  EXPECT_EQ(open.Title, "New Script File");
+  EXPECT_EQ(open.DefaultExtension, ".VLS");
+  EXPECT_EQ(open.Filter, "Velmora Script (*.vls)|*.vls|All Files (*.*)|*.*");
+  EXPECT_EQ(dialogs.requests[1].Title, "Open New Debug File");
+  EXPECT_EQ(dialogs.requests[1].Filter, "Velmora Debug (*.vld)|*.vld|All Files (*.*)|*.*");
+  EXPECT_EQ(dialogs.requests[1].InitialFolder, "C:\\Work");  // no debug name yet: the folder stays
+
+  EXPECT_EQ(controls[C::ScriptFileLabel].Caption, "Script: C:\\s\\old.vls");
+  EXPECT_EQ(controls[C::DebugFileLabel].Caption, "Debug: C:\\s\\old.vld");
+  EXPECT_EQ(engine.TraceWindow.Items(), (std::vector<std::string>{Trace_Header_Line(), "run: \"x.exe\""}));
+  EXPECT_EQ(engine.TraceWindow.Selected(), 1);  // the first line to run
+  EXPECT_TRUE(controls[C::CommandList].Enabled);
+  EXPECT_TRUE(controls[C::ExecuteButton].Enabled);
+  EXPECT_EQ(Log("C:\\s\\old.vld")[2], "Info: Script File Open:  C:\\s\\old.vls");
+}
+
+TEST_F(EditorFilesTest, ANewEmptyScriptGetsALineToInsertBeforeBelowTheHeading) {
+  Start_With("C:\\s\\new.vls", "C:\\s\\new.vld");
+  EXPECT_EQ(engine.TraceWindow.Items(), (std::vector<std::string>{Trace_Header_Line(), ""}));
+  EXPECT_EQ(engine.TraceWindow.Selected(), 1);
+  EXPECT_TRUE(host.files.count("C:\\s\\new.vls"));  // created empty
+}
+
+TEST_F(EditorFilesTest, CancelledDialogsChangeNothing) {
+  form.Form_Load_Interactive();
+  dialogs.replies = {std::nullopt};
+  form.OpenScriptButton_Click();
+  EXPECT_EQ(dialogs.requests.size(), 1u);  // no debug prompt after a cancel
+  EXPECT_EQ(engine.editor.ScriptFileName, "");
+
+  Start_With("C:\\s\\a.vls", "C:\\s\\a.vld");
+  form.ScriptChanged = true;
+  dialogs.replies = {std::nullopt};
+  form.SaveScriptButton_Click();
+  EXPECT_TRUE(form.ScriptChanged);
+  EXPECT_EQ(host.files["C:\\s\\a.vls"], "");
+}
+
+TEST_F(EditorFilesTest, SavingDropsBreakpointMarksAndLogsTheSave) {
+  Start_With("C:\\s\\a.vls", "C:\\s\\a.vld");
+  engine.TraceWindow.Set(1, "  >>> Wait:  0.01");
+  engine.TraceWindow.Add(">>> Quit");
+  engine.TraceWindow.Add("  # kept as it stands");
+  form.ScriptChanged = true;
+  dialogs.replies = {"C:\\t\\b.vls"};
+  form.SaveScriptButton_Click();
+  EXPECT_EQ(dialogs.requests.back().Title, "Save Script File");
+  EXPECT_TRUE(dialogs.requests.back().Save);
+  EXPECT_EQ(dialogs.requests.back().InitialName, "C:\\s\\a.vls");
+  EXPECT_EQ(host.Lines("C:\\t\\b.vls"),
+            (std::vector<std::string>{Trace_Header_Line(), "Wait:  0.01", "Quit", "  # kept as it stands"}));
+  EXPECT_EQ(Log("C:\\s\\a.vld").back(), "Info: Script File \"C:\\t\\b.vls\" saved.");
+  EXPECT_FALSE(form.ScriptChanged);
+  EXPECT_FALSE(controls[C::SaveScriptButton].Enabled);
+
+  host.unopenable.insert("C:\\t\\c.vls");  // a failed save keeps the script unsaved
+  form.ScriptChanged = true;
+  dialogs.replies = {"C:\\t\\c.vls"};
+  form.SaveScriptButton_Click();
+  EXPECT_TRUE(form.ScriptChanged);
+  EXPECT_EQ(engine.editor.ScriptFileName, "\"C:\\t\\b.vls\"");
+}
+
+TEST_F(EditorFilesTest, OpeningWithUnsavedChangesSavesFirstAndKeepsTheDebugFile) {
+  Start_With("C:\\s\\a.vls", "C:\\s\\a.vld");
+  form.ScriptChanged = true;
+  host.files["C:\\s\\b.vls"] = "Quit\r\n";
+  dialogs.replies = {"C:\\s\\a.vls", "C:\\s\\b.vls"};
+  form.OpenScriptButton_Click();
+  EXPECT_EQ(dialogs.requests[2].Title, "Save Script File");
+  EXPECT_EQ(dialogs.requests[3].Title, "New Script File");
+  EXPECT_EQ(dialogs.requests.size(), 4u);  // a debug file is named: no prompt
+  EXPECT_EQ(engine.TraceWindow.Item(1), "Quit");
+  EXPECT_EQ(Log("C:\\s\\a.vld").back(), "Info: Script File Open:  C:\\s\\b.vls");
+  EXPECT_EQ(dialogs.requests[3].InitialFolder, "C:\\s");  // the script's folder
+}
+
+TEST_F(EditorFilesTest, ANewDebugFileIsAnnouncedInTheOldOneAndStartsFresh) {
+  Start_With("C:\\s\\a.vls", "C:\\s\\a.vld");
+  dialogs.replies = {"C:\\s\\b.vld"};
+  form.CreateDebugButton_Click();
+  EXPECT_EQ(Log("C:\\s\\a.vld").back(), "Info: Closing Debug File.  NEW Debug File C:\\s\\b.vld opened.");
+  const auto fresh = Log("C:\\s\\b.vld");
+  ASSERT_FALSE(fresh.empty());
+  EXPECT_EQ(fresh[0].rfind("Interactive Session Started.", 0), 0u);
+  EXPECT_EQ(engine.DebugWindow.Item(static_cast<long>(engine.DebugWindow.Count()) - 4), std::string(63, '^'));
+}
+
+struct ResizeRow {
+  WindowState state;
+  long width, height, screenWidth, screenHeight;
+  long wantWidth, wantHeight;
+};
+
+TEST_F(EditorFilesTest, ResizeKeepsTheMinimumAndLetsTheListsFollow) {
+  const ResizeRow rows[] = {
+      {WindowState::Normal, 12000, 10000, 19200, 14400, 12000, 10000},
+      {WindowState::Normal, 5000, 6000, 19200, 14400, 8295, 8595},
+      {WindowState::Maximized, 8000, 8000, 8000, 8000, 8000, 8000},  // a screen too small: left alone
+      {WindowState::Maximized, 8000, 8000, 8295, 8595, 8295, 8595},
+  };
+  for (const ResizeRow& row : rows) {
+    window.state = row.state;
+    window.placement = {0, 0, row.width, row.height};
+    window.screenWidth = row.screenWidth;
+    window.screenHeight = row.screenHeight;
+    form.Form_Resize();
+    EXPECT_EQ(window.placement.Width, row.wantWidth) << row.width;
+    EXPECT_EQ(window.placement.Height, row.wantHeight) << row.height;
+    EXPECT_EQ(controls[C::ScriptFileLabel].Rect.Width, row.wantWidth - 4065);
+    EXPECT_EQ(controls[C::ScriptCover].Rect.Width, row.wantWidth - 4065);
+    EXPECT_EQ(controls[C::TraceWindow].Rect.Width, row.wantWidth - 4210 - 80);
+    EXPECT_EQ(controls[C::DebugWindow].Rect.Width, row.wantWidth - 175 - 80);
+    EXPECT_EQ(controls[C::DebugWindow].Rect.Height, row.wantHeight - 6995 - 280);
+    EXPECT_EQ(controls[C::TraceFrame].Rect.Height, Find_Declaration(C::TraceFrame)->Rect.Height);
+  }
+  window.state = WindowState::Minimized;  // nothing happens while minimised
+  window.placement = {0, 0, 100, 100};
+  form.Form_Resize();
+  EXPECT_EQ(window.placement.Width, 100);
+}
+
+struct ClosingRow {
+  WindowState state;
+  long top, left;
+  const char* storedTop;  // before closing
+  const char* wantTop;
+  const char* wantLeft;
+  const char* wantState;
+};
+
+TEST_F(EditorFilesTest, ClosingStoresPlacementWithTheOnScreenRules) {
+  const ClosingRow rows[] = {
+      {WindowState::Normal, 300, 450, "9", "300", "450", "0"},
+      {WindowState::Normal, -60, 19200, "9", "0", "0", "0"},  // above, and right of the screen
+      {WindowState::Maximized, -60, -60, "9", "0", "0", "2"},
+      {WindowState::Minimized, -480000, -480000, "9", "9", "<none>", "0"},  // off-screen values kept
+      {WindowState::Minimized, 120, 240, "9", "120", "240", "0"},
+  };
+  for (const ClosingRow& row : rows) {
+    settings.DeleteSetting("Editor", "Left");
+    settings.SaveSetting("Editor", "Top", row.storedTop);
+    window.state = row.state;
+    window.placement = {row.left, row.top, 9000, 8800};
+    form.Form_QueryUnload();
+    EXPECT_EQ(Stored("Top"), row.wantTop) << row.top;
+    EXPECT_EQ(Stored("Left"), row.wantLeft) << row.left;
+    EXPECT_EQ(Stored("WindowState"), row.wantState);
+    EXPECT_EQ(Stored("Width"), "9000");
+  }
+}
+
+TEST_F(EditorFilesTest, ClosingLogsTheShutDownThenAsksToSaveThenClosesAndStoresTheNames) {
+  Start_With("C:\\s\\a.vls", "C:\\s\\a.vld");
+  form.ScriptChanged = true;
+  dialogs.replies = {"C:\\s\\z.vls"};
+  const int beeps = host.beeps;
+  form.Form_QueryUnload();
+  EXPECT_EQ(host.beeps - beeps, 2);  // closing, and the save
+  const auto log = Log("C:\\s\\a.vld");
+  EXPECT_EQ(log[log.size() - 2], "Info: Editor shut down!  --> " + host.dateTimeText);
+  EXPECT_EQ(log.back(), "Info: Script File \"C:\\s\\z.vls\" saved.");
+  EXPECT_FALSE(engine.state.DebugFileOpen);
+  EXPECT_EQ(Stored("Script File"), "\"C:\\s\\z.vls\"");
+  EXPECT_EQ(Stored("Debug File"), "\"C:\\s\\a.vld\"");
+}
+
+TEST_F(EditorFilesTest, ASecondStartRestoresPlacementAndLoadsTheRememberedFilesWithoutAsking) {
+  host.files["C:\\s\\a.vls"] = "Quit\r\n";
+  host.files["C:\\s\\a.vld"] = "";
+  for (auto [key, value] : {std::pair{"Top", "120"}, {"Left", "240"}, {"Height", "8700"}, {"Width", "damaged"},
+                            {"WindowState", "2"}, {"Script File", "\"C:\\s\\a.vls\""},
+                            {"Debug File", "\"C:\\s\\a.vld\""}})
+    settings.SaveSetting("Editor", key, value);
+  form.Form_Load_Interactive();
+  EXPECT_EQ(window.state, WindowState::Maximized);
+  EXPECT_EQ(window.placement, (TwipsRect{240, 120, 9600, 8700}));  // a damaged width keeps the designed one
+  EXPECT_TRUE(dialogs.requests.empty());
+  EXPECT_EQ(engine.TraceWindow.Item(1), "Quit");
+
+  host.files.erase("C:\\s\\a.vld");  // a remembered file that is gone is forgotten
+  EditorForm second{engine, controls, window, dialogs, settings};
+  engine.editor = {};
+  second.Form_Load_Interactive();
+  EXPECT_EQ(engine.editor.DebugFileName, "");
+  EXPECT_EQ(dialogs.requests.size(), 1u);  // so the debug file is asked for
+  EXPECT_EQ(dialogs.requests[0].Title, "Open New Debug File");
+}
+
+}  // namespace
+}  // namespace velmora::testing

@@ -1,0 +1,61 @@
+// An editor form on the simulated platform: a fake window, file dialogs that
+// answer from a queue, and the settings store on the simulated registry.
+#pragma once
+
+#include <deque>
+#include <optional>
+
+#include "editor_form.h"
+#include "engine_fixture.h"
+#include "reg_settings.h"
+
+namespace velmora::testing {
+
+class FakeFormWindow : public FormWindow {
+ public:
+  TwipsRect placement{0, 0, 9600, 9000};
+  WindowState state = WindowState::Normal;
+  long screenWidth = 19200;
+  long screenHeight = 14400;
+
+  TwipsRect Placement() override { return placement; }
+  void SetPlacement(const TwipsRect& rect) override { placement = rect; }
+  WindowState State() override { return state; }
+  void SetState(WindowState s) override { state = s; }
+  long ScreenWidth() override { return screenWidth; }
+  long ScreenHeight() override { return screenHeight; }
+};
+
+// Answers each dialog with the next reply (nothing = cancel) and keeps the requests.
+class QueuedDialogs : public FileDialogs {
+ public:
+  std::deque<std::optional<std::string>> replies;
+  std::vector<FileDialogRequest> requests;
+
+  std::optional<std::string> Show(const FileDialogRequest& request) override {
+    requests.push_back(request);
+    if (replies.empty()) return std::nullopt;
+    auto reply = replies.front();
+    replies.pop_front();
+    return reply;
+  }
+};
+
+class EditorTest : public EngineTest {
+ protected:
+  FakeSurface surface;
+  FormControls controls;
+  FakeFormWindow window;
+  QueuedDialogs dialogs;
+  CRegSettings settings{registry};
+  EditorForm form{engine, controls, window, dialogs, settings};
+
+  EditorTest() {
+    engine.surface = &surface;
+    engine.state.InteractiveSession = true;
+  }
+
+  std::string Stored(const std::string& key) { return settings.GetSetting("Editor", key, "<none>"); }
+};
+
+}  // namespace velmora::testing
