@@ -59,6 +59,8 @@ run_one() {
     cd "$wd" || exit 125
     # Wine hands the Unix environment to Windows programs: only the case's own.
     unset SPEED_FACTOR
+    # A script that drives Velmora's own editor starts it by this name.
+    export E2E_VELMORA="$velmora_win"
     local assignment
     while IFS= read -r assignment; do
       [ -n "$assignment" ] && export "${assignment?}"
