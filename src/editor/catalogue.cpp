@@ -218,7 +218,8 @@ void EditorForm::Prepare_Panel(std::uint8_t code) {
       Describe(c, C::CommandLineLabel, "Logical Conditions: 'succeeded' or 'failed'",
                "Succeeded if PRECEEDING RunProgram, FoundWindow, SendKeys or TestEnvironmentVariable succeeded.");
       for (const ConditionStyle& style : kConditionStyles)
-        if (style.Code == code) Show_Choice_Options(std::string(style.Prefix) + "succeeded", ": failed", style.Font, "");
+        if (style.Code == code)
+          Show_Choice_Options(std::string(style.Prefix) + "succeeded", ": failed", style.Font, "");
       return;
     case kBlankLine:
     case kQuitCommand:

@@ -1,6 +1,7 @@
 // Turning the filled panel into a script line and placing it in the script;
 // removing a line.
 #include <algorithm>
+#include <iterator>
 
 #include "catalogue_table.h"
 #include "command_codes.h"
@@ -27,18 +28,11 @@ bool Moves_On(std::uint8_t code) {
          code == kRepeatCommand;
 }
 
+// The lines that are a keyword, or a keyword before a condition, by code.
 const char* Keyword_Of(std::uint8_t code) {
-  switch (code) {
-    case kIfCommand: return "If:  ";
-    case kWhileCommand: return "While:  ";
-    case kUntilCommand: return "Until:  ";
-    case kQuitCommand: return "Quit";
-    case kElseCommand: return "Else";
-    case kEndIfCommand: return "EndIf";
-    case kEndWhileCommand: return "EndWhile";
-    case kRepeatCommand: return "Repeat";
-    default: return "";
-  }
+  static constexpr const char* kKeywords[] = {"", "", "", "",     "If:  ", "While:  ", "Until:  ", "",
+                                              "", "", "", "Quit", "Else",  "EndIf",    "EndWhile", "Repeat"};
+  return code < std::size(kKeywords) ? kKeywords[code] : "";
 }
 
 }  // namespace
@@ -54,8 +48,10 @@ std::string EditorForm::Compose_Line() {
   const std::string click = controls_[C::DoubleClick].Checked ? "d" : "s";
   const bool first = controls_[DebugState(0)].Checked;
   switch (CurrentCode) {
-    case kRunCommand: return "Run:  " + (kQuote + text(C::CommandLine)) + kQuote;
-    case kSendKeysCommand: return "SendKeys:  " + (kQuote + text(C::CommandLine)) + kQuote;
+    case kRunCommand:
+      return "Run:  " + (kQuote + text(C::CommandLine)) + kQuote;
+    case kSendKeysCommand:
+      return "SendKeys:  " + (kQuote + text(C::CommandLine)) + kQuote;
     case kFindWindowCommand:
     case kWaitCommand: {
       ComposedTimeOut = number(C::Minutes) * kSecondsPerMinute + number(C::Seconds);
@@ -65,7 +61,8 @@ std::string EditorForm::Compose_Line() {
     }
     case kIfCommand:
     case kWhileCommand:
-    case kUntilCommand: return Keyword_Of(CurrentCode) + std::string(first ? "succeeded" : "failed");
+    case kUntilCommand:
+      return Keyword_Of(CurrentCode) + std::string(first ? "succeeded" : "failed");
     case kUseMouseCommand: {
       const std::string kind = controls_[MouseButton(3)].Checked ? "nc" : click + button("lmr");
       return "UseMouse: " + kind + ", " + text(C::Minutes) + ", " + text(C::Seconds);
@@ -78,12 +75,15 @@ std::string EditorForm::Compose_Line() {
       }
       return comment;
     }
-    case kDebugCommand: return first ? "Debug: on" : "Debug: off";
+    case kDebugCommand:
+      return first ? "Debug: on" : "Debug: off";
     case kTestCommand:
       return "Test:  " + (kQuote + ("`" + text(C::Minutes) + "`") + kQuote) + " = " +
              (kQuote + text(C::Seconds) + kQuote);
-    case kSendButtonsCommand: return "SendButtons: " + click + button("lmr");
-    default: return Keyword_Of(CurrentCode);
+    case kSendButtonsCommand:
+      return "SendButtons: " + click + button("lmr");
+    default:
+      return Keyword_Of(CurrentCode);
   }
 }
 

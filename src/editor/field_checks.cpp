@@ -30,12 +30,17 @@ bool EditorForm::Insert_Allowed() const {
   switch (CurrentCode) {
     case kRunCommand:
     case kSendKeysCommand:
-    case kCommentLine: return !text(C::CommandLine).empty();
-    case kFindWindowCommand: return !text(C::CommandLine).empty() && timeGiven;
+    case kCommentLine:
+      return !text(C::CommandLine).empty();
+    case kFindWindowCommand:
+      return !text(C::CommandLine).empty() && timeGiven;
     case kWaitCommand:
-    case kUseMouseCommand: return timeGiven;
-    case kTestCommand: return !text(C::Minutes).empty();
-    default: return CurrentCode <= kSendButtonsCommand;
+    case kUseMouseCommand:
+      return timeGiven;
+    case kTestCommand:
+      return !text(C::Minutes).empty();
+    default:
+      return CurrentCode <= kSendButtonsCommand;
   }
 }
 
@@ -49,8 +54,8 @@ void EditorForm::Filter_Time_Field(ControlId field) {
     const char typed = text[static_cast<std::size_t>(caret - 1)];
     const std::string_view allowed = caret == 1 ? kLeadingDigits : kDigits;
     if (allowed.find(typed) == std::string_view::npos || Trim(text).size() > kLongestNumber) {
-      controls_.SetCaption(field, text.substr(0, static_cast<std::size_t>(caret - 1)) +
-                                      text.substr(static_cast<std::size_t>(caret)));
+      controls_.SetCaption(
+          field, text.substr(0, static_cast<std::size_t>(caret - 1)) + text.substr(static_cast<std::size_t>(caret)));
       controls_.SetCaret(field, caret - 1);
     }
   }

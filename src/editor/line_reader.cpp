@@ -40,9 +40,12 @@ void EditorForm::Fill_Panel(const ParsedCommand& parsed, const std::string& line
   const std::string written = colon == std::string::npos ? "" : Trim(line.substr(colon + 1));
   switch (parsed.CommandCode) {
     case kRunCommand:
-    case kSendKeysCommand: return controls_.SetCaption(C::CommandLine, parameters);
-    case kCommentLine: return controls_.SetCaption(C::CommandLine, line);
-    case kWaitCommand: return Fill_Time(parameters);
+    case kSendKeysCommand:
+      return controls_.SetCaption(C::CommandLine, parameters);
+    case kCommentLine:
+      return controls_.SetCaption(C::CommandLine, line);
+    case kWaitCommand:
+      return Fill_Time(parameters);
     case kFindWindowCommand: {
       // The description as the user wrote it; the time follows its last comma.
       const auto comma = written.rfind(',');
@@ -51,8 +54,10 @@ void EditorForm::Fill_Panel(const ParsedCommand& parsed, const std::string& line
     }
     case kIfCommand:
     case kWhileCommand:
-    case kUntilCommand: return controls_.SetChecked(DebugState(parameters == "failed" ? 1 : 0), true);
-    case kDebugCommand: return controls_.SetChecked(DebugState(parameters == "off" ? 1 : 0), true);
+    case kUntilCommand:
+      return controls_.SetChecked(DebugState(parameters == "failed" ? 1 : 0), true);
+    case kDebugCommand:
+      return controls_.SetChecked(DebugState(parameters == "off" ? 1 : 0), true);
     case kUseMouseCommand:
       controls_.SetCaption(C::Minutes, std::to_string(parsed.MouseX));
       controls_.SetCaption(C::Seconds, std::to_string(parsed.MouseY));
@@ -67,7 +72,8 @@ void EditorForm::Fill_Panel(const ParsedCommand& parsed, const std::string& line
       controls_.SetCaption(C::Minutes, Bare_Name(parameters.substr(0, separator)));
       return controls_.SetCaption(C::Seconds, parameters.substr(separator + 1));
     }
-    default: return;
+    default:
+      return;
   }
 }
 

@@ -51,8 +51,8 @@ void EditorForm::Reset_Panel(bool emptyTexts) {
     controls_.SetVisible(option, false);
     controls_.SetToolTip(option, "");
   }
-  for (ControlId hidden : {C::MouseLabel, MouseButton(0), MouseButton(1), MouseButton(2), MouseButton(3),
-                           C::DoubleClick})
+  for (ControlId hidden :
+       {C::MouseLabel, MouseButton(0), MouseButton(1), MouseButton(2), MouseButton(3), C::DoubleClick})
     controls_.SetVisible(hidden, false);
   controls_.SetEnabled(C::InsertCommandButton, false);
 }
@@ -60,10 +60,10 @@ void EditorForm::Reset_Panel(bool emptyTexts) {
 void EditorForm::Set_Control_State(const std::string& group, bool enabled) {
   Trap(engine_, true, "Editor.(General).Set_Control_State.TrappableErrors.1", kGoOn, [&] {
     if (group == "Files") {
-      Set_Enabled(controls_,
-                  {C::ScriptFileLabel, C::OpenScriptButton, C::SaveScriptButton, C::CreateDebugButton,
-                   C::DebugFileLabel},
-                  enabled);
+      Set_Enabled(
+          controls_,
+          {C::ScriptFileLabel, C::OpenScriptButton, C::SaveScriptButton, C::CreateDebugButton, C::DebugFileLabel},
+          enabled);
     } else if (group == "TraceControls") {
       Set_Enabled(controls_, {C::TraceControlsFrame, C::ExecuteNextButton, C::BreakPointButton, C::ExecuteButton},
                   enabled);

@@ -24,7 +24,7 @@ struct NoDialogs : FileDialogs {
 };
 
 const std::vector<std::pair<std::string, C>> kOptions = {
-    {"on", DebugState(0)}, {"off", DebugState(1)}, {"L", MouseButton(0)}, {"M", MouseButton(1)},
+    {"on", DebugState(0)}, {"off", DebugState(1)}, {"L", MouseButton(0)},  {"M", MouseButton(1)},
     {"R", MouseButton(2)}, {"N", MouseButton(3)},  {"dbl", C::DoubleClick}};
 
 class EditorPanelTest : public EngineTest {
@@ -45,8 +45,9 @@ class EditorPanelTest : public EngineTest {
     for (const std::string& line : lines) engine.TraceWindow.Add(line);
     engine.TraceWindow.Select(highlighted);
   }
+  // Through the entries that swap the catalogues, as a user gets there.
   void Choose(int catalogue, long position) {
-    if (form.Catalogue != catalogue) form.Load_Commands(catalogue);
+    if (form.Catalogue != catalogue) form.CommandList_Click(catalogue == 2 ? 7 : 0);
     form.CommandList_Click(position);
   }
   // The usable controls of the panel, in a fixed order.
@@ -66,6 +67,9 @@ class EditorPanelTest : public EngineTest {
 };
 
 constexpr char kNA[] = "Not Applicable";
+const char* const kFrames[] = {"Automation Commands", "Script Flow Control Commands"};
+const FontSpec kConditionFonts[] = {
+    {"MS Sans Serif", 10, true}, {"MS Sans Serif", 8, false}, {"MS Sans Serif", 8, true}};
 constexpr char kConditions[] =
     "Succeeded if PRECEEDING RunProgram, FoundWindow, SendKeys or TestEnvironmentVariable succeeded.";
 
@@ -94,8 +98,8 @@ TEST_F(EditorPanelTest, EachEntryPreparesThePanelForItsCommand) {
        C::CommandLine, ""},
       {1, 3, "Send Mouse Click(s) to a Window", 17, "Mouse Buttons", "Select a mouse button.", kNA, "L M R dbl ins",
        C::MouseLabel, "L      M      R"},
-      {1, 4, "Wait...", 8, kNA, "No Parameters Accepted!", "Wait Time - Minutes   : Seconds", "min sec ins",
-       C::Minutes, "1"},
+      {1, 4, "Wait...", 8, kNA, "No Parameters Accepted!", "Wait Time - Minutes   : Seconds", "min sec ins", C::Minutes,
+       "1"},
       {1, 5, "Insert a Blank Line", 0, kNA, "No Parameters Accepted!", kNA, "ins", C::CommandLine, ""},
       {1, 6, "Add a Comment", 9, "Comment Text", "Comments are ignored by Velmora", kNA, "cmd ", C::CommandLine, ""},
       {1, 8, "Use Mouse", 7, "Mouse Buttons", "Select a mouse button.  'N' means None",
@@ -104,8 +108,8 @@ TEST_F(EditorPanelTest, EachEntryPreparesThePanelForItsCommand) {
        "Specify that you wish more Debug information", kNA, "on off ins", DebugState(1), "Debug: off"},
       {2, 1, "Test Environment Variable", 16, kNA, "No Parameters Accepted!", "Environment Variable  = This Text",
        "min sec ", C::Minutes, ""},
-      {2, 2, "If <succeeded|failed>", 4, "Logical Conditions: 'succeeded' or 'failed'", kConditions, kNA,
-       "on off ins", DebugState(0), "If:  succeeded"},
+      {2, 2, "If <succeeded|failed>", 4, "Logical Conditions: 'succeeded' or 'failed'", kConditions, kNA, "on off ins",
+       DebugState(0), "If:  succeeded"},
       {2, 3, "Else", 12, kNA, "No Parameters Accepted!", kNA, "ins", C::CommandLine, ""},
       {2, 4, "EndIf", 13, kNA, "No Parameters Accepted!", kNA, "ins", C::CommandLine, ""},
       {2, 5, "While <succeeded|failed> Loop", 5, "Logical Conditions: 'succeeded' or 'failed'", kConditions, kNA,
@@ -128,37 +132,10 @@ TEST_F(EditorPanelTest, EachEntryPreparesThePanelForItsCommand) {
     EXPECT_EQ(controls[C::TimeOutLabel].Caption, row.timeLabel);
     EXPECT_EQ(Live(), row.live);
     EXPECT_EQ(controls[row.extra].Caption, row.extraText);
-  }
-}
-
-TEST_F(EditorPanelTest, SwappingEntriesLoadTheOtherCatalogueAndForgetTheChoice) {
-  const struct {
-    long position;
-    int catalogue;
-    const char* caption;
-    const char* tip;
-  } rows[] = {{7, 2, "Script Flow Control Commands", "Commands used to control the execution of your script"},
-              {0, 1, "Automation Commands", "Automation Commands you may use in your script"}};
-  for (const auto& row : rows) {
-    form.CommandList_Click(row.position);
-    EXPECT_EQ(form.Catalogue, row.catalogue);
-    EXPECT_EQ(controls[C::AvailableCommandsFrame].Caption, row.caption);
-    EXPECT_EQ(controls[C::CommandList].ToolTip, row.tip);
-    EXPECT_EQ(form.CommandList.Count(), 10u);
-    EXPECT_EQ(form.ChosenPosition, EditorForm::kNoEntry);
-    EXPECT_EQ(form.CommandMap[0], EditorForm::kNoEntry);
-  }
-}
-
-TEST_F(EditorPanelTest, ConditionButtonsKeepTheirThreeStyles) {
-  const struct {
-    long position;
-    FontSpec font;
-  } rows[] = {{2, {"MS Sans Serif", 10, true}}, {5, {"MS Sans Serif", 8, false}}, {8, {"MS Sans Serif", 8, true}}};
-  for (const auto& row : rows) {
-    Choose(2, row.position);
-    EXPECT_EQ(controls[DebugState(0)].Font, row.font);
-    EXPECT_EQ(controls[DebugState(1)].Font, row.font);
+    EXPECT_EQ(controls[C::AvailableCommandsFrame].Caption, kFrames[row.catalogue - 1]);
+    if (row.code >= kIfCommand && row.code <= kUntilCommand) {  // three styles by design
+      EXPECT_EQ(controls[DebugState(1)].Font, kConditionFonts[row.code - kIfCommand]);
+    }
   }
 }
 
