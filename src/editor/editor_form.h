@@ -20,7 +20,8 @@ class CRegSettings;
 
 class EditorForm {
  public:
-  EditorForm(Engine& engine, FormControls& controls, FormWindow& window, FileDialogs& dialogs, CRegSettings& settings);
+  EditorForm(Engine& engine, FormControls& controls, FormWindow& window, FileDialogs& dialogs,
+             CRegSettings& settings);
 
   // Lifecycle and layout.
   void Form_Load_Interactive();  // the editor's own loading, after the engine's Form_Load
