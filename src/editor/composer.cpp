@@ -1,9 +1,147 @@
-// PLACEHOLDER: replaced by the composer work.
+// Turning the filled panel into a script line and placing it in the script;
+// removing a line.
+#include <algorithm>
+#include <iterator>
+
+#include "catalogue_table.h"
+#include "command_codes.h"
 #include "editor_form.h"
+#include "engine.h"
+#include "numeric.h"
+#include "text.h"
+#include "trap.h"
+
 namespace velmora {
-std::string EditorForm::Compose_Line() { return {}; }
-void EditorForm::InsertCommandButton_Click() {}
-void EditorForm::TraceWindow_DblClick() {}
-void EditorForm::TraceWindow_Click() {}
-void EditorForm::RemoveCommandButton_Click() {}
+
+namespace {
+
+using C = ControlId;
+
+constexpr char kQuote[] = "\"";
+constexpr std::string_view kBreakpointMark = ">>>";
+constexpr long kSecondsPerMinute = 60;
+
+// After these the catalogue moves on to the entry a script usually needs next
+// (a window after a program, keys after a window, the block's next keyword).
+bool Moves_On(std::uint8_t code) {
+  return code == kRunCommand || code == kFindWindowCommand || code == kIfCommand || code == kWhileCommand ||
+         code == kRepeatCommand;
+}
+
+// The lines that are a keyword, or a keyword before a condition, by code.
+const char* Keyword_Of(std::uint8_t code) {
+  static constexpr const char* kKeywords[] = {"", "", "", "",     "If:  ", "While:  ", "Until:  ", "",
+                                              "", "", "", "Quit", "Else",  "EndIf",    "EndWhile", "Repeat"};
+  return code < std::size(kKeywords) ? kKeywords[code] : "";
+}
+
+}  // namespace
+
+std::string EditorForm::Compose_Line() {
+  const auto text = [&](ControlId id) { return Trim(controls_[id].Caption); };
+  const auto number = [&](ControlId id) { return static_cast<long>(Numeric_Value(text(id)).value_or(0)); };
+  const auto button = [&](const char* letters) {
+    for (int index = 0; index < 3; ++index)
+      if (controls_[MouseButton(index)].Checked) return std::string(1, letters[index]);
+    return std::string(1, letters[0]);
+  };
+  const std::string click = controls_[C::DoubleClick].Checked ? "d" : "s";
+  const bool first = controls_[DebugState(0)].Checked;
+  switch (CurrentCode) {
+    case kRunCommand:
+      return "Run:  " + (kQuote + text(C::CommandLine)) + kQuote;
+    case kSendKeysCommand:
+      return "SendKeys:  " + (kQuote + text(C::CommandLine)) + kQuote;
+    case kFindWindowCommand:
+    case kWaitCommand: {
+      ComposedTimeOut = number(C::Minutes) * kSecondsPerMinute + number(C::Seconds);
+      const std::string time = text(C::Minutes) + "." + text(C::Seconds);
+      if (CurrentCode == kWaitCommand) return "Wait:  " + time;
+      return "FindWindow:  " + text(C::CommandLine) + ", " + time;
+    }
+    case kIfCommand:
+    case kWhileCommand:
+    case kUntilCommand:
+      return Keyword_Of(CurrentCode) + std::string(first ? "succeeded" : "failed");
+    case kUseMouseCommand: {
+      const std::string kind = controls_[MouseButton(3)].Checked ? "nc" : click + button("lmr");
+      return "UseMouse: " + kind + ", " + text(C::Minutes) + ", " + text(C::Seconds);
+    }
+    case kCommentLine: {
+      std::string comment = text(C::CommandLine);
+      if (!Starts_With(comment, "#")) {
+        comment = "# " + comment;
+        controls_.SetCaption(C::CommandLine, comment);
+      }
+      return comment;
+    }
+    case kDebugCommand:
+      return first ? "Debug: on" : "Debug: off";
+    case kTestCommand:
+      return "Test:  " + (kQuote + ("`" + text(C::Minutes) + "`") + kQuote) + " = " +
+             (kQuote + text(C::Seconds) + kQuote);
+    case kSendButtonsCommand:
+      return "SendButtons: " + click + button("lmr");
+    default:
+      return Keyword_Of(CurrentCode);
+  }
+}
+
+// Overwriting replaces the highlighted line and keeps its breakpoint; else the
+// line goes in before the highlighted one, which stays highlighted. Without a
+// highlighted line the new line ends the script.
+void EditorForm::Place_Line(const std::string& line) {
+  ListModel& trace = engine_.TraceWindow;
+  const long highlighted = trace.Selected();
+  if (highlighted < 0 || highlighted >= static_cast<long>(trace.Count())) return trace.Add(line);
+  const auto index = static_cast<std::size_t>(highlighted);
+  if (!OverwriteMode) return trace.Insert(index, line);
+  const bool marked = Starts_With(Trim(trace.Item(highlighted)), kBreakpointMark);
+  trace.Set(index, marked ? std::string(kBreakpointMark) + " " + line : line);
+  trace.Select(highlighted);
+}
+
+void EditorForm::Set_Overwrite_Mode(bool on) {
+  OverwriteMode = on;
+  controls_.SetCaption(C::InsertCommandButton, on ? kOverwriteCaption : kInsertCaption);
+  controls_.SetToolTip(C::InsertCommandButton,
+                       on ? "This will OVERWRITE the command that is hilited" : "Insert this command in the Script");
+}
+
+void EditorForm::InsertCommandButton_Click() {
+  Trap(engine_, true, "Editor.InsertCommandButton.Click.TrappableErrors.1", kGoOn, [&] {
+    const std::uint8_t code = CurrentCode;
+    if (code > kSendButtonsCommand) return;  // no command chosen
+    Place_Line(Compose_Line());
+    // One overwrite per double click: the next insertion inserts again.
+    if (OverwriteMode) Set_Overwrite_Mode(false);
+    ScriptChanged = true;
+    controls_.SetEnabled(C::SaveScriptButton, true);
+    Set_Control_State("EmptyCommands");
+    Set_Control_State("EnableCommands");
+    if (Moves_On(code) && ChosenPosition != kNoEntry) CommandList_Click(ChosenPosition + 1);
+  });
+}
+
+void EditorForm::TraceWindow_Click() {
+  Trap(engine_, true, "Editor.TraceWindow.Click.TrappableErrors.1", kGoOn, [&] { Set_Overwrite_Mode(false); });
+}
+
+// The highlight stays at the same place (the line that followed the removed
+// one), or on the last line when the last was removed.
+void EditorForm::RemoveCommandButton_Click() {
+  Trap(engine_, true, "Editor.RemoveCommandButton.Click.TrappableErrors.1", kGoOn, [&] {
+    ListModel& trace = engine_.TraceWindow;
+    const long highlighted = trace.Selected();
+    if (highlighted < 0 || highlighted >= static_cast<long>(trace.Count())) return;  // nothing to remove
+    trace.Remove(static_cast<std::size_t>(highlighted));
+    if (trace.Count() == 0) trace.Add("");
+    Set_Trace_HScroll_Bar();
+    trace.Select(std::min(highlighted, static_cast<long>(trace.Count()) - 1));
+    ScriptChanged = true;
+    controls_.SetEnabled(C::SaveScriptButton, true);
+    Focus_First_Enabled_Field();
+  });
+}
+
 }  // namespace velmora

@@ -9,11 +9,13 @@
 #include "file_dialogs.h"
 #include "form_controls.h"
 #include "form_window.h"
+#include "list_model.h"
 #include "trace_extent.h"
 
 namespace velmora {
 
 struct Engine;
+struct ParsedCommand;
 class CRegSettings;
 
 class EditorForm {
@@ -58,6 +60,10 @@ class EditorForm {
 
   // Members of the form.
   static constexpr std::uint8_t kNoEntry = 255;
+  // InsertCommandButton's captions; the overwrite one tells that a double
+  // click put a script line in the panel.
+  static constexpr char kInsertCaption[] = "Insert Command";
+  static constexpr char kOverwriteCaption[] = "Overwrite Command";
   std::uint8_t CommandMap[17] = {kNoEntry};
   long ChosenPosition = kNoEntry;  // list position of the entry chosen last
   std::uint8_t CurrentCode = kNoEntry;
@@ -69,6 +75,8 @@ class EditorForm {
   bool DebugPromptPending = false;
   long ComposedTimeOut = 0;  // seconds of the last findwindow or wait line composed
   std::string HelpFile;
+
+  ListModel CommandList;  // the catalogue shown; the view's list box mirrors it
 
   FormControls& Controls() { return controls_; }
 
@@ -85,6 +93,17 @@ class EditorForm {
   void Set_Debug_HScroll_Bar();
   void Highlight_After_Load(long stoppedAt);
   void Stretch_Label(ControlId label, bool held);
+  void Prepare_Panel(std::uint8_t code);
+  void Reset_Panel(bool emptyTexts);
+  void Write_Default(ControlId field, const char* text);
+  void Show_Mouse_Options(const char* letters, int buttons);
+  void Show_Choice_Options(const std::string& first, const std::string& second, const FontSpec& font,
+                           const std::string& toolTip);
+  bool Insert_Allowed() const;
+  void Place_Line(const std::string& line);
+  void Set_Overwrite_Mode(bool on);
+  void Fill_Panel(const ParsedCommand& parsed, const std::string& line);
+  void Fill_Time(const std::string& time);
 
   Engine& engine_;
   FormControls& controls_;
