@@ -1,43 +1,72 @@
 // velmora.exe: an automatic session when the command line names a script and
-// a debug file, otherwise the interactive session's window.
+// a debug file, otherwise the script editor.
 #include <windows.h>
 
 #include "automation.h"
+#include "editor_form.h"
+#include "editor_window.h"
 #include "engine.h"
 #include "interpreter.h"
+#include "reg_settings.h"
 #include "session.h"
-#include "session_window.h"
+#include "velmora_version.h"
 #include "win32_desktop.h"
+#include "win32_file_dialogs.h"
 #include "win32_host.h"
 #include "win32_registry.h"
 
 namespace velmora {
 namespace {
 
+std::string Unquoted(std::string name) {
+  if (name.size() >= 2 && name.front() == '"' && name.back() == '"') name = name.substr(1, name.size() - 2);
+  return name;
+}
+
 // The debug file of a script opened from the shell: the script's name with ".vld".
 std::string Debug_Name_For(std::string script) {
-  if (script.size() >= 2 && script.front() == '"' && script.back() == '"') script = script.substr(1, script.size() - 2);
+  script = Unquoted(script);
   const auto dot = script.find_last_of('.');
   const auto slash = script.find_last_of("\\/");
   if (dot != std::string::npos && (slash == std::string::npos || dot > slash)) script.resize(dot);
   return script + ".vld";
 }
 
-int Run_Interactive(Engine& engine, HINSTANCE instance, int show) {
-  SessionWindow window(engine);
-  if (!window.Create(instance, show)) return 1;
-  engine.surface = &window;
-  RunState& state = engine.state;
-  state.InteractiveSession = true;
-  if (!engine.editor.ScriptFileName.empty()) {
-    engine.editor.DebugFileName = Debug_Name_For(engine.editor.ScriptFileName);
-    Initial_Setup(engine, true, state.DebugOn, state.StopRunning, state.ScriptFileNumber, state.DebugFileNumber);
-  }
+// A script named alone on the command line (the shell's open command) is
+// loaded with its own debug file beside it.
+void Load_Named_Script(Engine& engine, EditorForm& form, const std::string& script) {
+  if (script.empty()) return;
+  engine.editor.ScriptFileName = '"' + Unquoted(script) + '"';
+  engine.editor.DebugFileName = '"' + Debug_Name_For(script) + '"';
+  form.Load_Script_And_Debug();
+}
+
+void Run_Message_Loop(EditorWindow& window) {
   MSG message;
   while (GetMessageA(&message, nullptr, 0, 0) > 0) {
+    if (window.Translate_Dialog_Key(message)) continue;
     TranslateMessage(&message);
     DispatchMessageA(&message);
   }
+}
+
+int Run_Editor(Engine& engine, HINSTANCE instance, int show) {
+  const std::string namedScript = engine.editor.ScriptFileName;
+  FormControls controls;
+  EditorWindow window(engine, controls);
+  CRegSettings settings(engine.registry);
+  settings.SetCompany(VELMORA_COMPANY_TEXT);
+  Win32FileDialogs dialogs;
+  EditorForm form(engine, controls, window, dialogs, settings);
+  if (!window.Create(instance, form)) return 1;
+  dialogs.SetOwner(window.Handle());
+  engine.surface = &window;
+  RunState& state = engine.state;
+  state.InteractiveSession = true;
+  form.Form_Load_Interactive();
+  Load_Named_Script(engine, form, namedScript);
+  window.Show(show);
+  Run_Message_Loop(window);
   Shut_Down(engine, true, state.ScriptFileNumber, state.DebugFileNumber);
   engine.surface = nullptr;
   return 0;
@@ -55,5 +84,5 @@ int WINAPI WinMain(HINSTANCE instance, HINSTANCE, LPSTR, int show) {
   engine.automation = &automation;
   velmora::ScriptInterpreter runner;
   velmora::Form_Load(engine, runner);
-  return velmora::Run_Interactive(engine, instance, show);
+  return velmora::Run_Editor(engine, instance, show);
 }

@@ -9,6 +9,7 @@
 #include "file_dialogs.h"
 #include "form_controls.h"
 #include "form_window.h"
+#include "list_model.h"
 #include "trace_extent.h"
 
 namespace velmora {
@@ -57,6 +58,7 @@ class EditorForm {
   void DebugFileLabel_MouseUp(int button);
 
   // Members of the form.
+  ListModel CommandList;  // the catalogue entries shown
   static constexpr std::uint8_t kNoEntry = 255;
   std::uint8_t CommandMap[17] = {kNoEntry};
   long ChosenPosition = kNoEntry;  // list position of the entry chosen last
