@@ -134,14 +134,16 @@ void ToolTips::Create(HWND owner) {
 }
 
 void ToolTips::Set(HWND control, const std::string& text) {
-  if (!window_) return;
+  const bool known = tools_.contains(control);
+  // A tool hooks its control's messages: lists without a tip stay unhooked.
+  if (!window_ || (!known && text.empty())) return;
+  tools_.insert(control);
   TTTOOLINFOA tool{};
   tool.cbSize = sizeof tool;
   tool.uFlags = TTF_IDISHWND | TTF_SUBCLASS;
   tool.hwnd = GetParent(control);
   tool.uId = reinterpret_cast<UINT_PTR>(control);
   tool.lpszText = const_cast<char*>(text.c_str());
-  const bool known = !tools_.insert(control).second;
   SendMessageA(window_, known ? TTM_UPDATETIPTEXTA : TTM_ADDTOOLA, 0, reinterpret_cast<LPARAM>(&tool));
 }
 

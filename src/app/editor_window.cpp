@@ -178,7 +178,8 @@ TwipsRect EditorWindow::Placement() {
 void EditorWindow::SetPlacement(const TwipsRect& rect) {
   const RECT place = scale_.Pixels(rect);
   if (IsWindowVisible(window_) && (IsIconic(window_) || IsZoomed(window_))) {
-    WINDOWPLACEMENT placement{sizeof placement};
+    WINDOWPLACEMENT placement{};
+    placement.length = sizeof placement;
     GetWindowPlacement(window_, &placement);
     placement.rcNormalPosition = place;
     SetWindowPlacement(window_, &placement);
