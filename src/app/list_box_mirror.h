@@ -1,4 +1,8 @@
 // Keeps a list box showing the items and the selection of a list model.
+// Loading a script adds every line and then rewrites many of them, so a
+// burst of changes is shown at once, after the handler that made it returns:
+// drawing waits until then, and after many rewrites the list is refilled
+// from the model in one go instead of item by item.
 #pragma once
 
 #include <windows.h>
@@ -20,9 +24,24 @@ class ListBoxMirror : public ListObserver {
   void OnRemoved(std::size_t index) override;
   void OnSelected(long index) override;
 
+  // Shows the burst held so far (a message posted at its start does it otherwise).
+  void Flush();
+
  private:
+  void Hold_Redraw();
+  void Refill();
+  void Replace(std::size_t index);
+  void Reserve_For_Append(std::size_t count);
+  void Keep_Selection();
+  static LRESULT CALLBACK Poster_Procedure(HWND poster, UINT message, WPARAM wParam, LPARAM lParam);
+
   ListModel& model_;
   HWND listBox_;
+  HWND poster_;
+  bool held_ = false;
+  bool stale_ = false;        // too many rewrites: the list box waits for a refill
+  std::size_t rewrites_ = 0;  // items rewritten in this burst
+  std::size_t capacity_ = 0;  // items the list box has room for without growing
 };
 
 }  // namespace velmora

@@ -1,43 +1,47 @@
 // velmora.exe: an automatic session when the command line names a script and
-// a debug file, otherwise the interactive session's window.
+// a debug file, otherwise the script editor.
 #include <windows.h>
 
 #include "automation.h"
+#include "editor_form.h"
+#include "editor_window.h"
 #include "engine.h"
 #include "interpreter.h"
+#include "reg_settings.h"
 #include "session.h"
-#include "session_window.h"
+#include "velmora_version.h"
 #include "win32_desktop.h"
+#include "win32_file_dialogs.h"
 #include "win32_host.h"
 #include "win32_registry.h"
 
 namespace velmora {
 namespace {
 
-// The debug file of a script opened from the shell: the script's name with ".vld".
-std::string Debug_Name_For(std::string script) {
-  if (script.size() >= 2 && script.front() == '"' && script.back() == '"') script = script.substr(1, script.size() - 2);
-  const auto dot = script.find_last_of('.');
-  const auto slash = script.find_last_of("\\/");
-  if (dot != std::string::npos && (slash == std::string::npos || dot > slash)) script.resize(dot);
-  return script + ".vld";
-}
-
-int Run_Interactive(Engine& engine, HINSTANCE instance, int show) {
-  SessionWindow window(engine);
-  if (!window.Create(instance, show)) return 1;
-  engine.surface = &window;
-  RunState& state = engine.state;
-  state.InteractiveSession = true;
-  if (!engine.editor.ScriptFileName.empty()) {
-    engine.editor.DebugFileName = Debug_Name_For(engine.editor.ScriptFileName);
-    Initial_Setup(engine, true, state.DebugOn, state.StopRunning, state.ScriptFileNumber, state.DebugFileNumber);
-  }
+void Run_Message_Loop(EditorWindow& window) {
   MSG message;
   while (GetMessageA(&message, nullptr, 0, 0) > 0) {
+    if (window.Translate_Dialog_Key(message)) continue;
     TranslateMessage(&message);
     DispatchMessageA(&message);
   }
+}
+
+int Run_Editor(Engine& engine, HINSTANCE instance, int show) {
+  FormControls controls;
+  EditorWindow window(engine, controls);
+  CRegSettings settings(engine.registry);
+  settings.SetCompany(VELMORA_COMPANY_TEXT);
+  Win32FileDialogs dialogs;
+  EditorForm form(engine, controls, window, dialogs, settings);
+  if (!window.Create(instance, form)) return 1;
+  dialogs.SetOwner(window.Handle());
+  engine.surface = &window;
+  RunState& state = engine.state;
+  state.InteractiveSession = true;
+  form.Form_Load_Interactive();
+  window.Show(show);
+  Run_Message_Loop(window);
   Shut_Down(engine, true, state.ScriptFileNumber, state.DebugFileNumber);
   engine.surface = nullptr;
   return 0;
@@ -55,5 +59,5 @@ int WINAPI WinMain(HINSTANCE instance, HINSTANCE, LPSTR, int show) {
   engine.automation = &automation;
   velmora::ScriptInterpreter runner;
   velmora::Form_Load(engine, runner);
-  return velmora::Run_Interactive(engine, instance, show);
+  return velmora::Run_Editor(engine, instance, show);
 }

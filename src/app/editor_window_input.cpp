@@ -1,0 +1,151 @@
+// The user's input: notifications of the controls become the form's
+// procedures or changes of the model's state.
+#include "editor_window.h"
+
+#include <commctrl.h>
+
+#include <string>
+
+#include "editor_form.h"
+#include "engine.h"
+
+namespace velmora {
+
+namespace {
+
+constexpr int kRightButton = 2;
+
+std::string Window_Text(HWND control) {
+  std::string text(static_cast<std::size_t>(GetWindowTextLengthA(control)) + 1, '\0');
+  text.resize(static_cast<std::size_t>(GetWindowTextA(control, text.data(), static_cast<int>(text.size()))));
+  return text;
+}
+
+long Selected_Index(HWND list) { return static_cast<long>(SendMessageA(list, LB_GETCURSEL, 0, 0)); }
+
+bool Is_Option(ControlId id) {
+  const ControlDeclaration* declaration = Find_Declaration(id);
+  return declaration && (declaration->Kind == ControlKind::OptionButton || declaration->Kind == ControlKind::CheckBox);
+}
+
+}  // namespace
+
+void EditorWindow::On_Command(ControlId id, int code) {
+  switch (code) {
+    case BN_CLICKED:
+      On_Button_Clicked(id);
+      break;
+    case EN_CHANGE:
+      if (!showingText_) On_Text_Changed(id);
+      break;
+    case EN_SETFOCUS:
+    case LBN_SETFOCUS:
+      controls_.FocusMoved(id);
+      if (id == ControlId::CommandLine) form_->CommandLine_GotFocus();
+      break;
+    case LBN_SELCHANGE:
+      On_List_Selection_Changed(id);
+      break;
+    case LBN_DBLCLK:
+      if (id == ControlId::TraceWindow) form_->TraceWindow_DblClick();
+      break;
+    default:
+      break;
+  }
+}
+
+// Buttons without a procedure of the form (the execution controls and the
+// Velmora menu) do nothing when clicked.
+void EditorWindow::On_Button_Clicked(ControlId id) {
+  if (Is_Option(id)) {
+    controls_.SetChecked(id, SendMessageA(Control(id), BM_GETCHECK, 0, 0) == BST_CHECKED);
+    return;
+  }
+  switch (id) {
+    case ControlId::OpenScriptButton:
+      form_->OpenScriptButton_Click();
+      break;
+    case ControlId::SaveScriptButton:
+      form_->SaveScriptButton_Click();
+      break;
+    case ControlId::CreateDebugButton:
+      form_->CreateDebugButton_Click();
+      break;
+    case ControlId::InsertCommandButton:
+      form_->InsertCommandButton_Click();
+      break;
+    case ControlId::RemoveCommandButton:
+      form_->RemoveCommandButton_Click();
+      break;
+    default:
+      break;
+  }
+}
+
+void EditorWindow::On_Text_Changed(ControlId id) {
+  HWND control = Control(id);
+  DWORD caret = 0;
+  SendMessageA(control, EM_GETSEL, 0, reinterpret_cast<LPARAM>(&caret));
+  controls_.TextTyped(id, Window_Text(control), static_cast<long>(caret));
+  if (id == ControlId::CommandLine) form_->CommandLine_Change();
+  if (id == ControlId::Minutes) form_->Minutes_Change();
+  if (id == ControlId::Seconds) form_->Seconds_Change();
+}
+
+// The catalogue: a click chooses an entry, the arrow keys only move the
+// highlight (Enter chooses). The trace list: every new highlight is the
+// current line.
+void EditorWindow::On_List_Selection_Changed(ControlId id) {
+  const long index = Selected_Index(Control(id));
+  if (id == ControlId::CommandList) {
+    form_->CommandList.Select(index);
+    if (!keyboardMove_) form_->CommandList_Click(index);
+  } else if (id == ControlId::TraceWindow) {
+    engine_.TraceWindow.Select(index);
+    form_->TraceWindow_Click();
+  }
+}
+
+LRESULT CALLBACK EditorWindow::Control_Hook(HWND control, UINT message, WPARAM wParam, LPARAM lParam, UINT_PTR,
+                                            DWORD_PTR self) {
+  bool handled = false;
+  const LRESULT result =
+      reinterpret_cast<EditorWindow*>(self)->Handle_Control_Message(control, message, wParam, lParam, handled);
+  return handled ? result : DefSubclassProc(control, message, wParam, lParam);
+}
+
+// The catalogue takes Enter from the dialog keys and marks key moves; the
+// file labels report the right button, held until it is released anywhere.
+LRESULT EditorWindow::Handle_Control_Message(HWND control, UINT message, WPARAM wParam, LPARAM lParam, bool& handled) {
+  const auto id = static_cast<ControlId>(GetDlgCtrlID(control));
+  const bool scriptLabel = id == ControlId::ScriptFileLabel;
+  handled = true;
+  if (id == ControlId::CommandList) {
+    const auto* key = reinterpret_cast<const MSG*>(lParam);
+    if (message == WM_GETDLGCODE && key && key->message == WM_KEYDOWN && key->wParam == VK_RETURN)
+      return DefSubclassProc(control, message, wParam, lParam) | DLGC_WANTMESSAGE;
+    if (message == WM_KEYDOWN && wParam == VK_RETURN) {
+      form_->CommandList_Click(Selected_Index(control));
+      return 0;
+    }
+    if (message == WM_CHAR && wParam == '\r') return 0;
+    if (message == WM_KEYDOWN || message == WM_CHAR) {
+      keyboardMove_ = true;
+      const LRESULT result = DefSubclassProc(control, message, wParam, lParam);
+      keyboardMove_ = false;
+      return result;
+    }
+  } else if (message == WM_RBUTTONDOWN) {
+    SetCapture(control);
+    scriptLabel ? form_->ScriptFileLabel_MouseDown(kRightButton) : form_->DebugFileLabel_MouseDown(kRightButton);
+    return 0;
+  } else if (message == WM_RBUTTONUP) {
+    if (GetCapture() == control) ReleaseCapture();
+    scriptLabel ? form_->ScriptFileLabel_MouseUp(kRightButton) : form_->DebugFileLabel_MouseUp(kRightButton);
+    return 0;
+  }
+  handled = false;
+  return 0;
+}
+
+}  // namespace velmora
