@@ -9,6 +9,7 @@
 #include <optional>
 #include <string>
 
+#include "registry_value_rows.h"
 #include "win32_handles.h"
 #include "win32_registry.h"
 
@@ -40,10 +41,12 @@ class RegistryTest : public testing::Test {
     bytes.resize(size);
     return std::pair{type, bytes};
   }
-  static bool RawKeyExists(HKEY root, const std::string& path) {
+  static ScopedKey Open(const std::string& path, HKEY root = HKEY_CURRENT_USER) {
     ScopedKey key;
-    return RegOpenKeyExA(root, path.c_str(), 0, KEY_READ, key.receive()) == ERROR_SUCCESS;
+    if (RegOpenKeyExA(root, path.c_str(), 0, KEY_ALL_ACCESS, key.receive()) != ERROR_SUCCESS) key.release();
+    return key;
   }
+  static bool RawKeyExists(HKEY root, const std::string& path) { return static_cast<bool>(Open(path, root)); }
   Win32Registry registry_;
 };
 
@@ -75,17 +78,27 @@ TEST_F(RegistryTest, SetStringStoresAPlainStringThatQueryStringReturnsUnderEithe
   }
   EXPECT_FALSE(RawKeyExists(HKEY_CURRENT_USER, kScratch));
   // A string another program stored without its terminating zero still reads whole.
-  ASSERT_EQ(RegSetKeyValueA(HKEY_CURRENT_USER, kBase.c_str(), "Raw", REG_SZ, "abc", 3), ERROR_SUCCESS);
+  ASSERT_EQ(RegSetKeyValueA(HKEY_CURRENT_USER, kBase.c_str(), "Raw", REG_SZ, "abcd", 3), ERROR_SUCCESS);
   EXPECT_EQ(registry_.QueryString(kUser, kBase, "Raw"), "abc");
+}
+
+TEST_F(RegistryTest, SetValueAndQueryValueReportTheBytesTheRegistryKeeps) {
+  EXPECT_FALSE(registry_.SetValue(kUser, kBase, "v", RegistryType::String, "x"));  // no key
+  ASSERT_TRUE(registry_.CreateKey(kUser, kBase));
+  for (const auto& row : kRegistryValueRows) {
+    ASSERT_TRUE(registry_.SetValue(kUser, kBase, "v", row.type, row.written));
+    EXPECT_EQ(registry_.QueryValue(kUser, kBase, "V"), (RegistryValue{row.type, row.reported})) << row.written;
+    EXPECT_EQ(Raw(HKEY_CURRENT_USER, kBase, "v"), std::pair(static_cast<DWORD>(row.type), row.reported));
+  }
 }
 
 TEST_F(RegistryTest, KeysAndValuesAreCreatedFoundAndDeletedOneAtATime) {
   const std::string path = kBase + "\\a\\b";
-  EXPECT_FALSE(registry_.KeyExists(kUser, path));
+  EXPECT_FALSE(registry_.OpenKey(kUser, path));
   EXPECT_EQ(registry_.QueryString(kUser, path, "v"), std::nullopt);  // no key
   ASSERT_TRUE(registry_.CreateKey(kUser, path));
   EXPECT_TRUE(RawKeyExists(HKEY_CURRENT_USER, path));
-  EXPECT_TRUE(registry_.KeyExists(kUser, path));
+  EXPECT_TRUE(registry_.OpenKey(kUser, path));
   EXPECT_EQ(registry_.QueryString(kUser, path, "v"), std::nullopt);  // no value
   EXPECT_EQ(registry_.QueryString(kUser, path, ""), std::nullopt);   // no default value
   EXPECT_FALSE(registry_.DeleteValue(kUser, path, "v"));
