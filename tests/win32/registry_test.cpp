@@ -9,6 +9,7 @@
 #include <optional>
 #include <string>
 
+#include "reg_settings.h"
 #include "registry_value_rows.h"
 #include "win32_handles.h"
 #include "win32_registry.h"
@@ -116,6 +117,38 @@ TEST_F(RegistryTest, KeysAndValuesAreCreatedFoundAndDeletedOneAtATime) {
   EXPECT_FALSE(RawKeyExists(HKEY_CURRENT_USER, path));
   EXPECT_TRUE(RawKeyExists(HKEY_CURRENT_USER, kBase + "\\a"));
   EXPECT_FALSE(registry_.DeleteKey(kUser, path));
+}
+
+TEST_F(RegistryTest, SettingsStoreReadsTheStoredSizeLessOneCharacter) {
+  CRegSettings settings(registry_);
+  settings.SetCompany(kScratch);
+  const std::string editor = kBase + "\\" + settings.AppName() + "\\Editor";
+  const struct {
+    const char *section, *key, *saved, *read;
+  } rows[] = {
+      {"Editor", "Script File", "C:\\a b\\setup.vls", "C:\\a b\\setup.vls"},  // the registry adds the zero
+      {"Editor", "*", "unnamed", "unnamed"},
+      {"Editor", "Empty", "", "(default)"},  // stored with size 0
+      {"A\\B", "Top", "120", "120"},
+      {"Editor", "Bare", nullptr, "123"},  // stored without a zero by another program
+  };
+  ASSERT_TRUE(settings.SaveSetting("Editor", "x", "x"));
+  ASSERT_EQ(RegSetValueExA(Open(editor).get(), "Bare", 0, REG_SZ, reinterpret_cast<const BYTE*>("1234+"), 4), 0);
+  for (const auto& row : rows) {
+    if (row.saved) {
+      EXPECT_TRUE(settings.SaveSetting(row.section, row.key, row.saved));
+    }
+    EXPECT_EQ(settings.GetSetting(row.section, row.key, "(default)"), row.read) << row.key;
+  }
+  EXPECT_EQ(Raw(HKEY_CURRENT_USER, editor, ""), std::pair(DWORD{REG_SZ}, "unnamed\0"s));
+  EXPECT_EQ(Raw(HKEY_CURRENT_USER, editor, "Empty"), std::pair(DWORD{REG_SZ}, ""s));
+  EXPECT_FALSE(settings.DeleteSetting("A"));  // has the subkey B
+  EXPECT_TRUE(RawKeyExists(HKEY_CURRENT_USER, kBase + "\\Velmora\\A\\B"));
+  EXPECT_TRUE(settings.DeleteSetting("Editor", "Bare"));
+  EXPECT_FALSE(Raw(HKEY_CURRENT_USER, editor, "Bare").has_value());
+  EXPECT_TRUE(settings.DeleteSetting("A\\B"));
+  EXPECT_TRUE(settings.DeleteSetting("A"));
+  EXPECT_FALSE(settings.DeleteSetting("A"));
 }
 
 }  // namespace
