@@ -39,7 +39,6 @@ TEST_F(RegSettingsTest, ReadsTheStoredSizeLessOneCharacter) {
   }
   EXPECT_EQ(registry.QueryString(kUser, app + "\\Editor", ""), "unnamed");
   EXPECT_EQ(registry.QueryValue(kUser, app + "\\Editor", "Top"), (RegistryValue{RegistryType::String, {"120", 4}}));
-  EXPECT_TRUE(registry.OpenKey(kUser, app + "\\A"));
 }
 
 TEST_F(RegSettingsTest, DeletesValuesAndSectionsWithoutSubkeys) {
