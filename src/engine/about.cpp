@@ -10,6 +10,13 @@ const AboutTexts& About() {
   return texts;
 }
 
+const std::string& Company_Name() {
+  static const std::string name = VELMORA_COMPANY_TEXT;
+  return name;
+}
+
+const std::string& Product_Name() { return About().Title; }
+
 std::string Identification_Line() {
   const AboutTexts& a = About();
   return a.Title + " " + a.Version + ", " + a.Date + ". " + a.Notice;

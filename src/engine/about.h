@@ -16,6 +16,11 @@ struct AboutTexts {
 
 const AboutTexts& About();
 
+// The company and product names of the version information. The editors key
+// their settings by them (CRegSettings defaults to the product name itself).
+const std::string& Company_Name();
+const std::string& Product_Name();
+
 // "Velmora Version 1.0.0, November 2026. <notice>": heads the automatic
 // session's log and every error report.
 std::string Identification_Line();

@@ -9,6 +9,7 @@
 #include <optional>
 #include <string>
 
+#include "reg_settings.h"
 #include "win32_handles.h"
 #include "win32_registry.h"
 
@@ -75,17 +76,17 @@ TEST_F(RegistryTest, SetStringStoresAPlainStringThatQueryStringReturnsUnderEithe
   }
   EXPECT_FALSE(RawKeyExists(HKEY_CURRENT_USER, kScratch));
   // A string another program stored without its terminating zero still reads whole.
-  ASSERT_EQ(RegSetKeyValueA(HKEY_CURRENT_USER, kBase.c_str(), "Raw", REG_SZ, "abc", 3), ERROR_SUCCESS);
+  ASSERT_EQ(RegSetKeyValueA(HKEY_CURRENT_USER, kBase.c_str(), "Raw", REG_SZ, "abcd", 3), ERROR_SUCCESS);
   EXPECT_EQ(registry_.QueryString(kUser, kBase, "Raw"), "abc");
 }
 
 TEST_F(RegistryTest, KeysAndValuesAreCreatedFoundAndDeletedOneAtATime) {
   const std::string path = kBase + "\\a\\b";
-  EXPECT_FALSE(registry_.KeyExists(kUser, path));
+  EXPECT_FALSE(registry_.OpenKey(kUser, path));
   EXPECT_EQ(registry_.QueryString(kUser, path, "v"), std::nullopt);  // no key
   ASSERT_TRUE(registry_.CreateKey(kUser, path));
   EXPECT_TRUE(RawKeyExists(HKEY_CURRENT_USER, path));
-  EXPECT_TRUE(registry_.KeyExists(kUser, path));
+  EXPECT_TRUE(registry_.OpenKey(kUser, path));
   EXPECT_EQ(registry_.QueryString(kUser, path, "v"), std::nullopt);  // no value
   EXPECT_EQ(registry_.QueryString(kUser, path, ""), std::nullopt);   // no default value
   EXPECT_FALSE(registry_.DeleteValue(kUser, path, "v"));
@@ -103,6 +104,34 @@ TEST_F(RegistryTest, KeysAndValuesAreCreatedFoundAndDeletedOneAtATime) {
   EXPECT_FALSE(RawKeyExists(HKEY_CURRENT_USER, path));
   EXPECT_TRUE(RawKeyExists(HKEY_CURRENT_USER, kBase + "\\a"));
   EXPECT_FALSE(registry_.DeleteKey(kUser, path));
+}
+
+TEST_F(RegistryTest, SettingsStoreReadsTheStoredSizeLessOneCharacter) {
+  CRegSettings settings(registry_);
+  settings.SetCompany(kScratch);
+  const std::string editor = kBase + "\\" + settings.AppName() + "\\Editor";
+  const struct {
+    const char *section, *key, *saved, *read;
+  } rows[] = {
+      {"Editor", "*", "unnamed", "unnamed"},  // the registry adds the zero the write leaves out
+      {"Editor", "Empty", "", "(default)"},   // stored with size 0
+      {"A\\B", "Top", "120", "120"},
+      {"Editor", "Bare", nullptr, "123"},  // stored without a zero by another program
+  };
+  ASSERT_EQ(RegSetKeyValueA(HKEY_CURRENT_USER, editor.c_str(), "Bare", REG_SZ, "1234+", 4), 0);
+  for (const auto& row : rows) {
+    if (row.saved) {
+      EXPECT_TRUE(settings.SaveSetting(row.section, row.key, row.saved));
+    }
+    EXPECT_EQ(settings.GetSetting(row.section, row.key, "(default)"), row.read) << row.key;
+  }
+  EXPECT_EQ(Raw(HKEY_CURRENT_USER, editor, "Empty"), std::pair(DWORD{REG_SZ}, std::string()));
+  EXPECT_FALSE(settings.DeleteSetting("A"));  // has the subkey B
+  EXPECT_TRUE(RawKeyExists(HKEY_CURRENT_USER, kBase + "\\Velmora\\A\\B"));
+  EXPECT_TRUE(settings.DeleteSetting("Editor", "Bare"));
+  EXPECT_TRUE(settings.DeleteSetting("A\\B"));
+  EXPECT_TRUE(settings.DeleteSetting("A"));
+  EXPECT_FALSE(settings.DeleteSetting("A"));
 }
 
 }  // namespace

@@ -1,8 +1,14 @@
-// A registry made of memory, for tests.
+// A registry made of memory, for tests: a tree of keys under each root, key
+// and value names without regard to case, values as a type and raw bytes.
+// It keeps the platform's byte counts as measured under Wine: a string type
+// written without its terminator gets one (see Registry::SetValue), and a
+// value is reported with exactly the bytes it holds, so a string stored
+// without a terminator (a binary value read as text, say) is reported
+// without one.
 #pragma once
 
 #include <map>
-#include <set>
+#include <memory>
 #include <string>
 
 #include "registry.h"
@@ -11,18 +17,27 @@ namespace velmora {
 
 class SimRegistry : public Registry {
  public:
-  using Key = std::pair<RegistryRoot, std::string>;
-
-  std::set<Key> keys;
-  std::map<Key, std::map<std::string, std::string>> values;
-
+  bool OpenKey(RegistryRoot root, const std::string& path) override;
   bool CreateKey(RegistryRoot root, const std::string& path) override;
-  bool KeyExists(RegistryRoot root, const std::string& path) override;
-  std::optional<std::string> QueryString(RegistryRoot root, const std::string& path, const std::string& name) override;
-  bool SetString(RegistryRoot root, const std::string& path, const std::string& name,
-                 const std::string& value) override;
+  std::optional<RegistryValue> QueryValue(RegistryRoot root, const std::string& path, const std::string& name) override;
+  bool SetValue(RegistryRoot root, const std::string& path, const std::string& name, RegistryType type,
+                const std::string& bytes) override;
   bool DeleteValue(RegistryRoot root, const std::string& path, const std::string& name) override;
   bool DeleteKey(RegistryRoot root, const std::string& path) override;
+
+ private:
+  struct NoCase {
+    bool operator()(const std::string& a, const std::string& b) const;
+  };
+  struct Key {
+    std::map<std::string, std::unique_ptr<Key>, NoCase> subkeys;
+    std::map<std::string, RegistryValue, NoCase> values;
+  };
+
+  // The key at path, or null when it (or a key on its way) is missing.
+  Key* Find(RegistryRoot root, const std::string& path);
+
+  Key currentUser_, classesRoot_;
 };
 
 }  // namespace velmora

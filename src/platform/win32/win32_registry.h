@@ -1,4 +1,5 @@
-// The Registry seam on Windows.
+// The Registry seam on Windows: each call opens its key with all access,
+// makes one or two registry calls and closes the key again.
 #pragma once
 
 #include "registry.h"
@@ -7,11 +8,11 @@ namespace velmora {
 
 class Win32Registry : public Registry {
  public:
+  bool OpenKey(RegistryRoot root, const std::string& path) override;
   bool CreateKey(RegistryRoot root, const std::string& path) override;
-  bool KeyExists(RegistryRoot root, const std::string& path) override;
-  std::optional<std::string> QueryString(RegistryRoot root, const std::string& path, const std::string& name) override;
-  bool SetString(RegistryRoot root, const std::string& path, const std::string& name,
-                 const std::string& value) override;
+  std::optional<RegistryValue> QueryValue(RegistryRoot root, const std::string& path, const std::string& name) override;
+  bool SetValue(RegistryRoot root, const std::string& path, const std::string& name, RegistryType type,
+                const std::string& bytes) override;
   bool DeleteValue(RegistryRoot root, const std::string& path, const std::string& name) override;
   bool DeleteKey(RegistryRoot root, const std::string& path) override;
 };

@@ -1,0 +1,69 @@
+#include <gtest/gtest.h>
+
+#include <optional>
+
+#include "about.h"
+#include "reg_settings.h"
+#include "sim_registry.h"
+
+namespace velmora {
+namespace {
+
+constexpr RegistryRoot kUser = RegistryRoot::CurrentUser;
+
+class RegSettingsTest : public testing::Test {
+ protected:
+  std::string Get(const char* section, const char* key) { return settings.GetSetting(section, key, "(default)"); }
+  SimRegistry registry;
+  CRegSettings settings{registry};
+  const std::string app = "Software\\VB and VBA Program Settings\\" + Product_Name();
+};
+
+TEST_F(RegSettingsTest, ReadsTheStoredSizeLessOneCharacter) {
+  registry.CreateKey(kUser, app + "\\Bin");
+  registry.SetValue(kUser, app + "\\Bin", "v", RegistryType::Binary, "1234");
+  const struct {
+    const char *section, *key, *saved, *read;
+  } rows[] = {
+      {"Editor", "Top", "120", "120"},  // the registry adds the zero the write leaves out
+      {"editor", "TOP", nullptr, "120"},    {"Editor", "*", "unnamed", "unnamed"},
+      {"A\\B", "Width", "9", "9"},          {"Nowhere", "Top", nullptr, "(default)"},
+      {"Editor", "Empty", "", "(default)"},  // stored with size 0
+      {"Bin", "v", nullptr, "123"},          // no terminator: one character short
+  };
+  for (const auto& row : rows) {
+    if (row.saved) {
+      EXPECT_TRUE(settings.SaveSetting(row.section, row.key, row.saved));
+    }
+    EXPECT_EQ(Get(row.section, row.key), row.read) << row.section << "/" << row.key;
+  }
+  EXPECT_EQ(registry.QueryString(kUser, app + "\\Editor", ""), "unnamed");
+  EXPECT_EQ(registry.QueryValue(kUser, app + "\\Editor", "Top"), (RegistryValue{RegistryType::String, {"120", 4}}));
+}
+
+TEST_F(RegSettingsTest, DeletesValuesAndSectionsWithoutSubkeys) {
+  for (const char* section : {"A\\B", "A", "Editor"}) settings.SaveSetting(section, "k", "v");
+  const std::tuple<const char*, std::optional<std::string>, bool> rows[] = {
+      {"A", std::nullopt, false},  // has the subkey B
+      {"A\\B", "K", true},        {"A\\B", "k", false},       {"A\\B", std::nullopt, true},
+      {"A", std::nullopt, true},  {"A", std::nullopt, false}, {"Editor", "*", false},
+  };
+  for (const auto& [section, key, deleted] : rows) EXPECT_EQ(settings.DeleteSetting(section, key), deleted) << section;
+  EXPECT_EQ(Get("A", "k"), "(default)");
+  EXPECT_EQ(Get("Editor", "k"), "v");
+}
+
+TEST_F(RegSettingsTest, NamesAreTrimmedAndAnEmptyOneRestoresTheDefault) {
+  const std::pair<const char*, const char*> rows[] = {{"  Acme Ltd ", "Acme Ltd"}, {"", nullptr}, {"x", "x"}};
+  for (const auto& [text, kept] : rows) {
+    settings.SetCompany(text);
+    settings.SetAppName(text);
+    EXPECT_EQ(settings.Company(), kept ? kept : "VB and VBA Program Settings");
+    EXPECT_EQ(settings.AppName(), kept ? kept : Product_Name());
+  }
+  settings.SaveSetting("S", "k", "v");
+  EXPECT_EQ(registry.QueryString(kUser, "Software\\x\\x\\S", "k"), "v");
+}
+
+}  // namespace
+}  // namespace velmora
