@@ -30,6 +30,35 @@ cp "$bin/velmora-sample-setup.exe" "$demo/"
 printf '%s\n' '"install.vls" "install.vld"' >"$root/build/demo-cmdline.txt"
 picture="$root/docs/demo-finish.png"
 
+# The editor with the sample script loaded, as docs/editor.png: opened the
+# way the shell opens a script, with a debug file it remembers, so that no
+# dialog asks for one; the picture is taken once its window is up.
+take_editor_picture() {
+  local editor_picture="$root/docs/editor.png" rect
+  : >"$demo/editor.vld"
+  wine_run reg add 'HKCU\Software\Velmora Software\Velmora\Editor' /v "Debug File" /t REG_SZ \
+    /d "\"$(wine_winpath "$demo/editor.vld")\"" /f >/dev/null 2>&1
+  printf '%s\n' '"install.vls"' >"$root/build/demo-editor-cmdline.txt"
+  (cd "$demo" && wine_run "$bin/launch.exe" "$(wine_winpath "$bin/velmora.exe")" \
+    "$(wine_winpath "$root/build/demo-editor-cmdline.txt")" 20 >/dev/null 2>&1) &
+  local editor=$!
+  if wine_run "$bin/wintree.exe" --wait 15 "Velmora - IDE" >/dev/null; then
+    sleep 2
+    rect="$(wine_run "$bin/wintree.exe" "Velmora - IDE" | head -n 1 |
+      sed -nE 's/.* id=0 \[(-?[0-9]+),(-?[0-9]+),(-?[0-9]+),(-?[0-9]+)\].*/\1 \2 \3 \4/p')"
+    if [ -n "$rect" ]; then
+      read -r left top right bottom <<<"$rect"
+      import -display "$DISPLAY" -window root -crop "$((right - left))x$((bottom - top))+$left+$top" +repage \
+        -strip -define png:exclude-chunks=date,time "$editor_picture" &&
+        echo "demo: saved the editor with install.vls as ${editor_picture#"$root/"}"
+    fi
+  else
+    echo "demo: the editor did not appear"
+  fi
+  wait "$editor"  # launch.exe ends the editor after its 20 seconds
+  wine_run reg delete 'HKCU\Software\Velmora Software\Velmora' /f >/dev/null 2>&1
+}
+
 # shellcheck source=wine-env.sh
 source "$root/tools/wine-env.sh"
 wine_start || exit 1
@@ -73,6 +102,7 @@ if [ -d "$installed" ]; then
 else
   echo "demo: nothing was installed into $TARGETDIR"
 fi
+take_editor_picture
 wine_stop
 
 if [ -f "$demo/install.vld" ]; then
