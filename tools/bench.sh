@@ -110,7 +110,7 @@ echo
 echo "Window search over a real window tree (Wine)"
 if ! { cmake -S . -B build/bench-windows -DCMAKE_TOOLCHAIN_FILE="$root/cmake/mingw-w64-x86_64.cmake" \
   -DCMAKE_BUILD_TYPE=Release -DVELMORA_TESTS=OFF -DVELMORA_BENCH=ON &&
-  cmake --build build/bench-windows -j2 --target velmora_window_search_bench; } >build/bench/build-windows.log 2>&1; then
+  cmake --build build/bench-windows -j2 --target velmora_window_search_bench velmora_editor_open_bench; } >build/bench/build-windows.log 2>&1; then
   tail -n 40 build/bench/build-windows.log
   echo "bench: building the Windows window search benchmark failed (build/bench/build-windows.log)" >&2
   exit 1
@@ -123,5 +123,8 @@ if ! wine_start; then
 fi
 status=0
 wine_run "$root/build/bench-windows/bin/velmora_window_search_bench.exe" || status=$?
+echo
+echo "The editor opening scripts, inserting and removing a line (Wine)"
+wine_run "$root/build/bench-windows/bin/velmora_editor_open_bench.exe" || status=$?
 wine_stop
 exit "$status"

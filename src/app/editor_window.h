@@ -93,6 +93,9 @@ class EditorWindow : public ControlObserver, public FormWindow, public EditorSur
   HWND window_ = nullptr;
   TwipsScale scale_;
   FontCache fonts_;
+  // Text is measured on a memory device context of our own: a window's DC
+  // costs a round trip to the display server on every line under Wine.
+  ScopedMemoryDC measureDc_;
   ToolTips tips_;
   std::map<ControlId, HWND> handles_;
   std::unique_ptr<ListBoxMirror> commandMirror_, traceMirror_, debugMirror_;

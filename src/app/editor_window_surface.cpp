@@ -7,11 +7,11 @@
 namespace velmora {
 
 long EditorWindow::Measure(ControlId list, const std::string& text) {
-  HWND control = Control(list);
-  const ScopedWindowDC dc(control);
-  const ScopedSelection font(dc.get(), reinterpret_cast<HGDIOBJ>(SendMessageA(control, WM_GETFONT, 0, 0)));
+  if (!measureDc_) measureDc_.reset(CreateCompatibleDC(nullptr));
+  const auto font = reinterpret_cast<HGDIOBJ>(SendMessageA(Control(list), WM_GETFONT, 0, 0));
+  if (font) SelectObject(measureDc_.get(), font);  // the stock font stays the DC's own to restore
   SIZE size{};
-  GetTextExtentPoint32A(dc.get(), text.c_str(), static_cast<int>(text.size()), &size);
+  GetTextExtentPoint32A(measureDc_.get(), text.c_str(), static_cast<int>(text.size()), &size);
   return size.cx;
 }
 

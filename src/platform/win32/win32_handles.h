@@ -74,6 +74,7 @@ struct GdiObjectTraits {
 // Processes, threads, events and the like (null when invalid).
 using ScopedHandle = Scoped<NullIsInvalid<HANDLE, CloseHandle>>;
 // Files, whose invalid value is INVALID_HANDLE_VALUE.
+using ScopedMemoryDC = Scoped<NullIsInvalid<HDC, DeleteDC>>;
 using ScopedFile = Scoped<MinusOneIsInvalid<CloseHandle>>;
 using ScopedFind = Scoped<MinusOneIsInvalid<FindClose>>;
 using ScopedKey = Scoped<RegistryKeyTraits>;
