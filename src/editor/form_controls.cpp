@@ -46,21 +46,15 @@ void FormControls::SetCaption(ControlId id, const std::string& text) {
 }
 
 void FormControls::SetToolTip(ControlId id, const std::string& text) {
-  if (State(id).ToolTip == text) return;
-  State(id).ToolTip = text;
-  Changed(id, ControlAspect::ToolTip);
+  Assign(id, &ControlState::ToolTip, text, ControlAspect::ToolTip);
 }
 
 void FormControls::SetEnabled(ControlId id, bool enabled) {
-  if (State(id).Enabled == enabled) return;
-  State(id).Enabled = enabled;
-  Changed(id, ControlAspect::Enabled);
+  Assign(id, &ControlState::Enabled, enabled, ControlAspect::Enabled);
 }
 
 void FormControls::SetVisible(ControlId id, bool visible) {
-  if (State(id).Visible == visible) return;
-  State(id).Visible = visible;
-  Changed(id, ControlAspect::Visible);
+  Assign(id, &ControlState::Visible, visible, ControlAspect::Visible);
 }
 
 void FormControls::SetChecked(ControlId id, bool checked) {
@@ -71,34 +65,22 @@ void FormControls::SetChecked(ControlId id, bool checked) {
         Changed(other, ControlAspect::Checked);
       }
   }
-  if (State(id).Checked == checked) return;
-  State(id).Checked = checked;
-  Changed(id, ControlAspect::Checked);
+  Assign(id, &ControlState::Checked, checked, ControlAspect::Checked);
 }
 
 void FormControls::SetInactive(ControlId id, bool inactive) {
-  if (State(id).Inactive == inactive) return;
-  State(id).Inactive = inactive;
-  Changed(id, ControlAspect::Inactive);
+  Assign(id, &ControlState::Inactive, inactive, ControlAspect::Inactive);
 }
 
 void FormControls::SetFont(ControlId id, const FontSpec& font) {
-  if (State(id).Font == font) return;
-  State(id).Font = font;
-  Changed(id, ControlAspect::Font);
+  Assign(id, &ControlState::Font, font, ControlAspect::Font);
 }
 
 void FormControls::SetRect(ControlId id, const TwipsRect& rect) {
-  if (State(id).Rect == rect) return;
-  State(id).Rect = rect;
-  Changed(id, ControlAspect::Rect);
+  Assign(id, &ControlState::Rect, rect, ControlAspect::Rect);
 }
 
-void FormControls::SetCaret(ControlId id, long caret) {
-  if (State(id).Caret == caret) return;
-  State(id).Caret = caret;
-  Changed(id, ControlAspect::Caret);
-}
+void FormControls::SetCaret(ControlId id, long caret) { Assign(id, &ControlState::Caret, caret, ControlAspect::Caret); }
 
 void FormControls::SetFocus(ControlId id) {
   focused_ = id;

@@ -55,8 +55,12 @@ enum class ControlId : int {
   DebugWindow = 1401,
 };
 
-inline ControlId MouseButton(int index) { return static_cast<ControlId>(static_cast<int>(ControlId::MouseButton0) + index); }
-inline ControlId DebugState(int index) { return static_cast<ControlId>(static_cast<int>(ControlId::DebugState0) + index); }
+inline ControlId MouseButton(int index) {
+  return static_cast<ControlId>(static_cast<int>(ControlId::MouseButton0) + index);
+}
+inline ControlId DebugState(int index) {
+  return static_cast<ControlId>(static_cast<int>(ControlId::DebugState0) + index);
+}
 
 struct FontSpec {
   std::string Name = "MS Sans Serif";
@@ -127,6 +131,14 @@ class FormControls {
  private:
   ControlState& State(ControlId id);
   void Changed(ControlId id, ControlAspect aspect);
+  // Sets one field and tells the observer, unless it already held the value.
+  template <class T>
+  void Assign(ControlId id, T ControlState::*field, const T& value, ControlAspect aspect) {
+    ControlState& state = State(id);
+    if (state.*field == value) return;
+    state.*field = value;
+    Changed(id, aspect);
+  }
 
   std::map<ControlId, ControlState> states_;
   ControlId focused_ = ControlId::Form;
