@@ -8,6 +8,7 @@
 #include "editor_form.h"
 #include "engine.h"
 #include "numeric.h"
+#include "script_text.h"
 #include "text.h"
 #include "trap.h"
 
@@ -18,7 +19,6 @@ namespace {
 using C = ControlId;
 
 constexpr char kQuote[] = "\"";
-constexpr std::string_view kBreakpointMark = ">>>";
 constexpr long kSecondsPerMinute = 60;
 
 // After these the catalogue moves on to the entry a script usually needs next

@@ -7,6 +7,7 @@
 #include "engine.h"
 #include "error_report.h"
 #include "parser.h"
+#include "script_text.h"
 #include "text.h"
 #include "trap.h"
 
@@ -15,8 +16,6 @@ namespace velmora {
 namespace {
 
 using C = ControlId;
-
-constexpr std::string_view kBreakpointMark = ">>>";
 
 // The variable name as the panel holds it: without the backquotes that the
 // composed line puts around it.
@@ -85,8 +84,7 @@ void EditorForm::TraceWindow_DblClick() {
     const ListModel& trace = engine_.TraceWindow;
     const long index = trace.Selected();
     if (index < 0) return;
-    std::string line = Trim(trace.Item(index));
-    if (Starts_With(line, kBreakpointMark)) line = Trim(line.substr(kBreakpointMark.size()));
+    const std::string line(Without_Breakpoint_Mark(trace.Item(index)));
     ParsedCommand parsed;
     const bool stopRunning = engine_.state.StopRunning;
     const bool known = Parse_Command(engine_, true, line, engine_.state.SpeedFactor, parsed, index);

@@ -6,6 +6,7 @@
 #include "editor_layout.h"
 #include "engine.h"
 #include "preprocessor.h"
+#include "script_text.h"
 #include "session.h"
 #include "text.h"
 #include "trap.h"
@@ -26,10 +27,11 @@ std::string Unquoted(const std::string& name) {
 
 std::string Quoted(const std::string& name) { return '"' + name + '"'; }
 
-// The line as the file keeps it: a breakpoint mark and its blank are not saved.
+// The line as the file keeps it: a marked line from the fifth character of
+// its trimmed text on (the mark and the blank the editor puts after it).
 std::string Line_To_Save(const std::string& line) {
   const std::string trimmed = Trim(line);
-  return Starts_With(trimmed, ">>>") ? trimmed.substr(std::min<std::size_t>(4, trimmed.size())) : line;
+  return Starts_With(trimmed, kBreakpointMark) ? trimmed.substr(std::min<std::size_t>(4, trimmed.size())) : line;
 }
 
 }  // namespace

@@ -26,7 +26,6 @@ constexpr std::string_view kCommandTable =
 constexpr std::array<std::size_t, 18> kTablePositions = {0,  1,  5,  16, 25, 28, 34, 40, 49,
                                                          0,  54, 60, 65, 70, 76, 85, 92, 97};
 
-constexpr std::string_view kBreakpointMark = ">>>";
 constexpr char kCommentMark = '#';
 constexpr char kWordEnd = ':';
 constexpr long kNoErrorCode = -1;
@@ -80,7 +79,7 @@ class LineParser {
   // line := [">>>"] word [":" parameters] | "#" comment | blanks
   void Split_Line() {
     auto line = Trim_Blanks(line_);
-    if (interactive_ && Starts_With(line, kBreakpointMark)) line = Trim_Blanks(line.substr(kBreakpointMark.size()));
+    if (interactive_) line = Without_Breakpoint_Mark(line);
     if (line.empty()) {
       result_.CommandCode = kBlankLine;
       return;

@@ -7,6 +7,7 @@
 #include "engine.h"
 #include "error_report.h"
 #include "parser.h"
+#include "script_text.h"
 #include "text.h"
 #include "trap.h"
 
@@ -14,7 +15,6 @@ namespace velmora {
 
 namespace {
 
-constexpr const char* kBreakpointMark = ">>>";
 constexpr const char* kLocationPrefix = "Velmora.(General).Preprocess_Command.";
 
 // A block error: its title, the keyword's name in the message, the message's
@@ -135,9 +135,8 @@ void Pass::Put_Back_The_Rest() {
 bool Pass::Line(long& index) {
   const std::string line = Trim(trace_.Item(index));
   trace_.Set(static_cast<std::size_t>(index), line);
-  const bool marked = interactive_ && Starts_With(line, kBreakpointMark);
   ParsedCommand parsed;
-  if (!Parse_Command(engine_, interactive_, marked ? Trim(std::string_view(line).substr(3)) : line,
+  if (!Parse_Command(engine_, interactive_, interactive_ ? Without_Breakpoint_Mark(line) : line,
                      engine_.state.SpeedFactor, parsed, index)) {
     Report_Error(engine_, interactive_, -1, "Unknown Command:  " + line, "Unknown Command Found Error!",
                  std::string(kLocationPrefix) + "UnknownCommandError.1", kGoOn);

@@ -13,6 +13,12 @@ std::string_view Trim_Blanks(std::string_view text) {
   return text;
 }
 
+std::string_view Without_Breakpoint_Mark(std::string_view line) {
+  line = Trim_Blanks(line);
+  return line.substr(0, kBreakpointMark.size()) == kBreakpointMark ? Trim_Blanks(line.substr(kBreakpointMark.size()))
+                                                                    : line;
+}
+
 std::string_view Text_From(std::string_view text, std::size_t position) {
   return position < text.size() ? text.substr(position) : std::string_view();
 }

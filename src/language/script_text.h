@@ -12,6 +12,12 @@ namespace velmora {
 // The text without blanks at either end.
 std::string_view Trim_Blanks(std::string_view text);
 
+// The mark that a breakpoint puts before a line in the editor.
+constexpr std::string_view kBreakpointMark = ">>>";
+
+// The line, trimmed, without a breakpoint mark in front (itself trimmed).
+std::string_view Without_Breakpoint_Mark(std::string_view line);
+
 // The text from the position on; empty when the position is past the end.
 std::string_view Text_From(std::string_view text, std::size_t position);
 
