@@ -87,6 +87,8 @@ class EditorForm {
   void Show_File_Labels();
   void Focus_First_Enabled_Field();
   void Filter_Time_Field(ControlId field);
+  void Close_Debug_File();
+  bool Both_Names_Set() const;
   void Restore_Placement();
   void Restore_File_Names();
   void Save_Placement();

@@ -138,7 +138,6 @@ void EditorForm::Form_Resize() {
 
 // The trace list scrolls sideways exactly to the end of its widest line.
 void EditorForm::Set_Trace_HScroll_Bar() {
-  engine_.editor.WidestTraceLine = traceExtent_.Widest();
   EditorSurface* surface = engine_.surface;
   if (!surface) return;
   const long extent = surface->TraceWindowWidth() < traceExtent_.Widest() ? traceExtent_.Widest() + 5 : 0;
@@ -157,13 +156,7 @@ void EditorForm::Form_QueryUnload() {
   Save_Placement();
   Log_Always(engine_, true, "Info: Editor shut down!" + Date_Time_Stamp(engine_));
   if (ScriptChanged) Save_Script_File();
-  if (DebugFileOpen) {
-    engine_.state.DebugFileOpen = false;  // nothing more may go to the closed file
-    std::string unused;
-    Careful_IO(engine_, true, kClose, engine_.state.DebugFileNumber, unused, "",
-               "Editor.(General).Save_Debug_File.Close.1", kGoOn);
-    DebugFileOpen = false;
-  }
+  if (DebugFileOpen) Close_Debug_File();
   settings_.SaveSetting(kSection, "Script File", engine_.editor.ScriptFileName);
   settings_.SaveSetting(kSection, "Debug File", engine_.editor.DebugFileName);
 }

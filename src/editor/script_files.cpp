@@ -48,6 +48,10 @@ void EditorForm::Change_Folder_For(const std::string& quotedName) {
   engine_.host.ChangeDirectory(folder, ignored);
 }
 
+bool EditorForm::Both_Names_Set() const {
+  return !engine_.editor.ScriptFileName.empty() && !engine_.editor.DebugFileName.empty();
+}
+
 void EditorForm::Show_File_Labels() {
   controls_.SetCaption(ControlId::ScriptFileLabel, "Script: " + Unquoted(engine_.editor.ScriptFileName));
   controls_.SetCaption(ControlId::DebugFileLabel, "Debug: " + Unquoted(engine_.editor.DebugFileName));
@@ -57,20 +61,16 @@ void EditorForm::Open_Script_File() {
   if (ScriptChanged) Save_Script_File();
   EditorState& names = engine_.editor;
   Change_Folder_For(names.ScriptFileName);
-  if (StartupLoad) {
-    Show_File_Labels();
-    if (!names.ScriptFileName.empty() && !names.DebugFileName.empty()) Load_Script_And_Debug();
-  } else {
+  // At start-up the restored names are loaded without asking.
+  if (!StartupLoad) {
     const auto chosen = dialogs_.Show({false, "New Script File", ".VLS", kScriptFilter, engine_.host.CurrentDirectory(),
                                        Unquoted(names.ScriptFileName)});
     if (!chosen) return;
     const std::string name = Trim(*chosen);
-    if (!name.empty()) {
-      names.ScriptFileName = Quoted(name);
-      Show_File_Labels();
-    }
-    if (!names.ScriptFileName.empty() && !names.DebugFileName.empty()) Load_Script_And_Debug();
+    if (!name.empty()) names.ScriptFileName = Quoted(name);
   }
+  Show_File_Labels();
+  if (Both_Names_Set()) Load_Script_And_Debug();
   if (!DebugPromptPending) Save_Debug_File();
 }
 
@@ -114,23 +114,27 @@ void EditorForm::Save_Debug_File() {
   const std::string name = Trim(*chosen);
   if (DebugFileOpen) {
     Log_Trace(engine_, true, "Info: Closing Debug File.  NEW Debug File " + name + " opened.");
-    engine_.state.DebugFileOpen = false;  // nothing more may go to the closed file
-    std::string unused;
-    Careful_IO(engine_, true, kClose, engine_.state.DebugFileNumber, unused, "",
-               "Editor.(General).Save_Debug_File.Close.1", kGoOn);
-    DebugFileOpen = false;
+    Close_Debug_File();
   }
   if (!name.empty()) {
     names.DebugFileName = Quoted(name);
     DebugPromptPending = true;
     Show_File_Labels();
   }
-  if (!names.ScriptFileName.empty() && !names.DebugFileName.empty()) {
+  if (Both_Names_Set()) {
     // The new file starts a new section of the log, and opens afresh.
     names.DebugLogHasOutput = false;
     names.NewSection = true;
     Load_Script_And_Debug();
   }
+}
+
+void EditorForm::Close_Debug_File() {
+  engine_.state.DebugFileOpen = false;  // nothing more may go to the closed file
+  std::string unused;
+  Careful_IO(engine_, true, kClose, engine_.state.DebugFileNumber, unused, "",
+             "Editor.(General).Save_Debug_File.Close.1", kGoOn);
+  DebugFileOpen = false;
 }
 
 void EditorForm::Browse_For_Program() {

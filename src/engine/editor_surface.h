@@ -31,7 +31,6 @@ struct EditorState {
   bool NewSection = false;
   bool ScriptRunning = false;
   long WidestDebugLine = 0;
-  long WidestTraceLine = 0;
 };
 
 }  // namespace velmora

@@ -140,7 +140,6 @@ void Initial_Setup(Engine& engine, bool interactive, bool& debugOn, bool& stopRu
     }
 
     engine.TraceWindow.Clear();
-    engine.editor.WidestTraceLine = 0;
     if (interactive) {
       Set_Trace_Font(engine);
       engine.TraceWindow.Add(Trace_Header_Line());
