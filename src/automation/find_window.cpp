@@ -111,7 +111,8 @@ std::int32_t FindWindow::FindWindow_Command(bool Interactive, const ParsedComman
     LastCommandSucceeded = true;
     if (target_.FoundCount > 1) Log("Found:  " + std::to_string(target_.FoundCount) + " Windows!");
     for (std::int32_t i = 1; i <= target_.FoundCount; ++i) Log("Found Window:  " + std::to_string(list[i]));
-    if (target_.FoundCount > 1) Narrow_By_Distance();
+    if (target_.FoundCount > 1)
+      target_.FoundCount = Narrow_By_Distance(desktop_, target_.Levels, list, target_.FoundCount);
     if (target_.FoundCount > 1) {
       Warn_Several();
       Choose_Under_Pointer();
@@ -122,18 +123,15 @@ std::int32_t FindWindow::FindWindow_Command(bool Interactive, const ParsedComman
   return target_.FoundCount;
 }
 
-// For each level in turn, keeps the candidates whose place at the level's
-// fractions within their parent lies nearest (under 100 pixels) to the same
-// fractions within themselves.
-void FindWindow::Narrow_By_Distance() {
-  auto& list = target_.TargetList;
-  for (const WindowLevel& level : target_.Levels) {
+std::int32_t Narrow_By_Distance(Desktop& desktop, const std::vector<WindowLevel>& levels,
+                                std::vector<WindowHandle>& list, std::int32_t count) {
+  for (const WindowLevel& level : levels) {
     double best = 100.0;
     std::vector<WindowHandle> nearest;
-    for (std::int32_t i = 1; i <= target_.FoundCount; ++i) {
+    for (std::int32_t i = 1; i <= count; ++i) {
       WindowRect parentRect, ownRect;
-      if (!desktop_.GetWindowRect(desktop_.GetParent(list[i]), parentRect)) continue;
-      desktop_.GetWindowRect(list[i], ownRect);
+      if (!desktop.GetWindowRect(desktop.GetParent(list[i]), parentRect)) continue;
+      desktop.GetWindowRect(list[i], ownRect);
       const Point a = At_Fraction(parentRect, level.relativeX, level.relativeY);
       const Point b = At_Fraction(ownRect, level.relativeX, level.relativeY);
       const double distance = std::sqrt((a.x - b.x) * (a.x - b.x) + (a.y - b.y) * (a.y - b.y));
@@ -146,12 +144,40 @@ void FindWindow::Narrow_By_Distance() {
     }
     if (nearest.size() > 1) {
       std::copy(nearest.begin(), nearest.end(), list.begin() + 1);
-      target_.FoundCount = static_cast<std::int32_t>(nearest.size());
+      count = static_cast<std::int32_t>(nearest.size());
     } else if (nearest.size() == 1) {
       // To the front, by exchange, so that no candidate is lost or listed twice.
       std::iter_swap(list.begin() + 1, std::find(list.begin() + 1, list.end(), nearest.front()));
     }
   }
+  return count;
+}
+
+bool Lies_At_Picked_Point(Desktop& desktop, const std::vector<WindowLevel>& levels, WindowHandle candidate) {
+  const WindowLevel& picked = levels.size() >= 2 ? levels[levels.size() - 2] : levels.back();
+  WindowRect r;
+  desktop.GetWindowRect(desktop.GetParent(candidate), r);
+  return desktop.WindowFromPoint(Pixel_At(r, picked.relativeX, picked.relativeY)) == candidate;
+}
+
+FindForecast Forecast_Find(Engine& engine, Desktop& desktop, const std::vector<WindowLevel>& levels) {
+  const WindowLevel& innermost = levels.back();
+  WindowSearch search(engine, desktop);
+  search.TargetChildID = innermost.childId;
+  std::vector<WindowHandle> list{0};
+  FindForecast forecast;
+  forecast.matches = search.Find_Window_Like(list, desktop.DesktopWindow(), 0, innermost.title, innermost.className,
+                                             innermost.childId, Window_Path_Of_Levels(levels));
+  if (forecast.matches < 1) return forecast;
+  const std::int32_t left = Narrow_By_Distance(desktop, levels, list, forecast.matches);
+  forecast.chosen = list[1];
+  for (std::int32_t i = 1; left > 1 && i <= left; ++i) {
+    if (Lies_At_Picked_Point(desktop, levels, list[i])) {
+      forecast.chosen = list[i];
+      break;
+    }
+  }
+  return forecast;
 }
 
 void FindWindow::Warn_Several() {
@@ -175,8 +201,6 @@ void FindWindow::Warn_Several() {
 // more: the choice then goes by what lies at each point as it is.
 void FindWindow::Choose_Under_Pointer() {
   auto& list = target_.TargetList;
-  const auto& levels = target_.Levels;
-  const WindowLevel& picked = levels.size() >= 2 ? levels[levels.size() - 2] : levels.back();
   WaitBudget budget(engine_.host);
   bool responding = true;
   for (std::int32_t i = 1; i <= target_.FoundCount; ++i) {
@@ -185,11 +209,9 @@ void FindWindow::Choose_Under_Pointer() {
       responding = false;
       Log(Not_Responding_Line());
     }
-    WindowRect r;
-    desktop_.GetWindowRect(parent, r);
-    const WindowHandle under = desktop_.WindowFromPoint(Pixel_At(r, picked.relativeX, picked.relativeY));
+    const bool under = Lies_At_Picked_Point(desktop_, target_.Levels, list[i]);
     engine_.host.DoEvents();
-    if (under == list[i]) {
+    if (under) {
       std::swap(list[1], list[i]);
       return;
     }

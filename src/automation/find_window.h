@@ -22,6 +22,24 @@ std::vector<WindowLevel> Read_Window_Levels(const std::string& parameters);
 // The window path that the innermost level must have.
 std::string Window_Path_Of_Levels(const std::vector<WindowLevel>& levels);
 
+// For each level in turn, keeps the candidates (list[1..count]) whose place
+// at the level's fractions within their parent lies nearest (under 100
+// pixels) to the same fractions within themselves; returns how many are left.
+std::int32_t Narrow_By_Distance(Desktop& desktop, const std::vector<WindowLevel>& levels,
+                                std::vector<WindowHandle>& list, std::int32_t count);
+
+// Whether the candidate is the window at the point where the target was
+// picked: its parent's level fractions within the candidate's parent.
+bool Lies_At_Picked_Point(Desktop& desktop, const std::vector<WindowLevel>& levels, WindowHandle candidate);
+
+// What findwindow would find for the levels now, searching once, and the
+// window its choice would take; no window is brought forward.
+struct FindForecast {
+  std::int32_t matches = 0;
+  WindowHandle chosen = 0;
+};
+FindForecast Forecast_Find(Engine& engine, Desktop& desktop, const std::vector<WindowLevel>& levels);
+
 class FindWindow {
  public:
   FindWindow(Engine& engine, Desktop& desktop, WindowSearch& search, TargetState& target)
@@ -36,7 +54,6 @@ class FindWindow {
 
  private:
   void Log(const std::string& text);
-  void Narrow_By_Distance();
   void Warn_Several();
   void Choose_Under_Pointer();
 

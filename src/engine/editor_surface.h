@@ -30,6 +30,7 @@ struct EditorState {
   bool DebugLogHasOutput = false;
   bool NewSection = false;
   bool ScriptRunning = false;
+  bool QuitRun = false;  // a quit line ran in the editor: the editor's run stops after it
   long WidestDebugLine = 0;
 };
 

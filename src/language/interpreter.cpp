@@ -62,6 +62,7 @@ void Dispatch(Engine& engine, bool interactive, bool& debugOn, const ParsedComma
     case kQuitCommand:
       Log_Trace(engine, interactive, "!! Quit Encountered! I am outa here! Have a nice day :)");
       if (!interactive) Quit_Automatic_Session(engine);
+      engine.editor.QuitRun = true;
       return;
     case kElseCommand:
       return Else_Command(engine, interactive);

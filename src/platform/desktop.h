@@ -67,6 +67,13 @@ class Desktop {
   virtual int DoubleClickTime() = 0;
   virtual int ScreenWidth() = 0;
   virtual int ScreenHeight() = 0;
+
+  // Marks a window on the screen with an inverted frame along its edges;
+  // drawing the same frame again removes it.
+  virtual void DrawWindowFrame(WindowHandle window) = 0;
+  // Has every window repaint what lies in the screen rectangle (and so wipes
+  // a frame drawn there).
+  virtual void RepaintScreenArea(const WindowRect& rect) = 0;
 };
 
 }  // namespace velmora

@@ -144,4 +144,9 @@ bool SimDesktop::WaitForInputIdle(int timeoutMilliseconds) {
   return false;
 }
 
+void SimDesktop::RepaintScreenArea(const WindowRect& r) {
+  screenMarks.push_back("repaint " + std::to_string(r.left) + "," + std::to_string(r.top) + "," +
+                        std::to_string(r.right) + "," + std::to_string(r.bottom));
+}
+
 }  // namespace velmora

@@ -61,6 +61,9 @@ class SimDesktop : public Desktop {
   std::vector<KeyInput> keys;
   std::vector<long long> keysSentAt;
   int inputIdleWaits = 0;
+  // Frames drawn and areas repainted, in order: "frame <handle>" and
+  // "repaint <left>,<top>,<right>,<bottom>".
+  std::vector<std::string> screenMarks;
 
   // Settings for tests.
   int doubleClickTime = 500;
@@ -88,6 +91,8 @@ class SimDesktop : public Desktop {
   int DoubleClickTime() override { return doubleClickTime; }
   int ScreenWidth() override { return screenWidth; }
   int ScreenHeight() override { return screenHeight; }
+  void DrawWindowFrame(WindowHandle window) override { screenMarks.push_back("frame " + std::to_string(window)); }
+  void RepaintScreenArea(const WindowRect& r) override;
 
   bool Exists(WindowHandle window) const;
 

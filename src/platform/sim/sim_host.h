@@ -3,6 +3,7 @@
 #pragma once
 
 #include <deque>
+#include <functional>
 #include <map>
 #include <set>
 #include <string>
@@ -29,6 +30,8 @@ class SimHost : public Host {
   std::string decimalSeparator = ".";
   std::string currentDirectory = "C:\\Work";
   bool quitRequested = false;  // what DoEvents reports
+  // Runs on every DoEvents: what the user does while the engine yields.
+  std::function<void()> onDoEvents;
 
   // What the engine did.
   long long clockMs = 0;
@@ -57,6 +60,7 @@ class SimHost : public Host {
   long long ClockMilliseconds() override { return clockMs; }
   bool DoEvents() override {
     ++doEvents;
+    if (onDoEvents) onDoEvents();
     return quitRequested;
   }
   bool FileExists(const std::string& path) override { return files.count(path) > 0; }

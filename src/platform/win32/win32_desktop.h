@@ -26,6 +26,8 @@ class Win32Desktop : public Desktop {
   int DoubleClickTime() override;
   int ScreenWidth() override;
   int ScreenHeight() override;
+  void DrawWindowFrame(WindowHandle window) override;
+  void RepaintScreenArea(const WindowRect& rect) override;
 
  private:
   // The control brought forward last. A disabled control cannot take the
