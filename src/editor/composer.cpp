@@ -123,10 +123,6 @@ void EditorForm::InsertCommandButton_Click() {
   });
 }
 
-void EditorForm::TraceWindow_Click() {
-  Trap(engine_, true, "Editor.TraceWindow.Click.TrappableErrors.1", kGoOn, [&] { Set_Overwrite_Mode(false); });
-}
-
 // The highlight stays at the same place (the line that followed the removed
 // one), or on the last line when the last was removed.
 void EditorForm::RemoveCommandButton_Click() {

@@ -5,11 +5,14 @@
 
 #include <cstdint>
 #include <string>
+#include <vector>
 
 #include "file_dialogs.h"
 #include "form_controls.h"
 #include "form_window.h"
+#include "desktop.h"
 #include "list_model.h"
+#include "target_state.h"
 #include "trace_extent.h"
 
 namespace velmora {
@@ -37,12 +40,24 @@ class EditorForm {
   // Composing and editing lines.
   void InsertCommandButton_Click();
   void TraceWindow_DblClick();
-  void TraceWindow_Click();
   void RemoveCommandButton_Click();
   void Minutes_Change();
   void Seconds_Change();
   void CommandLine_Change();
+
+  // Running the script from the editor.
+  void ExecuteButton_Click();
+  void ExecuteNextButton_Click();
+  void BreakPointButton_Click();
+  void TraceWindow_Click();
+
+  // Picking a window or a screen position with the mouse.
   void CommandLine_GotFocus();
+  void Minutes_GotFocus();
+
+  // Whether the form may close now. Not while a run or a pick is under way:
+  // the close then waits until the current line or sample ends.
+  bool May_Close_Now();
 
   // Files.
   void OpenScriptButton_Click() { Open_Script_File(); }
@@ -74,6 +89,9 @@ class EditorForm {
   bool StartupLoad = false;
   bool DebugPromptPending = false;
   long ComposedTimeOut = 0;  // seconds of the last findwindow or wait line composed
+  bool Running = false;      // a run or a single step is under way
+  bool Picking = false;      // a window or mouse-location pick is under way
+  bool CloseRequested = false;  // the user closed the form during a run or pick
   std::string HelpFile;
 
   ListModel CommandList;  // the catalogue shown; the view's list box mirrors it
@@ -106,6 +124,20 @@ class EditorForm {
   void Set_Overwrite_Mode(bool on);
   void Fill_Panel(const ParsedCommand& parsed, const std::string& line);
   void Fill_Time(const std::string& time);
+  void Lock_For_Run();
+  void Unlock_After_Run();
+  void Show_Halt_Button(int fontSize, const char* caption);
+  void Report_Halt();
+  void Request_Halt();
+  bool Run_Highlighted_Line();
+  void Show_Breakpoint_State();
+  void Disable_For_Pick(const char* title, const char* logLine, const char* hint);
+  void Enable_After_Pick();
+  ScreenPoint Wait_For_Still_Pointer(bool frameWindows);
+  void Erase_Frame(WindowHandle framed);
+  std::string Describe_Window(WindowHandle picked, ScreenPoint point, std::vector<WindowLevel>& levels);
+  void Report_Matches(const std::vector<WindowLevel>& levels, WindowHandle picked);
+  void Close_If_Requested();
 
   Engine& engine_;
   FormControls& controls_;

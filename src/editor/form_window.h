@@ -22,6 +22,11 @@ class FormWindow {
   virtual void SetState(WindowState state) = 0;
   virtual long ScreenWidth() = 0;
   virtual long ScreenHeight() = 0;
+  // Brings the window that has the keyboard focus to the foreground, after a
+  // run has activated other programs.
+  virtual void BringFocusToForeground() = 0;
+  // Asks the form to close again: a close that waited for a run or pick.
+  virtual void Close() = 0;
 };
 
 }  // namespace velmora

@@ -145,11 +145,6 @@ void EditorForm::Browse_For_Program() {
   CommandLine_Change();
 }
 
-void EditorForm::CommandLine_GotFocus() {
-  if (OverwriteMode) return;
-  if (CurrentCode == 1) Browse_For_Program();
-}
-
 void EditorForm::Load_Script_And_Debug() {
   RunState& state = engine_.state;
   Initial_Setup(engine_, true, state.DebugOn, state.StopRunning, state.ScriptFileNumber, state.DebugFileNumber);

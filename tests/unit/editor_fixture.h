@@ -24,6 +24,10 @@ class FakeFormWindow : public FormWindow {
   void SetState(WindowState s) override { state = s; }
   long ScreenWidth() override { return screenWidth; }
   long ScreenHeight() override { return screenHeight; }
+  int foregroundCalls = 0;
+  int closeCalls = 0;
+  void BringFocusToForeground() override { ++foregroundCalls; }
+  void Close() override { ++closeCalls; }
 };
 
 // Answers each dialog with the next reply (nothing = cancel) and keeps the requests.

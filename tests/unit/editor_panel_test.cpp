@@ -18,6 +18,8 @@ struct NoWindow : FormWindow {
   void SetState(WindowState) override {}
   long ScreenWidth() override { return 0; }
   long ScreenHeight() override { return 0; }
+  void BringFocusToForeground() override {}
+  void Close() override {}
 };
 struct NoDialogs : FileDialogs {
   std::optional<std::string> Show(const FileDialogRequest&) override { return std::nullopt; }

@@ -1,0 +1,190 @@
+// Running the script from the editor: the whole script from the highlighted
+// line on, or one line; the halt button; breakpoints.
+#include "debug_log.h"
+#include "editor_form.h"
+#include "engine.h"
+#include "interpreter.h"
+#include "preprocessor.h"
+#include "script_text.h"
+#include "text.h"
+#include "trap.h"
+
+namespace velmora {
+
+namespace {
+
+using C = ControlId;
+
+const std::string kRunStart(49, '*');
+const std::string kRunEnd(49, '+');
+constexpr char kIdleCaption[] = " Execute Currently Selected Command";
+constexpr char kHaltCaption[] = "HALT!";
+constexpr char kHaltingCaption[] = "Halt in Progress...";
+constexpr int kIdleSize = 12, kHaltSize = 18, kHaltingSize = 14;
+
+bool Is_Marked(const std::string& line) { return Starts_With(Trim(line), kBreakpointMark); }
+
+}  // namespace
+
+void EditorForm::Show_Halt_Button(int fontSize, const char* caption) {
+  FontSpec font = controls_[C::ExecuteNextButton].Font;
+  font.Size = fontSize;
+  controls_.SetFont(C::ExecuteNextButton, font);
+  controls_.SetCaption(C::ExecuteNextButton, caption);
+}
+
+// Everything but the halt button is locked while lines run.
+void EditorForm::Lock_For_Run() {
+  Running = true;
+  Set_Control_State("Files", false);
+  Set_Control_State("DisableCommands");
+  Set_Control_State("TraceControls", false);
+  Show_Halt_Button(kHaltSize, kHaltCaption);
+  controls_.SetEnabled(C::ExecuteNextButton, true);
+  controls_.SetEnabled(C::TraceControlsFrame, true);
+}
+
+// The commands run will have activated other programs: the editor comes back.
+void EditorForm::Unlock_After_Run() {
+  Show_Halt_Button(kIdleSize, kIdleCaption);
+  Set_Control_State("Files", true);
+  Set_Control_State("EnableCommands");
+  Set_Control_State("TraceControls", true);
+  controls_.SetEnabled(C::TraceFrame, true);
+  controls_.SetEnabled(C::TraceWindow, true);
+  controls_.SetFocus(C::ExecuteNextButton);
+  window_.BringFocusToForeground();
+  Running = false;
+  Close_If_Requested();
+}
+
+// The button becomes the execute button again; a halt asked for is told.
+void EditorForm::Report_Halt() {
+  Show_Halt_Button(kIdleSize, kIdleCaption);
+  RunState& state = engine_.state;
+  if (!state.HaltRequested) return;
+  engine_.host.Beep();
+  Log_Always(engine_, true, "Info: Execution Halted at your request.");
+  state.HaltRequested = false;
+}
+
+// Runs the highlighted line; true when the run must not go on after it (a
+// quit line ran).
+bool EditorForm::Run_Highlighted_Line() {
+  RunState& state = engine_.state;
+  engine_.editor.QuitRun = false;
+  Process_Command(engine_, true, state.DebugOn, state.ScriptFileNumber, state.DebugFileNumber, state.FoundWindow,
+                  state.LastCommandSucceeded);
+  return engine_.editor.QuitRun;
+}
+
+void EditorForm::ExecuteButton_Click() {
+  RunState& state = engine_.state;
+  Lock_For_Run();
+  controls_.SetEnabled(C::TraceFrame, false);
+  controls_.SetEnabled(C::TraceWindow, true);
+  Trap(engine_, true, "Editor.ExecuteButton.Click.TrappableErrors.1", kGoOn, [&] {
+    state.HaltRequested = false;
+    bool stop = false;
+    Log_Trace(engine_, true, kRunStart);
+    Log_Trace(engine_, true, "Info: PreProcessing...");
+    Preprocess_Commands(engine_, true, state.DebugOn, true, state.LastCommandSucceeded);
+    if (state.StopRunning) state.StopRunning = false, stop = true;  // a block error: nothing runs
+    for (const std::string& line : {std::string(), kRunStart, kRunStart, std::string("Info: Execution BEGINS!!")})
+      Log_Trace(engine_, true, line);
+    // The first line always runs, marked or not; the run stops before the
+    // next marked line, so a second click runs on past it.
+    while (!stop && !state.HaltRequested) {
+      if (state.StopRunning) {
+        state.StopRunning = false, stop = true;
+      } else {
+        stop = Run_Highlighted_Line() || Is_Marked(engine_.TraceWindow.Item(engine_.TraceWindow.Selected()));
+      }
+    }
+    Report_Halt();
+    for (const std::string& line : {std::string(), std::string("Info: Execution ends."), kRunEnd, kRunEnd})
+      Log_Trace(engine_, true, line);
+  });
+  Unlock_After_Run();  // also after an unexpected error: the editor never stays locked
+}
+
+// During a run this is the halt button.
+void EditorForm::ExecuteNextButton_Click() {
+  RunState& state = engine_.state;
+  state.StopRunning = false;
+  if (controls_[C::ExecuteNextButton].Caption == kHaltCaption) return Request_Halt();
+  Lock_For_Run();
+  Trap(engine_, true, "Editor.ExecuteNextButton.Click.TrappableErrors.1", kGoOn, [&] {
+    state.HaltRequested = false;
+    Log_Trace(engine_, true, kRunStart);
+    Log_Trace(engine_, true, "Info: PreProcessing...");
+    Preprocess_Commands(engine_, true, state.DebugOn, true, state.LastCommandSucceeded);
+    if (state.StopRunning) {
+      state.StopRunning = false;  // a block error: the line does not run
+    } else {
+      Run_Highlighted_Line();
+    }
+    Report_Halt();
+  });
+  Unlock_After_Run();
+}
+
+// The running line ends first; the halt button waits for it, disabled.
+void EditorForm::Request_Halt() {
+  engine_.state.HaltRequested = true;
+  Show_Halt_Button(kHaltingSize, kHaltingCaption);
+  controls_.SetEnabled(C::TraceControlsFrame, false);
+}
+
+void EditorForm::BreakPointButton_Click() {
+  Trap(engine_, true, "Editor.BreakPointButton.Click.TrappableErrors.1", kGoOn, [&] {
+    ListModel& trace = engine_.TraceWindow;
+    const long highlighted = trace.Selected();
+    if (highlighted < 0 || highlighted >= static_cast<long>(trace.Count())) return;
+    const std::string text = Trim(trace.Item(highlighted));
+    const bool marked = Starts_With(text, kBreakpointMark);
+    // Clearing takes the mark and the blanks after it, as the interpreter
+    // reads past it, so a line marked by hand without a blank keeps its text.
+    trace.Set(static_cast<std::size_t>(highlighted), marked ? std::string(Without_Breakpoint_Mark(text))
+                                                            : std::string(kBreakpointMark) + " " + text);
+    trace.Select(highlighted);
+    Show_Breakpoint_State();
+    Set_Trace_HScroll_Bar();
+  });
+}
+
+void EditorForm::Show_Breakpoint_State() {
+  const bool marked = Is_Marked(engine_.TraceWindow.Item(engine_.TraceWindow.Selected()));
+  controls_.SetCaption(C::BreakPointButton, marked ? "Clear Break" : "Set Break");
+  controls_.SetToolTip(C::BreakPointButton,
+                       marked ? "Clear this break point" : "Set a break point at the hitlited location");
+}
+
+// The heading line is not a place to run from: a click on it highlights the
+// line below, made empty when there is none.
+void EditorForm::TraceWindow_Click() {
+  Trap(engine_, true, "Editor.TraceWindow.Click.TrappableErrors.1", kGoOn, [&] {
+    ListModel& trace = engine_.TraceWindow;
+    if (trace.Selected() == 0) {
+      if (trace.Count() == 1) trace.Add("");
+      trace.Select(1);
+    }
+    Show_Breakpoint_State();
+    Set_Overwrite_Mode(false);
+  });
+}
+
+bool EditorForm::May_Close_Now() {
+  if (!Running && !Picking) return true;
+  CloseRequested = true;
+  if (Running) Request_Halt();
+  return false;
+}
+
+void EditorForm::Close_If_Requested() {
+  if (!CloseRequested || Running || Picking) return;
+  CloseRequested = false;
+  window_.Close();
+}
+
+}  // namespace velmora

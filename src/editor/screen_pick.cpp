@@ -1,0 +1,201 @@
+// Picking with the mouse: the window under the pointer for a findwindow line,
+// or a screen position for a usemouse line, taken once the pointer has stood
+// still for 3 seconds.
+#include <algorithm>
+#include <charconv>
+#include <cmath>
+#include <optional>
+
+#include "command_codes.h"
+#include "debug_log.h"
+#include "editor_form.h"
+#include "engine.h"
+#include "find_window.h"
+#include "screen_point.h"
+#include "session.h"
+#include "trap.h"
+#include "window_search.h"
+
+namespace velmora {
+
+namespace {
+
+using C = ControlId;
+
+constexpr char kFormTitle[] = "Velmora - IDE";
+constexpr int kStillSamples = 30;  // tenths of a second without a move
+constexpr double kFractionSteps = 10000.0;
+constexpr double kMouseRange = 65536.0;
+constexpr long kMouseMost = 65535;
+
+// A level's relative point, to four places: within a pixel for any window
+// narrower than 10000 pixels. A point before the window's edge (in an owner
+// that a pop-up stands beside) counts as the edge: findwindow takes no
+// negative fraction. A window without width or height gives 0.
+double Fraction(long at, long low, long high) {
+  if (high <= low) return 0.0;
+  const double fraction = static_cast<double>(at - low) / static_cast<double>(high - low);
+  return fraction < 0 ? 0.0 : std::round(fraction * kFractionSteps) / kFractionSteps;
+}
+
+// The shortest decimal with a full stop, whatever the user's locale.
+std::string Decimal_Text(double value) {
+  char buffer[32];
+  const auto written = std::to_chars(buffer, buffer + sizeof buffer, value, std::chars_format::fixed, 4);
+  std::string text(buffer, written.ptr);
+  while (text.back() == '0') text.pop_back();
+  if (text.back() == '.') text.pop_back();
+  return text;
+}
+
+std::string Quoted(const std::string& text) { return '"' + text + '"'; }
+
+// A pixel as usemouse takes it: a share of 65536 across the screen.
+long Mouse_Range(long pixel, int screenPixels) {
+  if (screenPixels <= 0) return 0;
+  const double share = static_cast<double>(pixel) * kMouseRange / screenPixels;
+  return Rounded_Within(std::clamp(share, 0.0, static_cast<double>(kMouseMost)), 0, kMouseMost);  // other screens: the edge
+}
+
+}  // namespace
+
+void EditorForm::Disable_For_Pick(const char* title, const char* logLine, const char* hint) {
+  Picking = true;
+  controls_.SetEnabled(C::Form, false);
+  controls_.SetCaption(C::Form, title);
+  Log_Trace(engine_, true, logLine);
+  Log_Trace(engine_, true, hint);
+  engine_.host.Beep();
+}
+
+void EditorForm::Enable_After_Pick() {
+  controls_.SetCaption(C::Form, kFormTitle);
+  controls_.SetEnabled(C::Form, true);
+  Log_Trace(engine_, true, "Info: Editor Re-Enabled!");
+  Picking = false;
+}
+
+// The old frame goes by having the screen under the window repainted.
+void EditorForm::Erase_Frame(WindowHandle framed) {
+  WindowRect rect;
+  if (framed != 0 && engine_.desktop->GetWindowRect(framed, rect)) engine_.desktop->RepaintScreenArea(rect);
+}
+
+// Samples the pointer every tenth of a second until it has not moved, not by
+// one pixel, for 30 samples; framing the window under it on the way, when
+// asked. A close of the form ends the wait early.
+ScreenPoint EditorForm::Wait_For_Still_Pointer(bool frameWindows) {
+  Desktop& desktop = *engine_.desktop;
+  WindowHandle framed = 0;
+  std::optional<ScreenPoint> previous;
+  ScreenPoint point;
+  for (int still = 0; still < kStillSamples && !CloseRequested;) {
+    point = desktop.GetCursorPos();
+    Pause_Tenths(engine_, 1);
+    if (frameWindows) {
+      const WindowHandle under = desktop.WindowFromPoint(point);
+      if (under != framed) {
+        Erase_Frame(framed);
+        engine_.host.DoEvents();
+        if (under != 0) desktop.DrawWindowFrame(under);
+        framed = under;
+      }
+    }
+    still = previous && previous->x == point.x && previous->y == point.y ? still + 1 : 0;
+    previous = point;
+  }
+  Erase_Frame(framed);
+  return point;
+}
+
+// Every level from the picked window out to its top-level window, each with
+// the point as fractions of its rectangle; outermost first in the text.
+std::string EditorForm::Describe_Window(WindowHandle picked, ScreenPoint point, std::vector<WindowLevel>& levels) {
+  Desktop& desktop = *engine_.desktop;
+  std::string groups;
+  for (WindowHandle window = picked; window != 0 && levels.size() < 255;) {
+    WindowLevel level;
+    level.className = desktop.ClassName(window, kTextBufferSize);
+    level.title = desktop.WindowText(window, kTextBufferSize);
+    const WindowHandle parent = desktop.GetParent(window);
+    level.childId = Child_Id_Of(desktop, window, parent);
+    WindowRect r;
+    desktop.GetWindowRect(window, r);
+    engine_.host.DoEvents();
+    level.relativeX = Fraction(point.x, r.left, r.right);
+    level.relativeY = Fraction(point.y, r.top, r.bottom);
+    groups = ", " + Quoted(level.title) + ", " + Quoted(level.className) + ", " + std::to_string(level.childId) +
+             ", " + Decimal_Text(level.relativeX) + ", " + Decimal_Text(level.relativeY) + groups;
+    levels.insert(levels.begin(), std::move(level));
+    window = parent;
+  }
+  return std::to_string(levels.size()) + groups;
+}
+
+// Searches the description as findwindow will when it plays it, and says
+// how many windows it finds and whether its choice among them is the one
+// that was picked.
+void EditorForm::Report_Matches(const std::vector<WindowLevel>& levels, WindowHandle picked) {
+  for (const WindowLevel& level : levels) {
+    if (level.title.find('"') != std::string::npos || level.className.find('"') != std::string::npos)
+      return Log_Trace(engine_, true, "Info: The picked window cannot be found again: a title holds a double quote.");
+  }
+  const FindForecast forecast = Forecast_Find(engine_, *engine_.desktop, levels);
+  std::string line;
+  if (forecast.matches == 0) {
+    line = "Info: No window matches the picked description now.";
+  } else if (forecast.matches == 1) {
+    line = "Info: 1 window matches the picked description now.";
+  } else {
+    line = "Info: " + std::to_string(forecast.matches) +
+           " windows match the picked description now; the choice by the picked point lands on " +
+           (forecast.chosen == picked ? "the picked window." : "another window.");
+  }
+  Log_Trace(engine_, true, line);
+}
+
+void EditorForm::CommandLine_GotFocus() {
+  if (OverwriteMode || Picking) return;
+  if (CurrentCode == kRunCommand) return Browse_For_Program();
+  if (CurrentCode != kFindWindowCommand || !engine_.desktop) return;
+  Disable_For_Pick("Velmora Script Editor  ** DISABLED PENDING WINDOW LOCATION INPUT! **",
+                   "Info: Editor Disabled Pending Window Location Input!",
+                   "  To pick window, leave mouse stationary for 3 seconds!");
+  Trap(engine_, true, "Editor.CommandLine.GotFocus.TrappableErrors.1", kGoOn, [&] {
+    const ScreenPoint point = Wait_For_Still_Pointer(true);
+    if (CloseRequested) return;
+    const WindowHandle picked = engine_.desktop->WindowFromPoint(point);
+    controls_.SetCaption(C::CommandLine, "");
+    std::vector<WindowLevel> levels;
+    controls_.SetCaption(C::CommandLine, Describe_Window(picked, point, levels));
+    CommandLine_Change();
+    if (!levels.empty()) Report_Matches(levels, picked);
+  });
+  Enable_After_Pick();
+  controls_.SetFocus(C::Minutes);
+  Close_If_Requested();
+}
+
+// The position goes into X and Y in usemouse's range, 0 to 65535 across the
+// screen.
+void EditorForm::Minutes_GotFocus() {
+  if (OverwriteMode || Picking || CurrentCode != kUseMouseCommand || !engine_.desktop) return;
+  Disable_For_Pick("Velmora Script Editor  ** DISABLED PENDING MOUSE LOCATION INPUT! **",
+                   "Info: Editor Disabled Pending Mouse Location Input!",
+                   "  To pick location, leave mouse stationary for 3 seconds!");
+  const std::string label = controls_[C::TimeOutLabel].Caption;
+  controls_.SetCaption(C::TimeOutLabel, "Mouse Location*");
+  Trap(engine_, true, "Editor.Minutes.GotFocus.TrappableErrors.1", kGoOn, [&] {
+    const ScreenPoint point = Wait_For_Still_Pointer(false);
+    if (CloseRequested) return;
+    Desktop& desktop = *engine_.desktop;
+    controls_.SetCaption(C::Minutes, std::to_string(Mouse_Range(point.x, desktop.ScreenWidth())));
+    controls_.SetCaption(C::Seconds, std::to_string(Mouse_Range(point.y, desktop.ScreenHeight())));
+  });
+  controls_.SetCaption(C::TimeOutLabel, label);
+  Enable_After_Pick();
+  controls_.SetFocus(C::InsertCommandButton);
+  Close_If_Requested();
+}
+
+}  // namespace velmora
