@@ -122,6 +122,9 @@ LRESULT EditorWindow::Handle_Message(UINT message, WPARAM wParam, LPARAM lParam)
     case WM_COMMAND:
       if (lParam) On_Command(static_cast<ControlId>(LOWORD(wParam)), HIWORD(wParam));
       return 0;
+    case kFieldEntered:
+      On_Field_Entered(static_cast<ControlId>(wParam));
+      return 0;
     case WM_CTLCOLORSTATIC:
     case WM_CTLCOLOREDIT:
       return On_Control_Colour(reinterpret_cast<HDC>(wParam), reinterpret_cast<HWND>(lParam),
@@ -158,7 +161,9 @@ void EditorWindow::On_Move() {
   if (!IsIconic(window_)) controls_.SetRect(ControlId::Form, Placement());
 }
 
+// A run or a pick under way ends first, then asks for the close again.
 void EditorWindow::On_Close() {
+  if (!form_->May_Close_Now()) return;
   form_->Form_QueryUnload();
   DestroyWindow(window_);
 }
@@ -176,6 +181,13 @@ void EditorWindow::On_Destroy() {
   window_ = nullptr;
   PostQuitMessage(0);
 }
+
+void EditorWindow::BringFocusToForeground() {
+  HWND focus = GetFocus();
+  SetForegroundWindow(focus ? GetAncestor(focus, GA_ROOT) : window_);
+}
+
+void EditorWindow::Close() { PostMessageA(window_, WM_CLOSE, 0, 0); }
 
 TwipsRect EditorWindow::Placement() {
   RECT outer{};

@@ -24,6 +24,9 @@ class EditorForm;
 
 class EditorWindow : public ControlObserver, public FormWindow, public EditorSurface {
  public:
+  // Posted when a field that starts a pick or a dialog gets the focus.
+  static constexpr UINT kFieldEntered = WM_APP + 1;
+
   EditorWindow(Engine& engine, FormControls& controls);
   ~EditorWindow() override;
   EditorWindow(const EditorWindow&) = delete;
@@ -48,6 +51,8 @@ class EditorWindow : public ControlObserver, public FormWindow, public EditorSur
   void SetState(WindowState state) override;
   long ScreenWidth() override;
   long ScreenHeight() override;
+  void BringFocusToForeground() override;
+  void Close() override;
 
   // EditorSurface
   long MeasureDebugText(const std::string& text) override;
@@ -74,6 +79,7 @@ class EditorWindow : public ControlObserver, public FormWindow, public EditorSur
   void On_Button_Clicked(ControlId id);
   void On_Text_Changed(ControlId id);
   void On_List_Selection_Changed(ControlId id);
+  void On_Field_Entered(ControlId id);
   LRESULT On_Control_Colour(HDC dc, HWND control, bool edit);
 
   // The form's own events.

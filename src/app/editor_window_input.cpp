@@ -41,7 +41,8 @@ void EditorWindow::On_Command(ControlId id, int code) {
     case EN_SETFOCUS:
     case LBN_SETFOCUS:
       controls_.FocusMoved(id);
-      if (id == ControlId::CommandLine) form_->CommandLine_GotFocus();
+      if (id == ControlId::CommandLine || id == ControlId::Minutes)
+        PostMessageA(window_, kFieldEntered, static_cast<WPARAM>(id), 0);
       break;
     case LBN_SELCHANGE:
       On_List_Selection_Changed(id);
@@ -54,8 +55,16 @@ void EditorWindow::On_Command(ControlId id, int code) {
   }
 }
 
-// Buttons without a procedure of the form (the execution controls and the
-// Velmora menu) do nothing when clicked.
+// A pick or a dialog starts once the click that gave the field the focus has
+// been handled, and takes the mouse capture from the field: otherwise the
+// field would go on selecting text with the button long released.
+void EditorWindow::On_Field_Entered(ControlId id) {
+  if (controls_.Focused() != id || GetFocus() != Control(id)) return;  // the focus has moved on
+  if (GetCapture() == Control(id)) ReleaseCapture();
+  id == ControlId::CommandLine ? form_->CommandLine_GotFocus() : form_->Minutes_GotFocus();
+}
+
+// The Velmora menu has no procedure yet: a click on it does nothing.
 void EditorWindow::On_Button_Clicked(ControlId id) {
   if (Is_Option(id)) {
     controls_.SetChecked(id, SendMessageA(Control(id), BM_GETCHECK, 0, 0) == BST_CHECKED);
@@ -76,6 +85,15 @@ void EditorWindow::On_Button_Clicked(ControlId id) {
       break;
     case ControlId::RemoveCommandButton:
       form_->RemoveCommandButton_Click();
+      break;
+    case ControlId::ExecuteButton:
+      form_->ExecuteButton_Click();
+      break;
+    case ControlId::ExecuteNextButton:
+      form_->ExecuteNextButton_Click();
+      break;
+    case ControlId::BreakPointButton:
+      form_->BreakPointButton_Click();
       break;
     default:
       break;
