@@ -85,6 +85,9 @@ void EditorForm::ExecuteButton_Click() {
   controls_.SetEnabled(C::TraceWindow, true);
   Trap(engine_, true, "Editor.ExecuteButton.Click.TrappableErrors.1", kGoOn, [&] {
     state.HaltRequested = false;
+    // A step that ran the last line left the end of the script flagged; that
+    // end is not this run's, which starts at the highlighted line.
+    state.StopRunning = false;
     bool stop = false;
     Log_Trace(engine_, true, kRunStart);
     Log_Trace(engine_, true, "Info: PreProcessing...");

@@ -69,6 +69,7 @@ TEST_F(EditorRunTest, RunsStopAtTheNextMarkAQuitTheEndOrABlockError) {
   for (const RunRow& row : rows) {
     SCOPED_TRACE(row.name);
     engine.DebugWindow.Clear();
+    engine.state.StopRunning = true;  // as a step that ran the last line leaves it
     Script(row.script, 1);
     row.step ? form.ExecuteNextButton_Click() : form.ExecuteButton_Click();
     EXPECT_EQ(Ran(), row.ran);
