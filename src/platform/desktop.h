@@ -68,8 +68,8 @@ class Desktop {
   virtual int ScreenWidth() = 0;
   virtual int ScreenHeight() = 0;
 
-  // Marks a window on the screen with an inverted frame along its edges;
-  // drawing the same frame again removes it.
+  // Marks a window on the screen with a frame along its edges; marking the
+  // same window again removes the frame.
   virtual void DrawWindowFrame(WindowHandle window) = 0;
   // Has every window repaint what lies in the screen rectangle (and so wipes
   // a frame drawn there).

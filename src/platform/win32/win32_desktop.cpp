@@ -146,25 +146,11 @@ int Win32Desktop::DoubleClickTime() { return static_cast<int>(GetDoubleClickTime
 int Win32Desktop::ScreenWidth() { return GetSystemMetrics(SM_CXSCREEN); }
 int Win32Desktop::ScreenHeight() { return GetSystemMetrics(SM_CYSCREEN); }
 
-// Inverted, so that the frame shows on any colour and a second drawing wipes it.
-void Win32Desktop::DrawWindowFrame(WindowHandle window) {
-  HWND target = Window_Of(window);
-  RECT outer{};
-  if (!::GetWindowRect(target, &outer)) return;
-  const ScopedWindowDC dc(target, true);
-  if (!dc) return;
-  const ScopedPen pen(CreatePen(PS_INSIDEFRAME, 3 * GetSystemMetrics(SM_CXBORDER), RGB(0, 0, 0)));
-  const int oldMix = SetROP2(dc.get(), R2_NOT);
-  {
-    const ScopedSelection penIn(dc.get(), pen.get());
-    const ScopedSelection brushIn(dc.get(), GetStockObject(NULL_BRUSH));
-    Rectangle(dc.get(), 0, 0, outer.right - outer.left, outer.bottom - outer.top);
-  }
-  SetROP2(dc.get(), oldMix);
-}
+void Win32Desktop::DrawWindowFrame(WindowHandle window) { frame_.Toggle(Window_Of(window)); }
 
 void Win32Desktop::RepaintScreenArea(const WindowRect& rect) {
   const RECT area{rect.left, rect.top, rect.right, rect.bottom};
+  frame_.Remove_Within(area);
   InvalidateRect(nullptr, &area, TRUE);
 }
 

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "desktop.h"
+#include "win32_frame_marker.h"
 
 namespace velmora {
 
@@ -33,6 +34,7 @@ class Win32Desktop : public Desktop {
   // The control brought forward last. A disabled control cannot take the
   // focus, so it takes it again when the keys are sent.
   WindowHandle focusControl_ = 0;
+  FrameMarker frame_;  // the mark of a pick
 };
 
 }  // namespace velmora
