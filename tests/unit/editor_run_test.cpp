@@ -10,12 +10,14 @@ namespace velmora::testing {
 namespace {
 
 using C = ControlId;
-const std::string kStars(49, '*'), kPluses(49, '+');
+const std::string kStars(49, '*'), kPluses(49, '+'), kHalted = "Info: Execution Halted at your request.";
 
 class EditorRunTest : public EditorTest {
  protected:
   SimDesktop desktop{host};
   Automation automation{engine, desktop};
+  WindowHandle dialog = desktop.Add(desktop.DesktopWindow(), "Setup", "#32770", 0, {100, 100, 500, 400});
+  WindowHandle next = desktop.Add(dialog, "Next >", "Button", 1, {400, 350, 480, 380});
 
   EditorRunTest() {
     engine.desktop = &desktop;
@@ -24,6 +26,7 @@ class EditorRunTest : public EditorTest {
     form.Load_Commands(1);
   }
   void Script(std::vector<std::string> lines, long highlighted) {
+    engine.DebugWindow.Clear();
     engine.TraceWindow.Clear();
     engine.TraceWindow.Add("# heading");
     for (const std::string& line : lines) engine.TraceWindow.Add(line);
@@ -48,44 +51,37 @@ class EditorRunTest : public EditorTest {
   void Choose(std::uint8_t code) { form.CommandList_Click(Catalogue_Place_Of(code)->Position); }
 };
 
-struct RunRow {
-  const char* name;
-  std::vector<std::string> script;
-  bool step;
-  std::vector<std::string> ran;
-  long endsOn;
-};
-
 TEST_F(EditorRunTest, RunsStopAtTheNextMarkAQuitTheEndOrABlockError) {
   const std::string w = "wait: 0.00", marked = ">>> wait: 0.00";
-  const RunRow rows[] = {
-      {"marked first line runs, next mark stops", {marked, w, marked, w}, false, {marked, w}, 3},
-      {"quit ends the run", {w, "quit", w, marked}, false, {w, "quit"}, 3},
-      {"to the end", {w, w}, false, {w, w}, 2},
-      {"block error, run", {"if: succeeded", w}, false, {}, 2},  // an empty line goes in before the if
-      {"block error, step", {"if: succeeded", w}, true, {}, 2},
-      {"a step runs one line", {marked, w}, true, {marked}, 2},
+  const struct {
+    std::vector<std::string> script;
+    bool step;
+    std::vector<std::string> ran;
+    long endsOn;
+  } rows[] = {
+      {{marked, w, marked, w}, false, {marked, w}, 3},
+      {{w, "quit", w, marked}, false, {w, "quit"}, 3},
+      {{w, w}, false, {w, w}, 2},            // the end
+      {{"if: succeeded", w}, false, {}, 2},  // a block error; an empty line goes in before the if
+      {{"if: succeeded", w}, true, {}, 2},
+      {{marked, w}, true, {marked}, 2},
   };
-  for (const RunRow& row : rows) {
-    SCOPED_TRACE(row.name);
-    engine.DebugWindow.Clear();
-    engine.state.StopRunning = true;  // as a step that ran the last line leaves it
+  for (const auto& row : rows) {
     Script(row.script, 1);
+    engine.state.StopRunning = true;  // as a step that ran the last line leaves it
     row.step ? form.ExecuteNextButton_Click() : form.ExecuteButton_Click();
     EXPECT_EQ(Ran(), row.ran);
     EXPECT_EQ(engine.TraceWindow.Selected(), row.endsOn);
-    EXPECT_EQ(Logged({"", "Info: Execution ends.", kPluses, kPluses}), !row.step);
-    EXPECT_EQ(Logged({"", kStars, kStars, "Info: Execution BEGINS!!"}), !row.step);
     EXPECT_TRUE(Logged({kStars, "Info: PreProcessing..."}));
-    EXPECT_FALSE(form.Running || engine.state.StopRunning);
-    EXPECT_TRUE(controls[C::CommandList].Enabled && controls[C::ExecuteButton].Enabled && controls[C::TraceFrame].Enabled);
-    EXPECT_EQ(controls.Focused(), C::ExecuteNextButton);
+    EXPECT_EQ(Logged({"", kStars, kStars, "Info: Execution BEGINS!!"}), !row.step);
+    EXPECT_EQ(Logged({"", "Info: Execution ends.", kPluses, kPluses}), !row.step);
+    EXPECT_TRUE(controls[C::CommandList].Enabled && controls[C::ExecuteButton].Enabled && !form.Running);
   }
   EXPECT_EQ(window.foregroundCalls, 6);
 }
 
-// The halt waits for the running line: a wait to its end, a findwindow
-// only to its next search. A close during a run is a halt, then the close.
+// The halt waits for the running line: a wait to its end, a findwindow only
+// to its next search. A close during a run halts it, then closes.
 TEST_F(EditorRunTest, AHaltOrACloseEndsTheRunAfterTheRunningLine) {
   const struct {
     std::string line;
@@ -95,31 +91,27 @@ TEST_F(EditorRunTest, AHaltOrACloseEndsTheRunAfterTheRunningLine) {
               {"findwindow: 1, \"Nowhere\", \"None\", 0, 0.5, 0.5, 0.30", false, 4000},
               {"wait: 0.05", true, 6000}};
   for (const auto& row : rows) {
-    SCOPED_TRACE(row.line);
-    engine.DebugWindow.Clear();
-    Script({row.line, "wait: 0.01", "wait: 0.01"}, 1);
+    Script({row.line, "wait: 0.01"}, 1);
     const long long start = host.clockMs;
     std::string during;
     At(start + 2000, [&] {
-      if (row.close) {
+      if (row.close)
         EXPECT_FALSE(form.May_Close_Now());
-      } else {
+      else
         form.ExecuteNextButton_Click();
-      }
       for (C id : {C::OpenScriptButton, C::CommandList, C::TraceFrame, C::TraceWindow, C::ExecuteButton,
-                   C::BreakPointButton, C::TraceControlsFrame})
+                   C::TraceControlsFrame})
         during += controls[id].Enabled ? '1' : '0';
-      during += " " + controls[C::ExecuteNextButton].Caption + " " +
-                std::to_string(controls[C::ExecuteNextButton].Font.Size);
+      const ControlState& button = controls[C::ExecuteNextButton];
+      during += " " + button.Caption + " " + std::to_string(button.Font.Size);
     });
     form.ExecuteButton_Click();
-    EXPECT_EQ(during, "0001000 Halt in Progress... 14");
+    EXPECT_EQ(during, "000100 Halt in Progress... 14");
     EXPECT_EQ(Ran(), std::vector<std::string>{row.line});
     EXPECT_LT(host.clockMs - start, row.endsBefore);
-    EXPECT_TRUE(Logged({"Info: Execution Halted at your request.", "", "Info: Execution ends."}));
-    EXPECT_EQ(controls[C::ExecuteNextButton].Caption, " Execute Currently Selected Command");
-    EXPECT_EQ(controls[C::ExecuteNextButton].Font.Size, 12);
-    EXPECT_FALSE(engine.state.HaltRequested);
+    EXPECT_TRUE(Logged({kHalted, "", "Info: Execution ends."}));
+    EXPECT_EQ(controls[C::ExecuteNextButton].Caption + std::to_string(controls[C::ExecuteNextButton].Font.Size),
+              " Execute Currently Selected Command12");
   }
   EXPECT_EQ(window.closeCalls, 1);
 }
@@ -127,61 +119,52 @@ TEST_F(EditorRunTest, AHaltOrACloseEndsTheRunAfterTheRunningLine) {
 TEST_F(EditorRunTest, BreakpointsToggleAndTheHeadingIsNeverHighlighted) {
   Script({"  wait: 0.01"}, 1);
   form.BreakPointButton_Click();
-  EXPECT_EQ(engine.TraceWindow.Item(1), ">>> wait: 0.01");
-  EXPECT_EQ(controls[C::BreakPointButton].ToolTip, "Clear this break point");
+  EXPECT_EQ(engine.TraceWindow.Item(1) + "|" + controls[C::BreakPointButton].ToolTip,
+            ">>> wait: 0.01|Clear this break point");
   form.BreakPointButton_Click();
-  EXPECT_EQ(engine.TraceWindow.Item(1), "wait: 0.01");
-  EXPECT_EQ(controls[C::BreakPointButton].Caption, "Set Break");
-
+  EXPECT_EQ(engine.TraceWindow.Item(1) + "|" + controls[C::BreakPointButton].Caption, "wait: 0.01|Set Break");
   const struct {
     std::vector<std::string> script;
-    long clicked, highlighted;
-    std::size_t count;
-    const char* caption;
-  } rows[] = {{{}, 0, 1, 2, "Set Break"}, {{">>> quit"}, 0, 1, 2, "Clear Break"}, {{"quit", ">>>quit"}, 2, 2, 3,
-                                                                                       "Clear Break"}};
+    long clicked;
+    const char* after;  // highlight, count, caption
+  } rows[] = {
+      {{}, 0, "1 2 Set Break"}, {{">>> quit"}, 0, "1 2 Clear Break"}, {{"quit", ">>>quit"}, 2, "2 3 Clear Break"}};
   for (const auto& row : rows) {
     Script(row.script, row.clicked);
     form.TraceWindow_Click();
-    EXPECT_EQ(engine.TraceWindow.Selected(), row.highlighted);
-    EXPECT_EQ(engine.TraceWindow.Count(), row.count);
-    EXPECT_EQ(controls[C::BreakPointButton].Caption, row.caption);
+    EXPECT_EQ(std::to_string(engine.TraceWindow.Selected()) + " " + std::to_string(engine.TraceWindow.Count()) + " " +
+                  controls[C::BreakPointButton].Caption,
+              row.after);
   }
 }
 
-class EditorPickTest : public EditorRunTest {
- protected:
-  WindowHandle dialog = desktop.Add(desktop.DesktopWindow(), "Setup", "#32770", 0, {100, 100, 500, 400});
-  WindowHandle next = desktop.Add(dialog, "Next >", "Button", 1, {400, 350, 480, 380});
-
-  // The pointer's places, one per tenth of a second from now; the last stays.
-  void Path(std::vector<ScreenPoint> points) {
-    desktop.cursor = points.front();
-    host.onDoEvents = [this, points, start = host.clockMs] {
-      desktop.cursor = points[std::min(static_cast<std::size_t>((host.clockMs - start) / 95), points.size() - 1)];
-    };
-  }
-};
-
-TEST_F(EditorPickTest, AStillPointerPicksTheWindowWithEveryLevel) {
+// Two alike dialogs side by side: the description and the match line of a pick.
+TEST_F(EditorRunTest, AStillPointerPicksTheWindowWithEveryLevelAndForeseesTheChoice) {
+  desktop.Add(desktop.Add(desktop.DesktopWindow(), "Setup", "#32770", 0, {600, 100, 1000, 400}), "Next >", "Button", 1,
+              {900, 350, 980, 380});
+  const std::string two = "Info: 2 windows match the picked description now; the choice by the picked point lands on ";
   const struct {
     ScreenPoint at;
-    std::string description;
-  } rows[] = {{{440, 365}, "2, \"Setup\", \"#32770\", 0, 0.85, 0.8833, \"Next >\", \"Button\", 1, 0.5, 0.5"},
-              {{100, 100}, "1, \"Setup\", \"#32770\", 0, 0, 0"}};
+    std::string description, matches;
+  } rows[] = {{{440, 365},
+               "2, \"Setup\", \"#32770\", 0, 0.85, 0.8833, \"Next >\", \"Button\", 1, 0.5, 0.5",
+               two + "the picked window."},
+              {{940, 365},
+               "2, \"Setup\", \"#32770\", 0, 0.85, 0.8833, \"Next >\", \"Button\", 1, 0.5, 0.5",
+               two + "another window."},
+              {{100, 100}, "1, \"Setup\", \"#32770\", 0, 0, 0", two + "the picked window."}};
   for (const auto& row : rows) {
     engine.DebugWindow.Clear();
     Choose(kFindWindowCommand);
-    std::string title;
     desktop.cursor = row.at;
+    std::string title;
     host.onDoEvents = [&] { title = controls[C::Form].Caption; };
     form.CommandLine_GotFocus();
     EXPECT_EQ(title, "Velmora Script Editor  ** DISABLED PENDING WINDOW LOCATION INPUT! **");
     EXPECT_EQ(controls[C::CommandLine].Caption, row.description);
     EXPECT_EQ(engine.DebugWindow.Items(),
               (std::vector<std::string>{"Info: Editor Disabled Pending Window Location Input!",
-                                        "  To pick window, leave mouse stationary for 3 seconds!",
-                                        "Info: 1 window matches the picked description now.",
+                                        "  To pick window, leave mouse stationary for 3 seconds!", row.matches,
                                         "Info: Editor Re-Enabled!"}));
     EXPECT_TRUE(controls[C::Form].Enabled && controls[C::InsertCommandButton].Enabled);
     EXPECT_EQ(controls.Focused(), C::Minutes);
@@ -190,40 +173,28 @@ TEST_F(EditorPickTest, AStillPointerPicksTheWindowWithEveryLevel) {
 
 // 30 unmoved samples after the last move; every change of the window under
 // the pointer wipes the old frame and draws the new one.
-TEST_F(EditorPickTest, OnePixelRestartsTheWaitAndEachWindowIsFramedInTurn) {
+TEST_F(EditorRunTest, OnePixelRestartsTheWaitAndEachWindowIsFramedInTurn) {
   Choose(kFindWindowCommand);
   std::vector<ScreenPoint> path(20, {200, 200});
-  path.push_back({440, 365});
-  path.push_back({441, 365});
-  path.push_back({200, 201});
-  Path(path);
-  const long long start = host.tenthSleeps;
+  path.insert(path.end(), {{440, 365}, {441, 365}, {200, 201}});
+  desktop.cursor = path.front();
+  host.onDoEvents = [&, start = host.clockMs] {
+    desktop.cursor = path[std::min<std::size_t>((host.clockMs - start) / 95, path.size() - 1)];
+  };
   form.CommandLine_GotFocus();
-  EXPECT_EQ(host.tenthSleeps - start, 23 + 30);
-  EXPECT_EQ(desktop.screenMarks, (std::vector<std::string>{"frame 2", "repaint 100,100,500,400", "frame 3",
-                                                           "repaint 400,350,480,380", "frame 2",
-                                                           "repaint 100,100,500,400"}));
+  EXPECT_EQ(host.tenthSleeps, 23 + 30);
+  EXPECT_EQ(desktop.screenMarks,
+            (std::vector<std::string>{"frame 2", "repaint 100,100,500,400", "frame 3", "repaint 400,350,480,380",
+                                      "frame 2", "repaint 100,100,500,400"}));
 }
 
-TEST_F(EditorPickTest, TheReportSaysWhetherFindwindowsChoiceIsThePickedOne) {
-  const WindowHandle twin = desktop.Add(desktop.DesktopWindow(), "Setup", "#32770", 0, {600, 100, 1000, 400});
-  const WindowHandle twinNext = desktop.Add(twin, "Next >", "Button", 1, {900, 350, 980, 380});
-  for (const auto& [at, landsOn] : {std::pair{ScreenPoint{440, 365}, next}, {ScreenPoint{940, 365}, twinNext}}) {
-    Choose(kFindWindowCommand);
-    Path({at});
-    form.CommandLine_GotFocus();
-    const std::string expected = landsOn == next ? "the picked window." : "another window.";
-    EXPECT_TRUE(Logged({"Info: 2 windows match the picked description now; the choice by the picked point lands on " +
-                        expected}));
-  }
-}
-
-TEST_F(EditorPickTest, TheMousePickGivesUseMousesRange) {
+// The mouse pick, in usemouse's range; no pick where none is asked for.
+TEST_F(EditorRunTest, TheMousePickGivesUseMousesRangeAndPicksStartOnlyWhereAskedFor) {
   desktop.screenWidth = 1024, desktop.screenHeight = 768;
   const struct {
     ScreenPoint at;
-    const char *x, *y;
-  } rows[] = {{{512, 384}, "32768", "32768"}, {{1023, 767}, "65472", "65451"}, {{2000, -5}, "65535", "0"}};
+    std::string xy;
+  } rows[] = {{{512, 384}, "32768 32768"}, {{1023, 767}, "65472 65451"}, {{2000, -5}, "65535 0"}};
   for (const auto& row : rows) {
     Choose(kUseMouseCommand);
     desktop.cursor = row.at;
@@ -231,31 +202,27 @@ TEST_F(EditorPickTest, TheMousePickGivesUseMousesRange) {
     host.onDoEvents = [&] { label = controls[C::TimeOutLabel].Caption; };
     form.Minutes_GotFocus();
     EXPECT_EQ(label, "Mouse Location*");
-    EXPECT_EQ(controls[C::Minutes].Caption + " " + controls[C::Seconds].Caption, std::string(row.x) + " " + row.y);
+    EXPECT_EQ(controls[C::Minutes].Caption + " " + controls[C::Seconds].Caption, row.xy);
     EXPECT_EQ(controls.Focused(), C::InsertCommandButton);
   }
   EXPECT_EQ(controls[C::TimeOutLabel].Caption, "Mouse Location:    X                   Y");
-  EXPECT_TRUE(desktop.screenMarks.empty());
-}
-
-// No pick for another command, in overwrite mode, or after a close.
-TEST_F(EditorPickTest, NoPickWhereNoneIsAskedForAndACloseEndsOne) {
+  // No pick for another command or in overwrite mode; a close ends a pick.
+  const long long samples = host.tenthSleeps;
   Choose(kWaitCommand);
   form.Minutes_GotFocus();
   form.CommandLine_GotFocus();
   Script({"findwindow: 1, \"Setup\", \"#32770\", 0, 0.5, 0.5, 0.30"}, 1);
   form.TraceWindow_DblClick();
   form.CommandLine_GotFocus();
-  EXPECT_EQ(host.tenthSleeps, 0);
+  EXPECT_EQ(host.tenthSleeps, samples);
   form.TraceWindow_Click();  // out of overwrite mode
   Choose(kFindWindowCommand);
   const std::string before = controls[C::CommandLine].Caption;
   At(host.clockMs + 500, [&] { EXPECT_FALSE(form.May_Close_Now()); });
   form.CommandLine_GotFocus();
-  EXPECT_LT(host.tenthSleeps, 10);
+  EXPECT_LT(host.tenthSleeps, samples + 10);
   EXPECT_EQ(controls[C::CommandLine].Caption, before);
   EXPECT_EQ(window.closeCalls, 1);
-  EXPECT_TRUE(form.May_Close_Now());
 }
 
 }  // namespace

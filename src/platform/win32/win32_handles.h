@@ -82,12 +82,10 @@ using ScopedFont = Scoped<GdiObjectTraits<HFONT>>;
 using ScopedPen = Scoped<GdiObjectTraits<HPEN>>;
 using ScopedBrush = Scoped<GdiObjectTraits<HBRUSH>>;
 
-// A window's device context from GetDC (its client area) or GetWindowDC (the
-// whole window, frame and caption included), given back with ReleaseDC.
+// A window's device context from GetDC, given back with ReleaseDC.
 class ScopedWindowDC {
  public:
-  explicit ScopedWindowDC(HWND window, bool wholeWindow = false)
-      : window_(window), dc_(wholeWindow ? GetWindowDC(window) : GetDC(window)) {}
+  explicit ScopedWindowDC(HWND window) : window_(window), dc_(GetDC(window)) {}
   ~ScopedWindowDC() {
     if (dc_) ReleaseDC(window_, dc_);
   }
