@@ -3,7 +3,8 @@
 # samples/install.vls install the sample unattended under Wine, into
 # C:\Velmora Sample of a fresh Wine prefix. Prints the debug log, lists what
 # arrived, and saves a picture of the installer's finish page, which the
-# script leaves on the screen for a few seconds, as docs/demo-finish.png.
+# script leaves on the screen for a few seconds, as docs/demo-finish.png,
+# and pictures of the editor (docs/editor.png) and of a pick (docs/pick.png).
 set -uo pipefail
 
 root="$(cd "$(dirname "${BASH_SOURCE[0]}")/.." && pwd)"
@@ -59,6 +60,50 @@ take_editor_picture() {
   wine_run reg delete 'HKCU\Software\Velmora Software\Velmora' /f >/dev/null 2>&1
 }
 
+# A pick in progress, as docs/pick.png: a Velmora session opens the editor at
+# the top right of the screen, chooses "Find a Window", enters its field and
+# points at the sample setup's Next button; the picture is taken while the
+# editor waits for the mouse to stand still, the button framed.
+take_pick_picture() {
+  local pick_picture="$root/docs/pick.png" key='HKCU\Software\Velmora Software\Velmora\Editor'
+  wine_run reg add "$key" /v Left /t REG_SZ /d 9600 /f >/dev/null 2>&1
+  wine_run reg add "$key" /v Top /t REG_SZ /d 0 /f >/dev/null 2>&1
+  cat >"$demo/pick-picture.vls" <<'SCRIPT'
+run: "velmora-sample-setup.exe"
+findwindow: 2, "Velmora Sample Setup", "#32770", 0, 0.5, 0.5, "&Next >", "Button", 1, 0.5, 0.5, 0.30
+run: "velmora.exe"
+findwindow: 2, "Velmora - IDE", "VelmoraEditor", 0, 0.5, 0.5, "&Open Script", "Button", 1007, 0.5, 0.5, 0.30
+sendbuttons: sl
+findwindow: 2, "Velmora - IDE", "VelmoraEditor", 0, 0.5, 0.5, "New Script File", "#32770", 0, 0.5, 0.5, 0.15
+sendkeys: "picked.vls{ENTER}"
+findwindow: 2, "Velmora - IDE", "VelmoraEditor", 0, 0.5, 0.5, "Open New Debug File", "#32770", 0, 0.5, 0.5, 0.15
+sendkeys: "picked.vld{ENTER}"
+findwindow: 3, "Velmora - IDE", "VelmoraEditor", 0, 0.5, 0.5, "Automation Commands", "VelmoraFrame", 1100, 0.5, 0.5, "", "ListBox", 1101, 0.5, 0.5, 0.10
+sendkeys: "{UP 12}{DOWN}{ENTER}"
+findwindow: 3, "Velmora - IDE", "VelmoraEditor", 0, 0.5, 0.5, "Command Parameters", "VelmoraFrame", 1200, 0.5, 0.5, "", "Edit", 1202, 0.5, 0.5, 0.10
+sendbuttons: sl
+usemouse: nc, 39526, 43456
+findwindow: 1, "Velmora - IDE", "VelmoraEditor", 0, 0.5, 0.5, 0.10
+sendkeys: "%{F4}"
+findwindow: 1, "Velmora Sample Setup", "#32770", 0, 0.5, 0.5, 0.10
+sendkeys: "{ESC}"
+SCRIPT
+  printf '%s\n' '"pick-picture.vls" "pick-picture.vld"' >"$root/build/demo-pick-cmdline.txt"
+  (cd "$demo" && wine_run "$bin/launch.exe" "$(wine_winpath "$bin/velmora.exe")" \
+    "$(wine_winpath "$root/build/demo-pick-cmdline.txt")" 60 >/dev/null 2>&1) &
+  local session=$!
+  if wine_run "$bin/wintree.exe" --wait 40 "Velmora Script Editor  ** DISABLED PENDING WINDOW LOCATION INPUT! **" \
+    >/dev/null; then
+    sleep 2.5  # the pointer reaches the button a second into the pick
+    import -display "$DISPLAY" -window root -crop 940x720+340+0 +repage -strip -define png:exclude-chunks=date,time \
+      "$pick_picture" && echo "demo: saved a pick in progress as ${pick_picture#"$root/"}"
+  else
+    echo "demo: the editor did not start a pick"
+  fi
+  wait "$session"
+  wine_run reg delete 'HKCU\Software\Velmora Software\Velmora' /f >/dev/null 2>&1
+}
+
 # shellcheck source=wine-env.sh
 source "$root/tools/wine-env.sh"
 wine_start || exit 1
@@ -103,6 +148,7 @@ else
   echo "demo: nothing was installed into $TARGETDIR"
 fi
 take_editor_picture
+take_pick_picture
 wine_stop
 
 if [ -f "$demo/install.vld" ]; then

@@ -1,5 +1,7 @@
 #include "win32_frame_marker.h"
 
+#include "win32_handles.h"
+
 namespace velmora {
 
 namespace {
@@ -40,11 +42,10 @@ void FrameMarker::Toggle(HWND window) {
   if (!GetWindowRect(window, &outer) || !Create()) return;
   const int width = outer.right - outer.left, height = outer.bottom - outer.top;
   const int thickness = 3 * GetSystemMetrics(SM_CXBORDER);
-  HRGN frame = CreateRectRgn(0, 0, width, height);
-  HRGN inside = CreateRectRgn(thickness, thickness, width - thickness, height - thickness);
-  CombineRgn(frame, frame, inside, RGN_DIFF);
-  DeleteObject(inside);
-  SetWindowRgn(frame_, frame, FALSE);  // the window owns the region from here on
+  ScopedRegion frame(CreateRectRgn(0, 0, width, height));
+  const ScopedRegion inside(CreateRectRgn(thickness, thickness, width - thickness, height - thickness));
+  if (!frame || !inside || CombineRgn(frame.get(), frame.get(), inside.get(), RGN_DIFF) == ERROR) return;
+  if (SetWindowRgn(frame_, frame.get(), FALSE)) frame.release();  // the window owns the region from here on
   SetWindowPos(frame_, HWND_TOPMOST, outer.left, outer.top, width, height, SWP_NOACTIVATE | SWP_SHOWWINDOW);
   RedrawWindow(frame_, nullptr, nullptr, RDW_INVALIDATE | RDW_ERASE | RDW_UPDATENOW);
   marked_ = window;

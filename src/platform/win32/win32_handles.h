@@ -81,6 +81,7 @@ using ScopedKey = Scoped<RegistryKeyTraits>;
 using ScopedFont = Scoped<GdiObjectTraits<HFONT>>;
 using ScopedPen = Scoped<GdiObjectTraits<HPEN>>;
 using ScopedBrush = Scoped<GdiObjectTraits<HBRUSH>>;
+using ScopedRegion = Scoped<GdiObjectTraits<HRGN>>;
 
 // A window's device context from GetDC, given back with ReleaseDC.
 class ScopedWindowDC {
