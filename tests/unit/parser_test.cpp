@@ -11,12 +11,11 @@ const std::string kWhere = "Velmora.(General).Parse_Command.";
 const std::string kTrapWhere = kWhere + "TrappableErrors.1";
 const std::string kSyntax =
     "<##>, \"<WindowTitle>\", \"<WindowClass>\", <ChildID>, ..., <RelativeX>, <RelativeY>, <MM.SS>";
-const std::string kQuoteUsage = "Invalid Parameters:  Quote Expected.  " + kSyntax;
-const std::string kCommaUsage = "Invalid Parameters:  Comma Expected.  " + kSyntax;
-const std::string kQuotes = "Invalid Parameters:  Leading and/or Trailing quote missing.";
-const std::string kChildId = "Invalid Parameters:  ChildID must be a positive integer.";
-const std::string kCount = "Invalid Parameters:  Number of Windows to traverse should be a positive integer.";
-const std::string kMinutes = "Invalid Parameters:  Wait Time minutes specifed must be less then '99999'.";
+const std::string kQuoteUsage = "Quote Expected.  " + kSyntax;
+const std::string kCommaUsage = "Comma Expected.  " + kSyntax;
+const std::string kChildId = "ChildID must be a positive integer.";
+const std::string kCount = "Number of Windows to traverse should be a positive integer.";
+const std::string kMinutes = "Wait Time minutes specifed must be less then '99999'.";
 const std::string kOneWindow = "findwindow: 1, \"a\", \"b\", ";
 
 // Parses lines as the editor does, each with a fresh debug window.
@@ -41,28 +40,21 @@ TEST_F(ParserTest, EveryParameterErrorIsOneFatalReportWithItsLocationAndDetail) 
     std::string line, location, detail;
   };
   const Row rows[] = {
-      {"run: C:\\SETUP.EXE", "Run_Or_SendKeysErrors.1", kQuotes},
-      {"test: \"A\"=\"B\"", "TestEnvironmentVariablesErrors.2", "Invalid Parameters:  \" = \" separator missing."},
-      {"test: \"A\" = \"B\" = \"C\"", "TestEnvironmentVariablesErrors.2",
-       "Invalid Parameters:  Extra \" = \" separator(s) found."},
-      {"Until:   Maybe Later ", "LogicalConditionErrors.1", "Invalid Parameters:  Maybe Later"},
-      {"usemouse: sl, -1, 0", "UseMouseErrors.1", "Invalid Parameters:  Illegal characters found."},
-      {"usemouse: sl, 0, 65536", "UseMouseErrors.2", "Invalid Parameters:  Mouse Y Position may not exceed: 65535."},
-      {"usemouse: sl, 100000, 0", "UseMouseErrors.3",
-       "Invalid Parameters:  Mouse X Position must be an integer (0 <= X <= 65535)."},
-      {"usemouse: sl, 65536, 0", "UseMouseErrors.4", "Invalid Parameters:  Mouse X Position may not exceed: 65535."},
-      {"usemouse: sl 10, 20", "UseMouseErrors.6",
-       "Invalid Parameters:  Second Comma not found. Use:  <s|d|nc><l|m|r>, ##, ##."},
-      {"usemouse: s", "UseMouseErrors.7", "Invalid Parameters:  First Comma not found. Use:  <s|d|nc><l|m|r>, ##, ##."},
-      {"usemouse: sx, 1, 2", "UseMouseErrors.8",
-       "Invalid Parameters:  Mouse Button must be (l)eft, (m)iddle, (r)ight or no (c)lick."},
-      {"usemouse: xl, 1, 2", "UseMouseErrors.9",
-       "Invalid Parameters:  Type of Mouse Click must be (n)one, (s)ingle or (d)ouble.."},
-      {"sendbuttons: s-l", "SendButtonsErrors.1", "Invalid Parameters:  Illegal characters found."},
-      {"sendbuttons: sc", "SendButtonsErrors.2",
-       "Invalid Parameters:  Mouse Button must be (l)eft, (m)iddle, or (r)ight."},
-      {"sendbuttons: n", "SendButtonsErrors.3",
-       "Invalid Parameters:  Type of Mouse Click must be (s)ingle or (d)ouble.."},
+      {"run: C:\\SETUP.EXE", "Run_Or_SendKeysErrors.1", "Leading and/or Trailing quote missing."},
+      {"test: \"A\"=\"B\"", "TestEnvironmentVariablesErrors.2", "\" = \" separator missing."},
+      {"test: \"A\" = \"B\" = \"C\"", "TestEnvironmentVariablesErrors.2", "Extra \" = \" separator(s) found."},
+      {"Until:   Maybe Later ", "LogicalConditionErrors.1", "Maybe Later"},
+      {"usemouse: sl, -1, 0", "UseMouseErrors.1", "Illegal characters found."},
+      {"usemouse: sl, 0, 65536", "UseMouseErrors.2", "Mouse Y Position may not exceed: 65535."},
+      {"usemouse: sl, 100000, 0", "UseMouseErrors.3", "Mouse X Position must be an integer (0 <= X <= 65535)."},
+      {"usemouse: sl, 65536, 0", "UseMouseErrors.4", "Mouse X Position may not exceed: 65535."},
+      {"usemouse: sl 10, 20", "UseMouseErrors.6", "Second Comma not found. Use:  <s|d|nc><l|m|r>, ##, ##."},
+      {"usemouse: s", "UseMouseErrors.7", "First Comma not found. Use:  <s|d|nc><l|m|r>, ##, ##."},
+      {"usemouse: sx, 1, 2", "UseMouseErrors.8", "Mouse Button must be (l)eft, (m)iddle, (r)ight or no (c)lick."},
+      {"usemouse: xl, 1, 2", "UseMouseErrors.9", "Type of Mouse Click must be (n)one, (s)ingle or (d)ouble.."},
+      {"sendbuttons: s-l", "SendButtonsErrors.1", "Illegal characters found."},
+      {"sendbuttons: sc", "SendButtonsErrors.2", "Mouse Button must be (l)eft, (m)iddle, or (r)ight."},
+      {"sendbuttons: n", "SendButtonsErrors.3", "Type of Mouse Click must be (s)ingle or (d)ouble.."},
       {"findwindow: x, \"a\", \"b\", 0, 0, 0, 1.00", "FindWindowErrors.1", kCount},
       {"findwindow: 0, \"a\", \"b\", 0, 0, 0, 1.00", "FindWindowErrors.2", kCount},
       {"findwindow: 1, a\", \"b\", 0, 0, 0, 1.00", "FindWindowErrors.4", kQuoteUsage},
@@ -73,15 +65,15 @@ TEST_F(ParserTest, EveryParameterErrorIsOneFatalReportWithItsLocationAndDetail) 
       {kOneWindow + "-1, 0, 0, 1.00", "FindWindowErrors.8", kChildId},
       {"wait: 123456", "FindWindow_Or_WaitErrors.1", kMinutes},
       {"wait: 123456.30", "FindWindow_Or_WaitErrors.2", kMinutes},
-      {"wait: 1.123456", "FindWindow_Or_WaitErrors.3",
-       "Invalid Parameters:  Wait Time seconds specifed must be less then '99999'."},
-      {"wait: 1:30", "FindWindow_Or_WaitErrors.4", "Invalid Parameters:  Wait Time specifed is NOT numeric."},
+      {"wait: 1.123456", "FindWindow_Or_WaitErrors.3", "Wait Time seconds specifed must be less then '99999'."},
+      {"wait: 1:30", "FindWindow_Or_WaitErrors.4", "Wait Time specifed is NOT numeric."},
   };
   for (const Row& row : rows) {
     const ParsedCommand command = Parse(row.line);
     EXPECT_TRUE(accepted) << row.line;
     EXPECT_TRUE(command.ParseError) << row.line;
-    EXPECT_EQ(engine.DebugWindow.Items(), Fatal_Block(row.detail, -1, kWhere + row.location)) << row.line;
+    EXPECT_EQ(engine.DebugWindow.Items(), Fatal_Block("Invalid Parameters:  " + row.detail, -1, kWhere + row.location))
+        << row.line;
     EXPECT_TRUE(engine.state.StopRunning) << row.line;
   }
 }
