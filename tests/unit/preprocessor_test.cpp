@@ -12,13 +12,14 @@ class PreprocessorTest : public EngineTest {
  protected:
   // Runs the pass over the lines; the engine is interactive unless told
   // otherwise, so that a fatal report stops the run instead of the process.
-  void Preprocess(const Lines& lines, bool interactive = true) {
+  void Preprocess(const Lines& lines, bool interactive = true, long selected = -1) {
     engine.state.InteractiveSession = interactive;
     engine.state.DebugOn = true;
     engine.state.LastCommandSucceeded = true;
     engine.TraceWindow.Clear();
     engine.DebugWindow.Clear();
     for (const auto& line : lines) engine.TraceWindow.Add(line);
+    if (selected >= 0) engine.TraceWindow.Select(selected);
     Preprocess_Commands(engine, interactive, engine.state.DebugOn, true, engine.state.LastCommandSucceeded);
   }
   const Lines& Table() const { return engine.LogicalControls.Items(); }
@@ -67,45 +68,31 @@ TEST_F(PreprocessorTest, UnknownWordIsReportedMarkedAndLeftOutOfBlocks) {
 }
 
 TEST_F(PreprocessorTest, StopsThePassAtTheFirstBlockError) {
+  const std::string kCross = " is on a different level then its matching ", kX = "LogicalBlocksCrossError.";
   struct Row {
     Lines script;
-    std::string message, location;
     long selected;
+    std::string location, message;
   };
   const Row rows[] = {
-      {{"repeat", "while: failed", "until: failed", "endwhile"},
-       "UNTIL on line 3 is on a different level then its matching REPEAT!",
-       "LogicalBlocksCrossError.1",
-       2},
-      {{"wait: 1", "until: failed"}, "UNTIL on line 2 has no matching REPEAT!", "NoMatchingRepeatError.1", 1},
-      {{"if: failed", "while: failed", "else"},
-       "ELSE on line 3 is on a different level then its matching IF!",
-       "LogicalBlocksCrossError.2",
-       2},
-      {{"else"}, "ELSE on line 1 has no matching IF!", "NoMatchingIfError.1", 0},
-      {{"if: failed", "else", "else", "endif"}, "ELSE on line 3 has no matching IF!", "NoMatchingIfError.1", 2},
-      {{"if: failed", "repeat", "endif"},
-       "ENDIF on line 3 is on a different level then its matching IF!",
-       "LogicalBlocksCrossError.3",
-       2},
-      {{"endif"}, "ENDIF on line 1 has no matching IF!", "NoMatchingIfError.2", 0},
+      {{"repeat", "while: failed", "until: failed", "endwhile"}, 2, kX + "1", "UNTIL on line 3" + kCross + "REPEAT!"},
+      {{"wait: 1", "until: failed"}, 1, "NoMatchingRepeatError.1", "UNTIL on line 2 has no matching REPEAT!"},
+      {{"if: failed", "while: failed", "else"}, 2, kX + "2", "ELSE on line 3" + kCross + "IF!"},
+      {{"else"}, 0, "NoMatchingIfError.1", "ELSE on line 1 has no matching IF!"},
+      {{"if: failed", "else", "else", "endif"}, 2, "NoMatchingIfError.1", "ELSE on line 3 has no matching IF!"},
+      {{"if: failed", "repeat", "endif"}, 2, kX + "3", "ENDIF on line 3" + kCross + "IF!"},
+      {{"endif"}, 0, "NoMatchingIfError.2", "ENDIF on line 1 has no matching IF!"},
       // The else part stands at the level of its if, so inside another block
       // the endif of an if with an else is one level too shallow.
-      {{"while: failed", "if: failed", "else", "endif", "endwhile"},
-       "ENDIF on line 4 is on a different level then its matching IF!",
-       "LogicalBlocksCrossError.3",
-       3},
-      {{"while: failed", "if: succeeded", "endwhile", "endif"},
-       "ENDWHILE on line 3 is on a different level then its matching WHILE!",
-       "LogicalBlocksCrossError.4",
-       2},
-      {{"if: failed", "endif", "endwhile"}, "ENDWHILE on line 3 has no matching WHILE!", "NoMatchingWhileError.1", 2},
-      {{"test: \"a\" = \"a\"", "if: failed"}, "IF on line 2 has no matching ENDIF!", "NoMatchingEndIfError.1", 1},
+      {{"while: failed", "if: failed", "else", "endif", "endwhile"}, 3, kX + "3", "ENDIF on line 4" + kCross + "IF!"},
+      {{"while: failed", "if: succeeded", "endwhile", "endif"}, 2, kX + "4", "ENDWHILE on line 3" + kCross + "WHILE!"},
+      {{"if: failed", "endif", "endwhile"}, 2, "NoMatchingWhileError.1", "ENDWHILE on line 3 has no matching WHILE!"},
+      {{"test: \"a\" = \"a\"", "if: failed"}, 1, "NoMatchingEndIfError.1", "IF on line 2 has no matching ENDIF!"},
       {{"while: failed", "if: failed", "endif"},
-       "WHILE on line 1 has no matching ENDWHILE!",
+       0,
        "NoMatchingEndWhileError.1",
-       0},
-      {{"repeat", "while: failed"}, "REPEAT on line 1 has no matching UNTIL!", "NoMatchingUntilError.1", 0},
+       "WHILE on line 1 has no matching ENDWHILE!"},
+      {{"repeat", "while: failed"}, 0, "NoMatchingUntilError.1", "REPEAT on line 1 has no matching UNTIL!"},
   };
   for (const Row& row : rows) {
     Preprocess(row.script);
@@ -142,10 +129,7 @@ TEST_F(PreprocessorTest, BreakpointMarkStaysAndIsReadThroughOnlyInTheEditor) {
 }
 
 TEST_F(PreprocessorTest, TheSelectedLineStaysSelectedWhereverItMoves) {
-  engine.state.InteractiveSession = true;
-  for (const char* line : {"wait: 1", "if: failed", "wait: 2", "endif", "  wait: 3"}) engine.TraceWindow.Add(line);
-  engine.TraceWindow.Select(4);
-  Preprocess_Commands(engine, true, engine.state.DebugOn, true, engine.state.LastCommandSucceeded);
+  Preprocess({"wait: 1", "if: failed", "wait: 2", "endif", "  wait: 3"}, true, 4);
   EXPECT_EQ(engine.TraceWindow.Selected(), 6);  // two empty lines were set in before it
   EXPECT_EQ(engine.TraceWindow.Item(6), "wait: 3");
 }
