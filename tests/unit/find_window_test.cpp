@@ -43,24 +43,19 @@ TEST_F(FindWindowTest, NotFoundWaitsTheWholeTimeOutButSearchesAtLeastOnce) {
   const struct {
     const char* timeOut;
     bool halt;  // a halt request ends the wait after the search under way
-    Lines log;
-  } rows[] = {
-      {"0.00",
-       false,
-       {"Maximum Wait Time:  0 seconds.", "Total Elapsed Time:  1 second.", "The window was NOT found."}},
-      {"0.03",
-       false,
-       {"Maximum Wait Time:  3 seconds.", "Total Elapsed Time:  3 seconds.", "The window was NOT found."}},
-      {"1.00",
-       true,
-       {"Maximum Wait Time:  60 seconds.", "Total Elapsed Time:  1 second.", "The window was NOT found."}},
-  };
+    const char *maximum, *total;
+  } rows[] = {{"0.00", false, "0 seconds", "1 second"},
+              {"0.03", false, "3 seconds", "3 seconds"},
+              {"1.00", true, "60 seconds", "1 second"}};
   for (const auto& row : rows) {
     engine.DebugWindow.Clear();
     host.tenthSleeps = 0;
     engine.state.HaltRequested = row.halt;
     EXPECT_FALSE(Find(std::string("findwindow: 1, \"Gone\", \"#32770\", 0, 0, 0, ") + row.timeOut));
-    EXPECT_EQ(DebugLines(), row.log) << row.timeOut;
+    EXPECT_EQ(DebugLines(),
+              (Lines{"Maximum Wait Time:  " + std::string(row.maximum) + ".",
+                     "Total Elapsed Time:  " + std::string(row.total) + ".", "The window was NOT found."}))
+        << row.timeOut;
     EXPECT_EQ(host.tenthSleeps, row.halt ? 10 : std::max(10, 10 * std::stoi(row.timeOut + 2))) << row.timeOut;
   }
 }
