@@ -46,26 +46,21 @@ TEST_F(EditorFilesTest, AFreshStartAsksForTheScriptThenTheDebugFileAndLoadsThePa
   EXPECT_EQ(Log("C:\\s\\old.vld")[2], "Info: Script File Open:  C:\\s\\old.vls");
 }
 
-TEST_F(EditorFilesTest, ANewEmptyScriptGetsALineToInsertBeforeBelowTheHeading) {
-  Start_With("C:\\s\\new.vls", "C:\\s\\new.vld");
-  EXPECT_EQ(engine.TraceWindow.Items(), (std::vector<std::string>{Trace_Header_Line(), ""}));
-  EXPECT_EQ(engine.TraceWindow.Selected(), 1);
-  EXPECT_TRUE(host.files.count("C:\\s\\new.vls"));  // created empty
-}
-
-TEST_F(EditorFilesTest, CancelledDialogsChangeNothing) {
+TEST_F(EditorFilesTest, CancelledDialogsChangeNothingAndANewScriptGetsALineToInsertBefore) {
   form.Form_Load_Interactive();
   dialogs.replies = {std::nullopt};
   form.OpenScriptButton_Click();
   EXPECT_EQ(dialogs.requests.size(), 1u);  // no debug prompt after a cancel
   EXPECT_EQ(engine.editor.ScriptFileName, "");
 
-  Start_With("C:\\s\\a.vls", "C:\\s\\a.vld");
+  Start_With("C:\\s\\a.vls", "C:\\s\\a.vld");  // a new script, created empty
+  EXPECT_EQ(engine.TraceWindow.Items(), (std::vector<std::string>{Trace_Header_Line(), ""}));
+  EXPECT_EQ(engine.TraceWindow.Selected(), 1);
   form.ScriptChanged = true;
   dialogs.replies = {std::nullopt};
   form.SaveScriptButton_Click();
   EXPECT_TRUE(form.ScriptChanged);
-  EXPECT_EQ(host.files["C:\\s\\a.vls"], "");
+  EXPECT_EQ(host.files.at("C:\\s\\a.vls"), "");
 }
 
 TEST_F(EditorFilesTest, SavingDropsBreakpointMarksAndLogsTheSave) {
@@ -156,9 +151,7 @@ struct ClosingRow {
   WindowState state;
   long top, left;
   const char* storedTop;  // before closing
-  const char* wantTop;
-  const char* wantLeft;
-  const char* wantState;
+  const char *wantTop, *wantLeft, *wantState;
 };
 
 TEST_F(EditorFilesTest, ClosingStoresPlacementWithTheOnScreenRules) {
@@ -200,10 +193,11 @@ TEST_F(EditorFilesTest, ClosingLogsTheShutDownThenAsksToSaveThenClosesAndStoresT
 TEST_F(EditorFilesTest, ASecondStartRestoresPlacementAndLoadsTheRememberedFilesWithoutAsking) {
   host.files["C:\\s\\a.vls"] = "Quit\r\n";
   host.files["C:\\s\\a.vld"] = "";
-  for (auto [key, value] : {std::pair{"Top", "120"}, {"Left", "240"}, {"Height", "8700"}, {"Width", "damaged"},
-                            {"WindowState", "2"}, {"Script File", "\"C:\\s\\a.vls\""},
-                            {"Debug File", "\"C:\\s\\a.vld\""}})
-    settings.SaveSetting("Editor", key, value);
+  const std::pair<const char*, const char*> stored[] = {
+      {"Top", "120"}, {"Left", "240"}, {"Height", "8700"}, {"Width", "damaged"}, {"WindowState", "2"}};
+  for (auto [key, value] : stored) settings.SaveSetting("Editor", key, value);
+  settings.SaveSetting("Editor", "Script File", "\"C:\\s\\a.vls\"");
+  settings.SaveSetting("Editor", "Debug File", "\"C:\\s\\a.vld\"");
   form.Form_Load_Interactive();
   EXPECT_EQ(window.state, WindowState::Maximized);
   EXPECT_EQ(window.placement, (TwipsRect{240, 120, 9600, 8700}));  // a damaged width keeps the designed one
