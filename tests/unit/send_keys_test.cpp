@@ -1,7 +1,7 @@
 #include <gtest/gtest.h>
 
 #include "automation_fixture.h"
-#include "virtual_keys.h"
+#include "key_notation.h"
 
 namespace velmora::testing {
 namespace {
@@ -33,13 +33,7 @@ class SendKeysTest : public AutomationTest {
 TEST_F(SendKeysTest, FocusesTheTargetAndTypesTheKeys) {
   EXPECT_TRUE(Send("ab~"));
   EXPECT_EQ(DebugLines(), Identity());  // the ChildID line shows the class name's length
-  const std::vector<KeyInput> expected{{true, 0, U'a', false},
-                                       {true, 0, U'a', true},
-                                       {true, 0, U'b', false},
-                                       {true, 0, U'b', true},
-                                       {false, virtual_key::kReturn, 0, false},
-                                       {false, virtual_key::kReturn, 0, true}};
-  EXPECT_EQ(desktop.keys, expected);
+  EXPECT_EQ(desktop.keys, Parse_Key_String("ab~").inputs);
   // The pointer goes to the centre (halves to even) twice, each time with the focus.
   const ScreenPoint centre{210, 130};
   ASSERT_EQ(desktop.cursorMoves.size(), 2u);
@@ -110,7 +104,8 @@ TEST_F(SendKeysTest, AFrozenProgramHoldsTheScriptUpOnlyWithinTheBound) {
 TEST_F(AutomationTest, KeysOrButtonsWithoutATargetAreFatalAndLeaveTheFlag) {
   bool succeeded = true;
   automation.SendKeys_Command(engine, true, Parsed("sendkeys: \"x\""), succeeded);
-  Lines expected = Fatal_Block("No Window found to SendKeys_To", -1, "Velmora.(General).SendKeys_Command.Send_Keys_ToError.1");
+  Lines expected =
+      Fatal_Block("No Window found to SendKeys_To", -1, "Velmora.(General).SendKeys_Command.Send_Keys_ToError.1");
   automation.SendButtons_Command(engine, true, Parsed("sendbuttons: sl"), succeeded);
   for (const auto& line : Fatal_Block("No Window found to SendButtons_To", -1,
                                       "Velmora.(General).SendButtons_Command.Send_Buttons_ToError.1"))
