@@ -32,10 +32,6 @@ TEST_F(PreprocessorTest, PairsBlocksIntoTableItems) {
     Lines table;
   };
   const Case cases[] = {
-      {{"if: succeeded", "sendkeys: \"x\"", "endif"}, {"ix0;0,2"}},
-      {{"if: failed", "wait: 1", "else", "wait: 2", "endif"}, {"ie0;2,4"}},
-      {{"while: failed", "wait: 1", "endwhile"}, {"we0,2"}},
-      {{"repeat", "wait: 1", "until: succeeded"}, {"ru0,2"}},
       {{"wait: 1", "while: succeeded", "if: failed", "wait: 1", "endif", "repeat", "until: failed", "endwhile",
         "if: failed", "wait: 1", "else", "while: failed", "endwhile", "endif"},
        {"we1,7", "ix2;0,4", "ru5,6", "ie8;10,13", "we11,12"}},
