@@ -30,8 +30,7 @@ TEST_F(EngineTest, EveryOperationReportsItsFailureWithTheSystemText) {
       {23, 9, "x", "", "Unable to print a line of text -> Bad file name or number", 52},
       {24, 9, "x", "", "Unable to write a line of text -> Bad file name or number", 52},
       {29, 0, "", "", "Unable to Close file -> Device I/O error", 57},  // a file that opens but cannot close
-      {30, 1, "missing.exe /q", "", "Unable to execute program:  missing.exe /q -> File not found", 53},
-  };
+      {30, 1, "missing.exe /q", "", "Unable to execute program:  missing.exe /q -> File not found", 53}};
   host.unopenable = {"D:\\nope", "locked.txt"};
   host.unclosable = {"stuck.txt"};
   host.unstartable = {"missing.exe /q"};

@@ -19,25 +19,23 @@ const std::string kBadly = "Badly formed command line arguements found:  ";
 const std::string kOneQuote = "Only 1 Quote (\") found on the Command Line:  ";
 
 TEST_F(EngineTest, ParseCommandLineSplitsNamesOrReportsTheFault) {
-  const CommandLineCase cases[] = {
-      {R"("C:\s\setup.vls" "C:\s\setup.vld")", R"(C:\s\setup.vls)", R"(C:\s\setup.vld)"},
-      {R"("C:\s\setup.vls")", R"(C:\s\setup.vls)", kKept},
-      {R"(C:\s\setup.vls)", R"(C:\s\setup.vls)", kKept},
-      {R"("C:\s\setup.vls" nofile)", R"(C:\s\setup.vls)", "nofile"},
-      {R"("a.vls" C:\My Logs\a.vld )", "a.vls", R"(C:\My Logs\a.vld)"},
-      {R"(  "  a b.vls  "   "  c.vld  " )", "a b.vls", "c.vld"},
-      {R"("a.vls" "b.vld" "c.vld")", "a.vls", "b.vld"},
-      {R"("a.vls" junk "b.vld)", "a.vls", "b.vld"},
-      {R"("a.vls"   )", "a.vls", kKept},
-      {R"("a.vls"x)", "a.vls", "x"},
-      {"   ", "", kKept},
-      {R"(")", kKept, kKept, "BadCommandLineError.3", kBadly},
-      {R"(setup.vls ")", kKept, kKept, "BadCommandLineError.3", kBadly},
-      {R"("C:\s\setup.vls)", kKept, kKept, "BadQuotesError.1", kOneQuote},
-      {R"("   )", kKept, kKept, "BadQuotesError.1", kOneQuote},
-      {R"("a.vls" ")", "a.vls", kKept, "BadCommandLineError.1", kBadly},
-      {R"("a.vls" log")", "a.vls", kKept, "BadCommandLineError.1", kBadly},
-  };
+  const CommandLineCase cases[] = {{R"("C:\s\setup.vls" "C:\s\setup.vld")", R"(C:\s\setup.vls)", R"(C:\s\setup.vld)"},
+                                   {R"("C:\s\setup.vls")", R"(C:\s\setup.vls)", kKept},
+                                   {R"(C:\s\setup.vls)", R"(C:\s\setup.vls)", kKept},
+                                   {R"("C:\s\setup.vls" nofile)", R"(C:\s\setup.vls)", "nofile"},
+                                   {R"("a.vls" C:\My Logs\a.vld )", "a.vls", R"(C:\My Logs\a.vld)"},
+                                   {R"(  "  a b.vls  "   "  c.vld  " )", "a b.vls", "c.vld"},
+                                   {R"("a.vls" "b.vld" "c.vld")", "a.vls", "b.vld"},
+                                   {R"("a.vls" junk "b.vld)", "a.vls", "b.vld"},
+                                   {R"("a.vls"   )", "a.vls", kKept},
+                                   {R"("a.vls"x)", "a.vls", "x"},
+                                   {"   ", "", kKept},
+                                   {R"(")", kKept, kKept, "BadCommandLineError.3", kBadly},
+                                   {R"(setup.vls ")", kKept, kKept, "BadCommandLineError.3", kBadly},
+                                   {R"("C:\s\setup.vls)", kKept, kKept, "BadQuotesError.1", kOneQuote},
+                                   {R"("   )", kKept, kKept, "BadQuotesError.1", kOneQuote},
+                                   {R"("a.vls" ")", "a.vls", kKept, "BadCommandLineError.1", kBadly},
+                                   {R"("a.vls" log")", "a.vls", kKept, "BadCommandLineError.1", kBadly}};
   engine.state.InteractiveSession = true;  // so a report stops the run instead of ending the process
   for (const CommandLineCase& c : cases) {
     engine.DebugWindow.Clear();
@@ -60,8 +58,7 @@ TEST(ArgumentsOfTest, DropsTheProgramNameOnly) {
       {R"(velmora.exe   "a.vls"  nofile )", R"("a.vls"  nofile )"},
       {R"(velmora.exe)", ""},
       {R"(  "velmora.exe")", ""},
-      {"velmora.exe\t\"a b.vls\"", "\"a b.vls\""},
-  };
+      {"velmora.exe\t\"a b.vls\"", "\"a b.vls\""}};
   for (const auto& [full, expected] : cases) EXPECT_EQ(Arguments_Of(full), expected) << full;
 }
 

@@ -124,8 +124,7 @@ TEST_F(EditorFilesTest, ResizeKeepsTheMinimumAndLetsTheListsFollow) {
       {WindowState::Normal, 12000, 10000, 19200, 14400, 12000, 10000},
       {WindowState::Normal, 5000, 6000, 19200, 14400, 8295, 8595},
       {WindowState::Maximized, 8000, 8000, 8000, 8000, 8000, 8000},  // a screen too small: left alone
-      {WindowState::Maximized, 8000, 8000, 8295, 8595, 8295, 8595},
-  };
+      {WindowState::Maximized, 8000, 8000, 8295, 8595, 8295, 8595}};
   for (const ResizeRow& row : rows) {
     window.state = row.state;
     window.placement = {0, 0, row.width, row.height};
@@ -160,8 +159,7 @@ TEST_F(EditorFilesTest, ClosingStoresPlacementWithTheOnScreenRules) {
       {WindowState::Normal, -60, 19200, "9", "0", "0", "0"},  // above, and right of the screen
       {WindowState::Maximized, -60, -60, "9", "0", "0", "2"},
       {WindowState::Minimized, -480000, -480000, "9", "9", "<none>", "0"},  // off-screen values kept
-      {WindowState::Minimized, 120, 240, "9", "120", "240", "0"},
-  };
+      {WindowState::Minimized, 120, 240, "9", "120", "240", "0"}};
   for (const ClosingRow& row : rows) {
     settings.DeleteSetting("Editor", "Left");
     settings.SaveSetting("Editor", "Top", row.storedTop);

@@ -93,8 +93,7 @@ TEST_F(EditorPanelTest, EachEntryPreparesThePanelForItsCommand) {
       {2, 7, "Repeat", 15, kNA, kNone, kNA, "ins", C::CommandLine, ""},
       {2, 8, "Until <succeeded|failed>", 6, kLogical, kConditions, kNA, "on off ins", DebugState(0),
        "Until: succeeded"},
-      {2, 9, "Quit Script!", 11, kNA, kNone, kNA, "ins", C::CommandLine, ""},
-  };
+      {2, 9, "Quit Script!", 11, kNA, kNone, kNA, "ins", C::CommandLine, ""}};
   for (const Row& row : rows) {
     SCOPED_TRACE(row.entry);
     Choose(row.catalogue, row.position);
@@ -135,32 +134,30 @@ TEST_F(EditorPanelTest, ThePanelComposesEachLineAndReadsItBack) {
     long position;
     const char *command, *minutes, *seconds, *options, *line;
   };
-  const Row rows[] = {
-      {1, 0, " C:\\SETUP.EXE /Q ", "", "", "", "Run:  \"C:\\SETUP.EXE /Q\""},
-      {1, 1, "1, \"Setup\", \"#32770\", 0, 0.5, 0.5", "1", " 05", "",
-       "FindWindow:  1, \"Setup\", \"#32770\", 0, 0.5, 0.5, 1.05"},
-      {1, 2, "{TAB}~", "", "", "", "SendKeys:  \"{TAB}~\""},
-      {1, 3, "", "", "", "R dbl", "SendButtons: dr"},
-      {1, 3, "", "", "", "", "SendButtons: sl"},
-      {1, 4, "", "", "5", "", "Wait:  .5"},
-      {1, 4, "", "1", "30", "", "Wait:  1.30"},
-      {1, 5, "", "", "", "", ""},
-      {1, 6, " note ", "", "", "", "# note"},
-      {1, 6, "#x", "", "", "", "#x"},
-      {1, 8, "", "400", "300", "M", "UseMouse: sm, 400, 300"},
-      {1, 8, "", "10", "20", "N dbl", "UseMouse: nc, 10, 20"},
-      {1, 9, "", "", "", "off", "Debug: off"},
-      {1, 9, "", "", "", "", "Debug: on"},
-      {2, 1, "", "WINDIR", "C:\\WINDOWS", "", "Test:  \"`WINDIR`\" = \"C:\\WINDOWS\""},
-      {2, 2, "", "", "", "", "If:  succeeded"},
-      {2, 5, "", "", "", "off", "While:  failed"},
-      {2, 8, "", "", "", "", "Until:  succeeded"},
-      {2, 3, "", "", "", "", "Else"},
-      {2, 4, "", "", "", "", "EndIf"},
-      {2, 6, "", "", "", "", "EndWhile"},
-      {2, 7, "", "", "", "", "Repeat"},
-      {2, 9, "", "", "", "", "Quit"},
-  };
+  const Row rows[] = {{1, 0, " C:\\SETUP.EXE /Q ", "", "", "", "Run:  \"C:\\SETUP.EXE /Q\""},
+                      {1, 1, "1, \"Setup\", \"#32770\", 0, 0.5, 0.5", "1", " 05", "",
+                       "FindWindow:  1, \"Setup\", \"#32770\", 0, 0.5, 0.5, 1.05"},
+                      {1, 2, "{TAB}~", "", "", "", "SendKeys:  \"{TAB}~\""},
+                      {1, 3, "", "", "", "R dbl", "SendButtons: dr"},
+                      {1, 3, "", "", "", "", "SendButtons: sl"},
+                      {1, 4, "", "", "5", "", "Wait:  .5"},
+                      {1, 4, "", "1", "30", "", "Wait:  1.30"},
+                      {1, 5, "", "", "", "", ""},
+                      {1, 6, " note ", "", "", "", "# note"},
+                      {1, 6, "#x", "", "", "", "#x"},
+                      {1, 8, "", "400", "300", "M", "UseMouse: sm, 400, 300"},
+                      {1, 8, "", "10", "20", "N dbl", "UseMouse: nc, 10, 20"},
+                      {1, 9, "", "", "", "off", "Debug: off"},
+                      {1, 9, "", "", "", "", "Debug: on"},
+                      {2, 1, "", "WINDIR", "C:\\WINDOWS", "", "Test:  \"`WINDIR`\" = \"C:\\WINDOWS\""},
+                      {2, 2, "", "", "", "", "If:  succeeded"},
+                      {2, 5, "", "", "", "off", "While:  failed"},
+                      {2, 8, "", "", "", "", "Until:  succeeded"},
+                      {2, 3, "", "", "", "", "Else"},
+                      {2, 4, "", "", "", "", "EndIf"},
+                      {2, 6, "", "", "", "", "EndWhile"},
+                      {2, 7, "", "", "", "", "Repeat"},
+                      {2, 9, "", "", "", "", "Quit"}};
   for (const Row& row : rows) {
     SCOPED_TRACE(row.line);
     Script({""}, 0);
@@ -239,20 +236,18 @@ TEST_F(EditorPanelTest, TimeFieldsTakeNumbersOnly) {
     long caretAfter;
     bool insert;
   };
-  const Row rows[] = {
-      {1, 4, C::Minutes, "", "0", 1, "", 0, false},
-      {1, 4, C::Seconds, "", "0", 1, "", 0, false},
-      {1, 4, C::Minutes, "", "10", 2, "10", 2, true},
-      {1, 4, C::Minutes, "", "1a", 2, "1", 1, true},
-      {1, 4, C::Minutes, "", "a1", 1, "1", 0, true},
-      {1, 4, C::Seconds, "0", "123456", 3, "12456", 2, true},
-      {1, 4, C::Seconds, "", "12345", 5, "12345", 5, true},
-      {2, 1, C::Minutes, "", "0x", 2, "0x", 2, true},
-      {2, 1, C::Minutes, "", " ", 1, " ", 1, false},
-      {1, 0, C::CommandLine, "", "x", 1, "x", 1, true},
-      {1, 0, C::CommandLine, "", "  ", 1, "  ", 1, false},
-      {1, 1, C::CommandLine, "30", "1, \"a\"", 1, "1, \"a\"", 1, true},
-  };
+  const Row rows[] = {{1, 4, C::Minutes, "", "0", 1, "", 0, false},
+                      {1, 4, C::Seconds, "", "0", 1, "", 0, false},
+                      {1, 4, C::Minutes, "", "10", 2, "10", 2, true},
+                      {1, 4, C::Minutes, "", "1a", 2, "1", 1, true},
+                      {1, 4, C::Minutes, "", "a1", 1, "1", 0, true},
+                      {1, 4, C::Seconds, "0", "123456", 3, "12456", 2, true},
+                      {1, 4, C::Seconds, "", "12345", 5, "12345", 5, true},
+                      {2, 1, C::Minutes, "", "0x", 2, "0x", 2, true},
+                      {2, 1, C::Minutes, "", " ", 1, " ", 1, false},
+                      {1, 0, C::CommandLine, "", "x", 1, "x", 1, true},
+                      {1, 0, C::CommandLine, "", "  ", 1, "  ", 1, false},
+                      {1, 1, C::CommandLine, "30", "1, \"a\"", 1, "1, \"a\"", 1, true}};
   for (const Row& row : rows) {
     SCOPED_TRACE(row.typed);
     Choose(row.catalogue, row.position);

@@ -38,8 +38,7 @@ TEST_F(EnvironmentTest, ExpandsReferencesAndLogsTheConversion) {
       {"x\nA\ny", "x1y", "One (1) Environment Variable Used.  Conversion follows:"},
       {"`A``B", "`A`B", nullptr},
       {"`A`-`B`", "1-two", "Two (2) Environment Variables Used.  Conversion follows:"},
-      {"`A` and `B` and `C`", "1 and two and 3", "Three (3) Environment Variables Used.  Conversion follows:"},
-  };
+      {"`A` and `B` and `C`", "1 and two and 3", "Three (3) Environment Variables Used.  Conversion follows:"}};
   for (const ExpansionCase& c : cases) {
     engine.DebugWindow.Clear();
     EXPECT_EQ(Convert_EnvVars(engine, true, c.text), c.expanded) << c.text;
@@ -54,13 +53,11 @@ TEST_F(EnvironmentTest, ExpandsReferencesAndLogsTheConversion) {
 }
 
 TEST_F(EnvironmentTest, CountWordsGoUpToNineteenThenDigitsAndMoreThan255ReferencesOverflow) {
-  const std::pair<int, const char*> cases[] = {
-      {12, "Twelve (12) Environment Variables Used.  Conversion follows:"},
-      {19, "Nineteen (19) Environment Variables Used.  Conversion follows:"},
-      {20, "20 Environment Variables Used.  Conversion follows:"},
-      {255, "255 Environment Variables Used.  Conversion follows:"},
-      {256, ""},
-  };
+  const std::pair<int, const char*> cases[] = {{12, "Twelve (12) Environment Variables Used.  Conversion follows:"},
+                                               {19, "Nineteen (19) Environment Variables Used.  Conversion follows:"},
+                                               {20, "20 Environment Variables Used.  Conversion follows:"},
+                                               {255, "255 Environment Variables Used.  Conversion follows:"},
+                                               {256, ""}};
   for (const auto& [count, line] : cases) {
     std::string text, expanded;
     for (int i = 0; i < count; ++i) text += "`A`,", expanded += "1,";

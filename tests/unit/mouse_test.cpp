@@ -62,16 +62,14 @@ TEST_F(AutomationTest, UseMouseMovesThenClicksWithPlainFlags) {
     std::vector<std::vector<long long>> timeline;
   };
   const long long move = 0xFFFF8001;
-  const Case cases[] = {
-      {"usemouse: sl, 400, 300", {{0, move, 400, 300}, {0, 2, 400, 300}, {999, 4, 400, 300}}},
-      {"usemouse: nc, 0, 0", {{0, move, 0, 0}, {0, 0, 0, 0}, {999, 0, 0, 0}}},
-      {"usemouse: dr, 65535, 65535",
-       {{0, move, 65535, 65535},
-        {0, 8, 65535, 65535},
-        {999, 16, 65535, 65535},
-        {1332, 8, 65535, 65535},
-        {2331, 16, 65535, 65535}}},
-  };
+  const Case cases[] = {{"usemouse: sl, 400, 300", {{0, move, 400, 300}, {0, 2, 400, 300}, {999, 4, 400, 300}}},
+                        {"usemouse: nc, 0, 0", {{0, move, 0, 0}, {0, 0, 0, 0}, {999, 0, 0, 0}}},
+                        {"usemouse: dr, 65535, 65535",
+                         {{0, move, 65535, 65535},
+                          {0, 8, 65535, 65535},
+                          {999, 16, 65535, 65535},
+                          {1332, 8, 65535, 65535},
+                          {2331, 16, 65535, 65535}}}};
   for (const Case& c : cases) {
     desktop.mouseEvents.clear();
     const long long before = host.clockMs;

@@ -66,8 +66,7 @@ TEST_F(ParserTest, EveryParameterErrorIsOneFatalReportWithItsLocationAndDetail) 
       {"wait: 123456", "FindWindow_Or_WaitErrors.1", kMinutes},
       {"wait: 123456.30", "FindWindow_Or_WaitErrors.2", kMinutes},
       {"wait: 1.123456", "FindWindow_Or_WaitErrors.3", "Wait Time seconds specifed must be less then '99999'."},
-      {"wait: 1:30", "FindWindow_Or_WaitErrors.4", "Wait Time specifed is NOT numeric."},
-  };
+      {"wait: 1:30", "FindWindow_Or_WaitErrors.4", "Wait Time specifed is NOT numeric."}};
   for (const Row& row : rows) {
     const ParsedCommand command = Parse(row.line);
     EXPECT_TRUE(accepted) << row.line;
@@ -84,30 +83,28 @@ TEST_F(ParserTest, AcceptedLinesGiveTheirCodeWordAndParametersWithoutAnyReport) 
     CommandCode code;
     std::string word, parameters;
   };
-  const Row rows[] = {
-      {"run: \"C:\\SETUP\\SETUP.EXE /Q\"", kRunCommand, "|run|", "C:\\SETUP\\SETUP.EXE /Q"},
-      {"sendkeys: \"{TAB}{TAB}~\"", kSendKeysCommand, "|sendkeys|", "{TAB}{TAB}~"},
-      {"test: \"WINDIR\" = \"C:\\WINDOWS\"", kTestCommand, "|test|", "WINDIR\nC:\\WINDOWS"},
-      {"if: failed", kIfCommand, "|if|", "failed"},
-      {"If: Succeeded and more", kIfCommand, "|if|", "succeeded"},
-      {"while: SUCCEEDED", kWhileCommand, "|while|", "succeeded"},
-      {"usemouse: nc, 0, 0", kUseMouseCommand, "|usemouse|", "nc"},
-      {"UseMouse: SL, 65535, 65535", kUseMouseCommand, "|usemouse|", "sl"},
-      {"sendbuttons: DLxyz", kSendButtonsCommand, "|sendbuttons|", "dl"},
-      {"wait: 0.30", kWaitCommand, "|wait|", "0.30"},
-      {"debug: OFF", kDebugCommand, "|debug|", "off"},
-      {"quit", kQuitCommand, "|quit|", ""},
-      {"else: whatever", kElseCommand, "|else|", ""},
-      {"endif", kEndIfCommand, "|endif|", ""},
-      {"ENDIF: anything", kEndIfCommand, "|endif|", ""},
-      {" Repeat ", kRepeatCommand, "|repeat|", ""},
-      {"", kBlankLine, "", ""},
-      {"# run: x", kCommentLine, "", "run: x"},
-      {"  #x", kCommentLine, "", "x"},
-      {">>> quit", kQuitCommand, "|quit|", ""},  // the editor reads through the breakpoint mark
-      {"  >>>run: \"x\"", kRunCommand, "|run|", "x"},
-      {">>> # note", kCommentLine, "", "note"},
-  };
+  const Row rows[] = {{"run: \"C:\\SETUP\\SETUP.EXE /Q\"", kRunCommand, "|run|", "C:\\SETUP\\SETUP.EXE /Q"},
+                      {"sendkeys: \"{TAB}{TAB}~\"", kSendKeysCommand, "|sendkeys|", "{TAB}{TAB}~"},
+                      {"test: \"WINDIR\" = \"C:\\WINDOWS\"", kTestCommand, "|test|", "WINDIR\nC:\\WINDOWS"},
+                      {"if: failed", kIfCommand, "|if|", "failed"},
+                      {"If: Succeeded and more", kIfCommand, "|if|", "succeeded"},
+                      {"while: SUCCEEDED", kWhileCommand, "|while|", "succeeded"},
+                      {"usemouse: nc, 0, 0", kUseMouseCommand, "|usemouse|", "nc"},
+                      {"UseMouse: SL, 65535, 65535", kUseMouseCommand, "|usemouse|", "sl"},
+                      {"sendbuttons: DLxyz", kSendButtonsCommand, "|sendbuttons|", "dl"},
+                      {"wait: 0.30", kWaitCommand, "|wait|", "0.30"},
+                      {"debug: OFF", kDebugCommand, "|debug|", "off"},
+                      {"quit", kQuitCommand, "|quit|", ""},
+                      {"else: whatever", kElseCommand, "|else|", ""},
+                      {"endif", kEndIfCommand, "|endif|", ""},
+                      {"ENDIF: anything", kEndIfCommand, "|endif|", ""},
+                      {" Repeat ", kRepeatCommand, "|repeat|", ""},
+                      {"", kBlankLine, "", ""},
+                      {"# run: x", kCommentLine, "", "run: x"},
+                      {"  #x", kCommentLine, "", "x"},
+                      {">>> quit", kQuitCommand, "|quit|", ""},  // the editor reads through the breakpoint mark
+                      {"  >>>run: \"x\"", kRunCommand, "|run|", "x"},
+                      {">>> # note", kCommentLine, "", "note"}};
   for (const Row& row : rows) {
     const ParsedCommand command = Parse(row.line);
     EXPECT_TRUE(accepted) << row.line;
@@ -123,8 +120,7 @@ TEST_F(ParserTest, UnknownWordsAndMissingParametersGiveCode255AndAreLeftToTheCal
   const std::pair<const char*, const char*> rows[] = {
       {"jump: 5", "jump"},     {"  JUMP  ", "jump"},           {"run:", "|run|"},
       {"Wait :   ", "|wait|"}, {"findwindow", "|findwindow|"}, {"run sendkeys: \"x\"", "run sendkeys"},
-      {": run", ""},           {"\trun: \"x\"", "\trun"},      {">>> quit", ">>> quit"},
-  };
+      {": run", ""},           {"\trun: \"x\"", "\trun"},      {">>> quit", ">>> quit"}};
   for (const auto& [line, word] : rows) {
     // The breakpoint mark means nothing outside the editor.
     const ParsedCommand command = Parse(line, 1, kNoEditorLine, false);
@@ -147,8 +143,7 @@ TEST_F(ParserTest, TimesAreSecondsScaledOnlyWhenWrittenWithAFullStop) {
       {"1.30", 1, 90},  {"1.30", 2, 180}, {"0.10", 1.5, 15}, {"2", 3, 120},         {"5.", 2, 300},
       {"0.05", 2, 10},  {"0.90", 1, 90},  {".30", 1, 30},    {"1.5", 1.5, 98},      {"0.05", 2.5, 12},
       {"0.03", 0.5, 2}, {"0.01", 0.5, 0}, {"0", 2, 0},       {"99999", 1, 5999940}, {"99999.99999", 1, 6099939},
-      {"+1.00", 1, 60}, {"3", 0.1, 180},
-  };
+      {"+1.00", 1, 60}, {"3", 0.1, 180}};
   for (const Row& row : rows) {
     const ParsedCommand wait = Parse(std::string("   WAIT :  ") + row.time + "  ", row.speed);
     EXPECT_EQ(wait.CommandCode, kWaitCommand) << row.time;
@@ -169,8 +164,7 @@ TEST_F(ParserTest, FindWindowParametersAreNormalisedLevelByLevel) {
       {"findwindow: 2, \"Setup\", \"#32770\", 0, 0, 0, \"Next >\", \"Button\", 1, 0.5, 0.5, 0.30",
        "2, \"Setup\", \"#32770\", 0, 0, 0, \"Next >\", \"Button\", 1, 0.5, 0.5, ", 30},
       {"FindWindow:02 ,\"  Title \",\"\",+007,1,2,\"x\" , \"y\" , -0 , 3 , 4 , 2",
-       "2, \"  Title \", \"\", 7, 1, 2, \"x\", \"y\", 0, 3, 4, ", 120},
-  };
+       "2, \"  Title \", \"\", 7, 1, 2, \"x\", \"y\", 0, 3, 4, ", 120}};
   for (const Row& row : rows) {
     const ParsedCommand command = Parse(row.line);
     EXPECT_EQ(command.CommandCode, kFindWindowCommand) << row.line;
@@ -189,13 +183,11 @@ TEST_F(ParserTest, MalformedLinesAreTrappedAndNotAccepted) {
     std::string error;
   };
   const std::string kCut = "Invalid procedure call or argument";
-  const Row rows[] = {
-      {"run: \"", 1, 5, kCut},
-      {kOneWindow + "0, 0, 0 1.00", 1, 5, kCut},
-      {kOneWindow + "0, 0", 1, 5, kCut},
-      {"findwindow: 256, \"a\", \"b\", 0, 0, 0, 1.00", 1, 6, "Overflow"},
-      {"wait: 99999.0", 1e6, 6, "Overflow"},
-  };
+  const Row rows[] = {{"run: \"", 1, 5, kCut},
+                      {kOneWindow + "0, 0, 0 1.00", 1, 5, kCut},
+                      {kOneWindow + "0, 0", 1, 5, kCut},
+                      {"findwindow: 256, \"a\", \"b\", 0, 0, 0, 1.00", 1, 6, "Overflow"},
+                      {"wait: 99999.0", 1e6, 6, "Overflow"}};
   for (const Row& row : rows) {
     const ParsedCommand command = Parse(row.line, row.speed);
     EXPECT_FALSE(accepted) << row.line;

@@ -31,13 +31,11 @@ TEST_F(PreprocessorTest, PairsBlocksIntoTableItems) {
     Lines script;
     Lines table;
   };
-  const Case cases[] = {
-      {{"wait: 1", "while: succeeded", "if: failed", "wait: 1", "endif", "repeat", "until: failed", "endwhile",
-        "if: failed", "wait: 1", "else", "while: failed", "endwhile", "endif"},
-       {"we1,7", "ix2;0,4", "ru5,6", "ie8;10,13", "we11,12"}},
-      {{"repeat", "repeat", "until: failed", "until: failed"}, {"ru0,3", "ru1,2"}},
-      {{"# just", "", "wait: 1"}, {}},
-  };
+  const Case cases[] = {{{"wait: 1", "while: succeeded", "if: failed", "wait: 1", "endif", "repeat", "until: failed",
+                          "endwhile", "if: failed", "wait: 1", "else", "while: failed", "endwhile", "endif"},
+                         {"we1,7", "ix2;0,4", "ru5,6", "ie8;10,13", "we11,12"}},
+                        {{"repeat", "repeat", "until: failed", "until: failed"}, {"ru0,3", "ru1,2"}},
+                        {{"# just", "", "wait: 1"}, {}}};
   for (const Case& c : cases) {
     Preprocess(c.script, false);
     EXPECT_EQ(Table(), c.table) << c.script.front();
@@ -88,8 +86,7 @@ TEST_F(PreprocessorTest, StopsThePassAtTheFirstBlockError) {
        0,
        "NoMatchingEndWhileError.1",
        "WHILE on line 1 has no matching ENDWHILE!"},
-      {{"repeat", "while: failed"}, 0, "NoMatchingUntilError.1", "REPEAT on line 1 has no matching UNTIL!"},
-  };
+      {{"repeat", "while: failed"}, 0, "NoMatchingUntilError.1", "REPEAT on line 1 has no matching UNTIL!"}};
   for (const Row& row : rows) {
     Preprocess(row.script);
     EXPECT_EQ(engine.DebugWindow.Items(),

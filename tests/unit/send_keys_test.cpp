@@ -86,8 +86,7 @@ TEST_F(SendKeysTest, AFrozenProgramHoldsTheScriptUpOnlyWithinTheBound) {
   const Row rows[] = {
       {60000, false, false, "Info: The window did not respond within 10 seconds; no keys were sent.", 10 + 10000},
       {4000, true, true, "Info: The window did not finish processing the keys within 10 seconds.", 10 + 10000 + 285},
-      {4000, false, true, "  Window Handle :  " + std::to_string(edit), 4000 + 285},
-  };
+      {4000, false, true, "  Window Handle :  " + std::to_string(edit), 4000 + 285}};
   for (const Row& row : rows) {
     desktop.inputIdleTimesOut = row.idleTimesOut;
     const long long start = Start_Frozen(edit, row.frozenForMs);
