@@ -53,6 +53,12 @@ class EngineTest : public ::testing::Test {
   std::vector<std::string> Log(const std::string& path = "a.vld") const { return host.Lines(path); }
 };
 
+// An interactive engine with debug output on, as the editor runs it.
+class InteractiveTest : public EngineTest {
+ protected:
+  InteractiveTest() { engine.state.InteractiveSession = engine.state.DebugOn = true; }
+};
+
 // The framed block of an error report, line by line.
 std::vector<std::string> Fatal_Block(const std::string& message, long code, const std::string& location);
 std::vector<std::string> Go_On_Block(const std::string& message, long code, const std::string& location,

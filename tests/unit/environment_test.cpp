@@ -6,11 +6,9 @@
 namespace velmora::testing {
 namespace {
 
-class EnvironmentTest : public EngineTest {
+class EnvironmentTest : public InteractiveTest {
  protected:
   void SetUp() override {
-    engine.state.InteractiveSession = true;
-    engine.state.DebugOn = true;
     host.environment = {{"A", "1"},   {"B", "two"},        {"C", "3"}, {"WINDIR", "C:\\WINDOWS"},
                         {"Q", "`A`"}, {"OS", "Windows_NT"}};
   }

@@ -119,11 +119,9 @@ INSTANTIATE_TEST_SUITE_P(
                                {"# head", "wait: 0"}}),
     [](const ::testing::TestParamInfo<FlowCase>& info) { return std::string(info.param.name); });
 
-class InteractiveInterpreterTest : public EngineTest {
+class InteractiveInterpreterTest : public InteractiveTest {
  protected:
   void Load(const Lines& script) {
-    engine.state.InteractiveSession = true;
-    engine.state.DebugOn = true;
     for (const auto& line : script) engine.TraceWindow.Add(line);
     engine.TraceWindow.Select(0);
   }

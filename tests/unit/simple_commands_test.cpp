@@ -6,13 +6,7 @@
 namespace velmora::testing {
 namespace {
 
-class SimpleCommandsTest : public EngineTest {
- protected:
-  void SetUp() override {
-    engine.state.InteractiveSession = true;
-    engine.state.DebugOn = true;
-  }
-};
+using SimpleCommandsTest = InteractiveTest;
 
 TEST_F(SimpleCommandsTest, WaitLogsTheTotalFirstAndPausesAtMostAMinuteAtATime) {
   constexpr std::int32_t kMin = INT32_MIN;
