@@ -83,7 +83,7 @@ TEST_F(EngineTest, OperationsReachTheHostAndFilesRoundTripLines) {
   EXPECT_EQ(engine.DebugWindow.Count(), 0u);
 }
 
-TEST_F(EngineTest, UnknownOperationCodesDoNothing) {
+TEST_F(EngineTest, UnknownOperationCodesDoNothingAndAnUnexpectedErrorInsideIsFatalAtItsOwnLocation) {
   host.throwFromFileOperations = true;
   for (int code : {-1, 3, 9, 12, 19, 25, 28, 31, 99, 1000}) {
     FileNumber number = 4;
@@ -93,11 +93,8 @@ TEST_F(EngineTest, UnknownOperationCodesDoNothing) {
   }
   EXPECT_TRUE(host.operations.empty());
   EXPECT_EQ(engine.DebugWindow.Count(), 0u);
-}
 
-TEST_F(EngineTest, AnUnexpectedErrorInsideIsFatalAtItsOwnLocation) {
-  host.throwFromFileOperations = true;
-  FileNumber number = 0;
+  FileNumber number = 0;  // an operation that reaches the host throws something unforeseen
   std::string first = "a.txt";
   Careful_IO(engine, true, 2, number, first, "b.txt", kLocation, kGoOn);
   EXPECT_EQ(engine.DebugWindow.Items(),
