@@ -6,6 +6,8 @@
 namespace velmora::testing {
 namespace {
 
+using Lines = std::vector<std::string>;
+
 class EnvironmentTest : public InteractiveTest {
  protected:
   void SetUp() override {
@@ -14,14 +16,9 @@ class EnvironmentTest : public InteractiveTest {
   }
 };
 
-struct ExpansionCase {
-  const char* text;
-  const char* expanded;
-  const char* countLine;  // nullptr: nothing logged
-};
-
 TEST_F(EnvironmentTest, ExpandsReferencesAndLogsTheConversion) {
-  const ExpansionCase cases[] = {
+  // The text, what it expands to, and the count line (nullptr: nothing logged).
+  const std::tuple<const char*, const char*, const char*> cases[] = {
       {"plain text", "plain text", nullptr},
       {"a``b", "a`b", nullptr},
       {"``", "`", nullptr},
@@ -37,16 +34,11 @@ TEST_F(EnvironmentTest, ExpandsReferencesAndLogsTheConversion) {
       {"`A``B", "`A`B", nullptr},
       {"`A`-`B`", "1-two", "Two (2) Environment Variables Used.  Conversion follows:"},
       {"`A` and `B` and `C`", "1 and two and 3", "Three (3) Environment Variables Used.  Conversion follows:"}};
-  for (const ExpansionCase& c : cases) {
+  for (const auto& [text, expanded, countLine] : cases) {
     engine.DebugWindow.Clear();
-    EXPECT_EQ(Convert_EnvVars(engine, true, c.text), c.expanded) << c.text;
-    if (c.countLine) {
-      EXPECT_EQ(engine.DebugWindow.Items(), (std::vector<std::string>{c.countLine, std::string("     ") + c.text,
-                                                                      std::string(" --> ") + c.expanded}))
-          << c.text;
-    } else {
-      EXPECT_EQ(engine.DebugWindow.Count(), 0u) << c.text;
-    }
+    EXPECT_EQ(Convert_EnvVars(engine, true, text), expanded) << text;
+    const Lines logged = {countLine ? countLine : "", std::string("     ") + text, std::string(" --> ") + expanded};
+    EXPECT_EQ(engine.DebugWindow.Items(), countLine ? logged : Lines{}) << text;
   }
 }
 

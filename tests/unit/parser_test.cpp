@@ -36,10 +36,7 @@ class ParserTest : public EngineTest {
 };
 
 TEST_F(ParserTest, EveryParameterErrorIsOneFatalReportWithItsLocationAndDetail) {
-  struct Row {
-    std::string line, location, detail;
-  };
-  const Row rows[] = {
+  const std::tuple<std::string, std::string, std::string> rows[] = {
       {"run: C:\\SETUP.EXE", "Run_Or_SendKeysErrors.1", "Leading and/or Trailing quote missing."},
       {"test: \"A\"=\"B\"", "TestEnvironmentVariablesErrors.2", "\" = \" separator missing."},
       {"test: \"A\" = \"B\" = \"C\"", "TestEnvironmentVariablesErrors.2", "Extra \" = \" separator(s) found."},
@@ -67,13 +64,12 @@ TEST_F(ParserTest, EveryParameterErrorIsOneFatalReportWithItsLocationAndDetail) 
       {"wait: 123456.30", "FindWindow_Or_WaitErrors.2", kMinutes},
       {"wait: 1.123456", "FindWindow_Or_WaitErrors.3", "Wait Time seconds specifed must be less then '99999'."},
       {"wait: 1:30", "FindWindow_Or_WaitErrors.4", "Wait Time specifed is NOT numeric."}};
-  for (const Row& row : rows) {
-    const ParsedCommand command = Parse(row.line);
-    EXPECT_TRUE(accepted) << row.line;
-    EXPECT_TRUE(command.ParseError) << row.line;
-    EXPECT_EQ(engine.DebugWindow.Items(), Fatal_Block("Invalid Parameters:  " + row.detail, -1, kWhere + row.location))
-        << row.line;
-    EXPECT_TRUE(engine.state.StopRunning) << row.line;
+  for (const auto& [line, location, detail] : rows) {
+    const ParsedCommand command = Parse(line);
+    EXPECT_TRUE(accepted) << line;
+    EXPECT_TRUE(command.ParseError) << line;
+    EXPECT_EQ(engine.DebugWindow.Items(), Fatal_Block("Invalid Parameters:  " + detail, -1, kWhere + location)) << line;
+    EXPECT_TRUE(engine.state.StopRunning) << line;
   }
 }
 
@@ -134,43 +130,34 @@ TEST_F(ParserTest, UnknownWordsAndMissingParametersGiveCode255AndAreLeftToTheCal
 }
 
 TEST_F(ParserTest, TimesAreSecondsScaledOnlyWhenWrittenWithAFullStop) {
-  struct Row {
-    const char* time;
-    double speed;
-    std::int32_t seconds;
-  };
-  const Row rows[] = {
+  const std::tuple<const char*, double, std::int32_t> rows[] = {
       {"1.30", 1, 90},  {"1.30", 2, 180}, {"0.10", 1.5, 15}, {"2", 3, 120},         {"5.", 2, 300},
       {"0.05", 2, 10},  {"0.90", 1, 90},  {".30", 1, 30},    {"1.5", 1.5, 98},      {"0.05", 2.5, 12},
       {"0.03", 0.5, 2}, {"0.01", 0.5, 0}, {"0", 2, 0},       {"99999", 1, 5999940}, {"99999.99999", 1, 6099939},
       {"+1.00", 1, 60}, {"3", 0.1, 180}};
-  for (const Row& row : rows) {
-    const ParsedCommand wait = Parse(std::string("   WAIT :  ") + row.time + "  ", row.speed);
-    EXPECT_EQ(wait.CommandCode, kWaitCommand) << row.time;
-    EXPECT_EQ(wait.TimeOut, row.seconds) << "wait: " << row.time << " x" << row.speed;
-    const ParsedCommand find = Parse(kOneWindow + "0, 0, 0, " + row.time, row.speed);
-    EXPECT_EQ(find.TimeOut, row.seconds) << "findwindow: " << row.time << " x" << row.speed;
-    EXPECT_TRUE(engine.DebugWindow.Items().empty()) << row.time;
+  for (const auto& [time, speed, seconds] : rows) {
+    const ParsedCommand wait = Parse(std::string("   WAIT :  ") + time + "  ", speed);
+    EXPECT_EQ(wait.CommandCode, kWaitCommand) << time;
+    EXPECT_EQ(wait.TimeOut, seconds) << "wait: " << time << " x" << speed;
+    const ParsedCommand find = Parse(kOneWindow + "0, 0, 0, " + time, speed);
+    EXPECT_EQ(find.TimeOut, seconds) << "findwindow: " << time << " x" << speed;
+    EXPECT_TRUE(engine.DebugWindow.Items().empty()) << time;
   }
 }
 
 TEST_F(ParserTest, FindWindowParametersAreNormalisedLevelByLevel) {
-  struct Row {
-    std::string line, parameters;
-    std::int32_t seconds;
-  };
-  const Row rows[] = {
+  const std::tuple<std::string, std::string, std::int32_t> rows[] = {
       {"findwindow: 1, \"Setup\", \"#32770\", 0, 0.50, .25, 1.00", "1, \"Setup\", \"#32770\", 0, 0.5, 0.25, ", 60},
       {"findwindow: 2, \"Setup\", \"#32770\", 0, 0, 0, \"Next >\", \"Button\", 1, 0.5, 0.5, 0.30",
        "2, \"Setup\", \"#32770\", 0, 0, 0, \"Next >\", \"Button\", 1, 0.5, 0.5, ", 30},
       {"FindWindow:02 ,\"  Title \",\"\",+007,1,2,\"x\" , \"y\" , -0 , 3 , 4 , 2",
        "2, \"  Title \", \"\", 7, 1, 2, \"x\", \"y\", 0, 3, 4, ", 120}};
-  for (const Row& row : rows) {
-    const ParsedCommand command = Parse(row.line);
-    EXPECT_EQ(command.CommandCode, kFindWindowCommand) << row.line;
-    EXPECT_EQ(command.Parameters, row.parameters) << row.line;
-    EXPECT_EQ(command.TimeOut, row.seconds) << row.line;
-    EXPECT_FALSE(command.ParseError) << row.line;
+  for (const auto& [line, parameters, seconds] : rows) {
+    const ParsedCommand command = Parse(line);
+    EXPECT_EQ(command.CommandCode, kFindWindowCommand) << line;
+    EXPECT_EQ(command.Parameters, parameters) << line;
+    EXPECT_EQ(command.TimeOut, seconds) << line;
+    EXPECT_FALSE(command.ParseError) << line;
   }
 }
 
