@@ -27,18 +27,15 @@ class PreprocessorTest : public EngineTest {
 };
 
 TEST_F(PreprocessorTest, PairsBlocksIntoTableItems) {
-  struct Case {
-    Lines script;
-    Lines table;
-  };
-  const Case cases[] = {{{"wait: 1", "while: succeeded", "if: failed", "wait: 1", "endif", "repeat", "until: failed",
-                          "endwhile", "if: failed", "wait: 1", "else", "while: failed", "endwhile", "endif"},
-                         {"we1,7", "ix2;0,4", "ru5,6", "ie8;10,13", "we11,12"}},
-                        {{"repeat", "repeat", "until: failed", "until: failed"}, {"ru0,3", "ru1,2"}},
-                        {{"# just", "", "wait: 1"}, {}}};
-  for (const Case& c : cases) {
-    Preprocess(c.script, false);
-    EXPECT_EQ(Table(), c.table) << c.script.front();
+  const std::pair<Lines, Lines> cases[] = {
+      {{"wait: 1", "while: succeeded", "if: failed", "wait: 1", "endif", "repeat", "until: failed", "endwhile",
+        "if: failed", "wait: 1", "else", "while: failed", "endwhile", "endif"},
+       {"we1,7", "ix2;0,4", "ru5,6", "ie8;10,13", "we11,12"}},
+      {{"repeat", "repeat", "until: failed", "until: failed"}, {"ru0,3", "ru1,2"}},
+      {{"# just", "", "wait: 1"}, {}}};
+  for (const auto& [script, table] : cases) {
+    Preprocess(script, false);
+    EXPECT_EQ(Table(), table) << script.front();
     EXPECT_FALSE(engine.state.StopRunning);
   }
 }
@@ -63,12 +60,7 @@ TEST_F(PreprocessorTest, UnknownWordIsReportedMarkedAndLeftOutOfBlocks) {
 
 TEST_F(PreprocessorTest, StopsThePassAtTheFirstBlockError) {
   const std::string kCross = " is on a different level then its matching ", kX = "LogicalBlocksCrossError.";
-  struct Row {
-    Lines script;
-    long selected;
-    std::string location, message;
-  };
-  const Row rows[] = {
+  const std::tuple<Lines, long, std::string, std::string> rows[] = {
       {{"repeat", "while: failed", "until: failed", "endwhile"}, 2, kX + "1", "UNTIL on line 3" + kCross + "REPEAT!"},
       {{"wait: 1", "until: failed"}, 1, "NoMatchingRepeatError.1", "UNTIL on line 2 has no matching REPEAT!"},
       {{"if: failed", "while: failed", "else"}, 2, kX + "2", "ELSE on line 3" + kCross + "IF!"},
@@ -87,12 +79,11 @@ TEST_F(PreprocessorTest, StopsThePassAtTheFirstBlockError) {
        "NoMatchingEndWhileError.1",
        "WHILE on line 1 has no matching ENDWHILE!"},
       {{"repeat", "while: failed"}, 0, "NoMatchingUntilError.1", "REPEAT on line 1 has no matching UNTIL!"}};
-  for (const Row& row : rows) {
-    Preprocess(row.script);
-    EXPECT_EQ(engine.DebugWindow.Items(),
-              Fatal_Block(row.message, -1, "Velmora.(General).Preprocess_Command." + row.location))
-        << row.message;
-    EXPECT_EQ(engine.TraceWindow.Selected(), row.selected) << row.message;
+  for (const auto& [script, selected, location, message] : rows) {
+    Preprocess(script);
+    EXPECT_EQ(engine.DebugWindow.Items(), Fatal_Block(message, -1, "Velmora.(General).Preprocess_Command." + location))
+        << message;
+    EXPECT_EQ(engine.TraceWindow.Selected(), selected) << message;
     EXPECT_TRUE(engine.state.StopRunning);
     EXPECT_FALSE(engine.state.LastCommandSucceeded);
     engine.state.StopRunning = false;

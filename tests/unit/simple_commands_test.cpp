@@ -10,21 +10,15 @@ using SimpleCommandsTest = InteractiveTest;
 
 TEST_F(SimpleCommandsTest, WaitLogsTheTotalFirstAndPausesAtMostAMinuteAtATime) {
   constexpr std::int32_t kMin = INT32_MIN;
-  struct Case {
-    std::int32_t seconds;
-    const char* total;
-    long long tenths;
-  };
-  const Case cases[] = {
+  const std::tuple<std::int32_t, const char*, long long> cases[] = {
       {0, "0 seconds", 0},   {1, "1 second", 10},     {90, "90 seconds", 900},         {150, "150 seconds", 1500},
       {-4, "-4 seconds", 0}, {60, "60 seconds", 600}, {kMin, "-2147483648 seconds", 0}};
-  for (const Case& c : cases) {
+  for (const auto& [seconds, total, tenths] : cases) {
     engine.DebugWindow.Clear();
     host.tenthSleeps = 0;
-    Wait_Command(engine, true, c.seconds);
-    EXPECT_EQ(engine.DebugWindow.Items(),
-              std::vector<std::string>{"Total Elapsed Time:  " + std::string(c.total) + "."});
-    EXPECT_EQ(host.tenthSleeps, c.tenths) << c.seconds;
+    Wait_Command(engine, true, seconds);
+    EXPECT_EQ(engine.DebugWindow.Items(), std::vector<std::string>{"Total Elapsed Time:  " + std::string(total) + "."});
+    EXPECT_EQ(host.tenthSleeps, tenths) << seconds;
   }
 }
 
