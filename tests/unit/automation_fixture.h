@@ -9,7 +9,7 @@
 
 namespace velmora::testing {
 
-class AutomationTest : public EngineTest {
+class AutomationTest : public InteractiveTest {
  protected:
   SimDesktop desktop{host};
   Automation automation{engine, desktop};
@@ -17,8 +17,6 @@ class AutomationTest : public EngineTest {
   void SetUp() override {
     engine.desktop = &desktop;
     engine.automation = &automation;
-    engine.state.InteractiveSession = true;
-    engine.state.DebugOn = true;
   }
 
   // Parses a script line as the interpreter would.

@@ -30,8 +30,7 @@ TEST_F(EngineTest, EveryOperationReportsItsFailureWithTheSystemText) {
       {23, 9, "x", "", "Unable to print a line of text -> Bad file name or number", 52},
       {24, 9, "x", "", "Unable to write a line of text -> Bad file name or number", 52},
       {29, 0, "", "", "Unable to Close file -> Device I/O error", 57},  // a file that opens but cannot close
-      {30, 1, "missing.exe /q", "", "Unable to execute program:  missing.exe /q -> File not found", 53},
-  };
+      {30, 1, "missing.exe /q", "", "Unable to execute program:  missing.exe /q -> File not found", 53}};
   host.unopenable = {"D:\\nope", "locked.txt"};
   host.unclosable = {"stuck.txt"};
   host.unstartable = {"missing.exe /q"};
@@ -53,8 +52,7 @@ TEST_F(EngineTest, EveryOperationReportsItsFailureWithTheSystemText) {
 TEST_F(EngineTest, OperationsReachTheHostAndFilesRoundTripLines) {
   host.files = {{"in.txt", "one\r\ntwo\nthree\rfour"}, {"a.txt", "x"}};
   FileNumber in = 0, out = 0, style = static_cast<FileNumber>(WindowStyle::NormalFocus);
-  std::string name = "in.txt", outName = "out.txt", a = "a.txt", b = "b.txt", c = "c.txt", dir = "C:\\Temp",
-              drive = "D", program = "setup.exe /s";
+  std::string name = "in.txt", outName = "out.txt", program = "setup.exe /s";
   Careful_IO(engine, false, 20, in, name, "", kLocation, kGoOn);
   Careful_IO(engine, false, 21, out, outName, "", kLocation, kGoOn);
   EXPECT_EQ(in, 1);  // the lowest free numbers
@@ -72,11 +70,12 @@ TEST_F(EngineTest, OperationsReachTheHostAndFilesRoundTripLines) {
   Careful_IO(engine, false, 20, again, name, "", kLocation, kGoOn);
   EXPECT_EQ(again, 1);  // the closed number is free again
 
-  Careful_IO(engine, true, 2, style, a, "b.txt", kLocation, kGoOn);
-  Careful_IO(engine, true, 0, style, b, "c.txt", kLocation, kGoOn);
-  Careful_IO(engine, true, 1, style, c, "", kLocation, kGoOn);
-  Careful_IO(engine, true, 10, style, dir, "", kLocation, kGoOn);
-  Careful_IO(engine, true, 11, style, drive, "", kLocation, kGoOn);
+  const std::tuple<int, const char*, const char*> operations[] = {
+      {2, "a.txt", "b.txt"}, {0, "b.txt", "c.txt"}, {1, "c.txt", ""}, {10, "C:\\Temp", ""}, {11, "D", ""}};
+  for (auto [operation, first, second] : operations) {
+    std::string text = first;
+    Careful_IO(engine, true, operation, style, text, second, kLocation, kGoOn);
+  }
   EXPECT_GT(Careful_IO(engine, true, 30, style, program, "", kLocation, kGoOn), 0);
   EXPECT_EQ(host.operations, (std::vector<std::string>{"copy a.txt b.txt", "rename b.txt c.txt", "delete c.txt",
                                                        "chdir C:\\Temp", "chdrive D"}));
@@ -84,7 +83,7 @@ TEST_F(EngineTest, OperationsReachTheHostAndFilesRoundTripLines) {
   EXPECT_EQ(engine.DebugWindow.Count(), 0u);
 }
 
-TEST_F(EngineTest, UnknownOperationCodesDoNothing) {
+TEST_F(EngineTest, UnknownOperationCodesDoNothingAndAnUnexpectedErrorInsideIsFatalAtItsOwnLocation) {
   host.throwFromFileOperations = true;
   for (int code : {-1, 3, 9, 12, 19, 25, 28, 31, 99, 1000}) {
     FileNumber number = 4;
@@ -94,11 +93,8 @@ TEST_F(EngineTest, UnknownOperationCodesDoNothing) {
   }
   EXPECT_TRUE(host.operations.empty());
   EXPECT_EQ(engine.DebugWindow.Count(), 0u);
-}
 
-TEST_F(EngineTest, AnUnexpectedErrorInsideIsFatalAtItsOwnLocation) {
-  host.throwFromFileOperations = true;
-  FileNumber number = 0;
+  FileNumber number = 0;  // an operation that reaches the host throws something unforeseen
   std::string first = "a.txt";
   Careful_IO(engine, true, 2, number, first, "b.txt", kLocation, kGoOn);
   EXPECT_EQ(engine.DebugWindow.Items(),

@@ -46,26 +46,21 @@ TEST_F(EditorFilesTest, AFreshStartAsksForTheScriptThenTheDebugFileAndLoadsThePa
   EXPECT_EQ(Log("C:\\s\\old.vld")[2], "Info: Script File Open:  C:\\s\\old.vls");
 }
 
-TEST_F(EditorFilesTest, ANewEmptyScriptGetsALineToInsertBeforeBelowTheHeading) {
-  Start_With("C:\\s\\new.vls", "C:\\s\\new.vld");
-  EXPECT_EQ(engine.TraceWindow.Items(), (std::vector<std::string>{Trace_Header_Line(), ""}));
-  EXPECT_EQ(engine.TraceWindow.Selected(), 1);
-  EXPECT_TRUE(host.files.count("C:\\s\\new.vls"));  // created empty
-}
-
-TEST_F(EditorFilesTest, CancelledDialogsChangeNothing) {
+TEST_F(EditorFilesTest, CancelledDialogsChangeNothingAndANewScriptGetsALineToInsertBefore) {
   form.Form_Load_Interactive();
   dialogs.replies = {std::nullopt};
   form.OpenScriptButton_Click();
   EXPECT_EQ(dialogs.requests.size(), 1u);  // no debug prompt after a cancel
   EXPECT_EQ(engine.editor.ScriptFileName, "");
 
-  Start_With("C:\\s\\a.vls", "C:\\s\\a.vld");
+  Start_With("C:\\s\\a.vls", "C:\\s\\a.vld");  // a new script, created empty
+  EXPECT_EQ(engine.TraceWindow.Items(), (std::vector<std::string>{Trace_Header_Line(), ""}));
+  EXPECT_EQ(engine.TraceWindow.Selected(), 1);
   form.ScriptChanged = true;
   dialogs.replies = {std::nullopt};
   form.SaveScriptButton_Click();
   EXPECT_TRUE(form.ScriptChanged);
-  EXPECT_EQ(host.files["C:\\s\\a.vls"], "");
+  EXPECT_EQ(host.files.at("C:\\s\\a.vls"), "");
 }
 
 TEST_F(EditorFilesTest, SavingDropsBreakpointMarksAndLogsTheSave) {
@@ -129,8 +124,7 @@ TEST_F(EditorFilesTest, ResizeKeepsTheMinimumAndLetsTheListsFollow) {
       {WindowState::Normal, 12000, 10000, 19200, 14400, 12000, 10000},
       {WindowState::Normal, 5000, 6000, 19200, 14400, 8295, 8595},
       {WindowState::Maximized, 8000, 8000, 8000, 8000, 8000, 8000},  // a screen too small: left alone
-      {WindowState::Maximized, 8000, 8000, 8295, 8595, 8295, 8595},
-  };
+      {WindowState::Maximized, 8000, 8000, 8295, 8595, 8295, 8595}};
   for (const ResizeRow& row : rows) {
     window.state = row.state;
     window.placement = {0, 0, row.width, row.height};
@@ -156,9 +150,7 @@ struct ClosingRow {
   WindowState state;
   long top, left;
   const char* storedTop;  // before closing
-  const char* wantTop;
-  const char* wantLeft;
-  const char* wantState;
+  const char *wantTop, *wantLeft, *wantState;
 };
 
 TEST_F(EditorFilesTest, ClosingStoresPlacementWithTheOnScreenRules) {
@@ -167,8 +159,7 @@ TEST_F(EditorFilesTest, ClosingStoresPlacementWithTheOnScreenRules) {
       {WindowState::Normal, -60, 19200, "9", "0", "0", "0"},  // above, and right of the screen
       {WindowState::Maximized, -60, -60, "9", "0", "0", "2"},
       {WindowState::Minimized, -480000, -480000, "9", "9", "<none>", "0"},  // off-screen values kept
-      {WindowState::Minimized, 120, 240, "9", "120", "240", "0"},
-  };
+      {WindowState::Minimized, 120, 240, "9", "120", "240", "0"}};
   for (const ClosingRow& row : rows) {
     settings.DeleteSetting("Editor", "Left");
     settings.SaveSetting("Editor", "Top", row.storedTop);
@@ -200,10 +191,11 @@ TEST_F(EditorFilesTest, ClosingLogsTheShutDownThenAsksToSaveThenClosesAndStoresT
 TEST_F(EditorFilesTest, ASecondStartRestoresPlacementAndLoadsTheRememberedFilesWithoutAsking) {
   host.files["C:\\s\\a.vls"] = "Quit\r\n";
   host.files["C:\\s\\a.vld"] = "";
-  for (auto [key, value] : {std::pair{"Top", "120"}, {"Left", "240"}, {"Height", "8700"}, {"Width", "damaged"},
-                            {"WindowState", "2"}, {"Script File", "\"C:\\s\\a.vls\""},
-                            {"Debug File", "\"C:\\s\\a.vld\""}})
-    settings.SaveSetting("Editor", key, value);
+  const std::pair<const char*, const char*> stored[] = {
+      {"Top", "120"}, {"Left", "240"}, {"Height", "8700"}, {"Width", "damaged"}, {"WindowState", "2"}};
+  for (auto [key, value] : stored) settings.SaveSetting("Editor", key, value);
+  settings.SaveSetting("Editor", "Script File", "\"C:\\s\\a.vls\"");
+  settings.SaveSetting("Editor", "Debug File", "\"C:\\s\\a.vld\"");
   form.Form_Load_Interactive();
   EXPECT_EQ(window.state, WindowState::Maximized);
   EXPECT_EQ(window.placement, (TwipsRect{240, 120, 9600, 8700}));  // a damaged width keeps the designed one

@@ -2,43 +2,20 @@
 #include <sstream>
 
 #include "command_codes.h"
-#include "editor_form.h"
-#include "engine_fixture.h"
-#include "reg_settings.h"
+#include "editor_fixture.h"
 
 namespace velmora::testing {
 namespace {
 
 using C = ControlId;
 
-struct NoWindow : FormWindow {
-  TwipsRect Placement() override { return {}; }
-  void SetPlacement(const TwipsRect&) override {}
-  WindowState State() override { return WindowState::Normal; }
-  void SetState(WindowState) override {}
-  long ScreenWidth() override { return 0; }
-  long ScreenHeight() override { return 0; }
-  void BringFocusToForeground() override {}
-  void Close() override {}
-};
-struct NoDialogs : FileDialogs {
-  std::optional<std::string> Show(const FileDialogRequest&) override { return std::nullopt; }
-};
-
 const std::vector<std::pair<std::string, C>> kOptions = {
     {"on", DebugState(0)}, {"off", DebugState(1)}, {"L", MouseButton(0)},  {"M", MouseButton(1)},
     {"R", MouseButton(2)}, {"N", MouseButton(3)},  {"dbl", C::DoubleClick}};
 
-class EditorPanelTest : public EngineTest {
+class EditorPanelTest : public EditorTest {
  protected:
-  FormControls controls;
-  NoWindow window;
-  NoDialogs dialogs;
-  CRegSettings settings{registry};
-  EditorForm form{engine, controls, window, dialogs, settings};
-
   void SetUp() override {
-    engine.state.InteractiveSession = true;
     form.Load_Commands(1);
     Script({""}, 0);
   }
@@ -72,6 +49,8 @@ constexpr char kNA[] = "Not Applicable";
 const char* const kFrames[] = {"Automation Commands", "Script Flow Control Commands"};
 const FontSpec kConditionFonts[] = {
     {"MS Sans Serif", 10, true}, {"MS Sans Serif", 8, false}, {"MS Sans Serif", 8, true}};
+constexpr char kNone[] = "No Parameters Accepted!";
+constexpr char kLogical[] = "Logical Conditions: 'succeeded' or 'failed'";
 constexpr char kConditions[] =
     "Succeeded if PRECEEDING RunProgram, FoundWindow, SendKeys or TestEnvironmentVariable succeeded.";
 
@@ -81,10 +60,7 @@ TEST_F(EditorPanelTest, EachEntryPreparesThePanelForItsCommand) {
     long position;
     const char* entry;
     int code;
-    const char* label;
-    const char* labelTip;
-    const char* timeLabel;
-    const char* live;
+    const char *label, *labelTip, *timeLabel, *live;
     C extra;
     const char* extraText;
   };
@@ -100,28 +76,24 @@ TEST_F(EditorPanelTest, EachEntryPreparesThePanelForItsCommand) {
        C::CommandLine, ""},
       {1, 3, "Send Mouse Click(s) to a Window", 17, "Mouse Buttons", "Select a mouse button.", kNA, "L M R dbl ins",
        C::MouseLabel, "L      M      R"},
-      {1, 4, "Wait...", 8, kNA, "No Parameters Accepted!", "Wait Time - Minutes   : Seconds", "min sec ins", C::Minutes,
-       "1"},
-      {1, 5, "Insert a Blank Line", 0, kNA, "No Parameters Accepted!", kNA, "ins", C::CommandLine, ""},
+      {1, 4, "Wait...", 8, kNA, kNone, "Wait Time - Minutes   : Seconds", "min sec ins", C::Minutes, "1"},
+      {1, 5, "Insert a Blank Line", 0, kNA, kNone, kNA, "ins", C::CommandLine, ""},
       {1, 6, "Add a Comment", 9, "Comment Text", "Comments are ignored by Velmora", kNA, "cmd ", C::CommandLine, ""},
       {1, 8, "Use Mouse", 7, "Mouse Buttons", "Select a mouse button.  'N' means None",
        "Mouse Location:    X                   Y", "min L M R N dbl ins", C::MouseLabel, "L      M      R      N   "},
       {1, 9, "Set Debug Information State", 10, "Debug Options: 'on' or 'off'",
        "Specify that you wish more Debug information", kNA, "on off ins", DebugState(1), "Debug: off"},
-      {2, 1, "Test Environment Variable", 16, kNA, "No Parameters Accepted!", "Environment Variable  = This Text",
-       "min sec ", C::Minutes, ""},
-      {2, 2, "If <succeeded|failed>", 4, "Logical Conditions: 'succeeded' or 'failed'", kConditions, kNA, "on off ins",
-       DebugState(0), "If:  succeeded"},
-      {2, 3, "Else", 12, kNA, "No Parameters Accepted!", kNA, "ins", C::CommandLine, ""},
-      {2, 4, "EndIf", 13, kNA, "No Parameters Accepted!", kNA, "ins", C::CommandLine, ""},
-      {2, 5, "While <succeeded|failed> Loop", 5, "Logical Conditions: 'succeeded' or 'failed'", kConditions, kNA,
-       "on off ins", DebugState(1), ": failed"},
-      {2, 6, "EndWhile", 14, kNA, "No Parameters Accepted!", kNA, "ins", C::CommandLine, ""},
-      {2, 7, "Repeat", 15, kNA, "No Parameters Accepted!", kNA, "ins", C::CommandLine, ""},
-      {2, 8, "Until <succeeded|failed>", 6, "Logical Conditions: 'succeeded' or 'failed'", kConditions, kNA,
-       "on off ins", DebugState(0), "Until: succeeded"},
-      {2, 9, "Quit Script!", 11, kNA, "No Parameters Accepted!", kNA, "ins", C::CommandLine, ""},
-  };
+      {2, 1, "Test Environment Variable", 16, kNA, kNone, "Environment Variable  = This Text", "min sec ", C::Minutes,
+       ""},
+      {2, 2, "If <succeeded|failed>", 4, kLogical, kConditions, kNA, "on off ins", DebugState(0), "If:  succeeded"},
+      {2, 3, "Else", 12, kNA, kNone, kNA, "ins", C::CommandLine, ""},
+      {2, 4, "EndIf", 13, kNA, kNone, kNA, "ins", C::CommandLine, ""},
+      {2, 5, "While <succeeded|failed> Loop", 5, kLogical, kConditions, kNA, "on off ins", DebugState(1), ": failed"},
+      {2, 6, "EndWhile", 14, kNA, kNone, kNA, "ins", C::CommandLine, ""},
+      {2, 7, "Repeat", 15, kNA, kNone, kNA, "ins", C::CommandLine, ""},
+      {2, 8, "Until <succeeded|failed>", 6, kLogical, kConditions, kNA, "on off ins", DebugState(0),
+       "Until: succeeded"},
+      {2, 9, "Quit Script!", 11, kNA, kNone, kNA, "ins", C::CommandLine, ""}};
   for (const Row& row : rows) {
     SCOPED_TRACE(row.entry);
     Choose(row.catalogue, row.position);
@@ -160,38 +132,32 @@ TEST_F(EditorPanelTest, ThePanelComposesEachLineAndReadsItBack) {
   struct Row {
     int catalogue;
     long position;
-    const char* command;
-    const char* minutes;
-    const char* seconds;
-    const char* options;
-    const char* line;
+    const char *command, *minutes, *seconds, *options, *line;
   };
-  const Row rows[] = {
-      {1, 0, " C:\\SETUP.EXE /Q ", "", "", "", "Run:  \"C:\\SETUP.EXE /Q\""},
-      {1, 1, "1, \"Setup\", \"#32770\", 0, 0.5, 0.5", "1", " 05", "",
-       "FindWindow:  1, \"Setup\", \"#32770\", 0, 0.5, 0.5, 1.05"},
-      {1, 2, "{TAB}~", "", "", "", "SendKeys:  \"{TAB}~\""},
-      {1, 3, "", "", "", "R dbl", "SendButtons: dr"},
-      {1, 3, "", "", "", "", "SendButtons: sl"},
-      {1, 4, "", "", "5", "", "Wait:  .5"},
-      {1, 4, "", "1", "30", "", "Wait:  1.30"},
-      {1, 5, "", "", "", "", ""},
-      {1, 6, " note ", "", "", "", "# note"},
-      {1, 6, "#x", "", "", "", "#x"},
-      {1, 8, "", "400", "300", "M", "UseMouse: sm, 400, 300"},
-      {1, 8, "", "10", "20", "N dbl", "UseMouse: nc, 10, 20"},
-      {1, 9, "", "", "", "off", "Debug: off"},
-      {1, 9, "", "", "", "", "Debug: on"},
-      {2, 1, "", "WINDIR", "C:\\WINDOWS", "", "Test:  \"`WINDIR`\" = \"C:\\WINDOWS\""},
-      {2, 2, "", "", "", "", "If:  succeeded"},
-      {2, 5, "", "", "", "off", "While:  failed"},
-      {2, 8, "", "", "", "", "Until:  succeeded"},
-      {2, 3, "", "", "", "", "Else"},
-      {2, 4, "", "", "", "", "EndIf"},
-      {2, 6, "", "", "", "", "EndWhile"},
-      {2, 7, "", "", "", "", "Repeat"},
-      {2, 9, "", "", "", "", "Quit"},
-  };
+  const Row rows[] = {{1, 0, " C:\\SETUP.EXE /Q ", "", "", "", "Run:  \"C:\\SETUP.EXE /Q\""},
+                      {1, 1, "1, \"Setup\", \"#32770\", 0, 0.5, 0.5", "1", " 05", "",
+                       "FindWindow:  1, \"Setup\", \"#32770\", 0, 0.5, 0.5, 1.05"},
+                      {1, 2, "{TAB}~", "", "", "", "SendKeys:  \"{TAB}~\""},
+                      {1, 3, "", "", "", "R dbl", "SendButtons: dr"},
+                      {1, 3, "", "", "", "", "SendButtons: sl"},
+                      {1, 4, "", "", "5", "", "Wait:  .5"},
+                      {1, 4, "", "1", "30", "", "Wait:  1.30"},
+                      {1, 5, "", "", "", "", ""},
+                      {1, 6, " note ", "", "", "", "# note"},
+                      {1, 6, "#x", "", "", "", "#x"},
+                      {1, 8, "", "400", "300", "M", "UseMouse: sm, 400, 300"},
+                      {1, 8, "", "10", "20", "N dbl", "UseMouse: nc, 10, 20"},
+                      {1, 9, "", "", "", "off", "Debug: off"},
+                      {1, 9, "", "", "", "", "Debug: on"},
+                      {2, 1, "", "WINDIR", "C:\\WINDOWS", "", "Test:  \"`WINDIR`\" = \"C:\\WINDOWS\""},
+                      {2, 2, "", "", "", "", "If:  succeeded"},
+                      {2, 5, "", "", "", "off", "While:  failed"},
+                      {2, 8, "", "", "", "", "Until:  succeeded"},
+                      {2, 3, "", "", "", "", "Else"},
+                      {2, 4, "", "", "", "", "EndIf"},
+                      {2, 6, "", "", "", "", "EndWhile"},
+                      {2, 7, "", "", "", "", "Repeat"},
+                      {2, 9, "", "", "", "", "Quit"}};
   for (const Row& row : rows) {
     SCOPED_TRACE(row.line);
     Script({""}, 0);
@@ -270,20 +236,18 @@ TEST_F(EditorPanelTest, TimeFieldsTakeNumbersOnly) {
     long caretAfter;
     bool insert;
   };
-  const Row rows[] = {
-      {1, 4, C::Minutes, "", "0", 1, "", 0, false},
-      {1, 4, C::Seconds, "", "0", 1, "", 0, false},
-      {1, 4, C::Minutes, "", "10", 2, "10", 2, true},
-      {1, 4, C::Minutes, "", "1a", 2, "1", 1, true},
-      {1, 4, C::Minutes, "", "a1", 1, "1", 0, true},
-      {1, 4, C::Seconds, "0", "123456", 3, "12456", 2, true},
-      {1, 4, C::Seconds, "", "12345", 5, "12345", 5, true},
-      {2, 1, C::Minutes, "", "0x", 2, "0x", 2, true},
-      {2, 1, C::Minutes, "", " ", 1, " ", 1, false},
-      {1, 0, C::CommandLine, "", "x", 1, "x", 1, true},
-      {1, 0, C::CommandLine, "", "  ", 1, "  ", 1, false},
-      {1, 1, C::CommandLine, "30", "1, \"a\"", 1, "1, \"a\"", 1, true},
-  };
+  const Row rows[] = {{1, 4, C::Minutes, "", "0", 1, "", 0, false},
+                      {1, 4, C::Seconds, "", "0", 1, "", 0, false},
+                      {1, 4, C::Minutes, "", "10", 2, "10", 2, true},
+                      {1, 4, C::Minutes, "", "1a", 2, "1", 1, true},
+                      {1, 4, C::Minutes, "", "a1", 1, "1", 0, true},
+                      {1, 4, C::Seconds, "0", "123456", 3, "12456", 2, true},
+                      {1, 4, C::Seconds, "", "12345", 5, "12345", 5, true},
+                      {2, 1, C::Minutes, "", "0x", 2, "0x", 2, true},
+                      {2, 1, C::Minutes, "", " ", 1, " ", 1, false},
+                      {1, 0, C::CommandLine, "", "x", 1, "x", 1, true},
+                      {1, 0, C::CommandLine, "", "  ", 1, "  ", 1, false},
+                      {1, 1, C::CommandLine, "30", "1, \"a\"", 1, "1, \"a\"", 1, true}};
   for (const Row& row : rows) {
     SCOPED_TRACE(row.typed);
     Choose(row.catalogue, row.position);

@@ -12,28 +12,24 @@
 
 namespace velmora::testing {
 
-// Records what the engine asked of the editor's window.
+// Records what the engine asked of the editor's window: 7 pixels a character,
+// lists 300 pixels wide, and only Courier New of the fonts asked for installed.
 class FakeSurface : public EditorSurface {
  public:
-  long charWidth = 7;
-  long debugWidth = 300;
   std::vector<long> extents;
   int debugFrameEnabled = 0;
   std::vector<std::string> fonts;
-  std::string installedFonts = "|Courier New|";
 
-  long MeasureDebugText(const std::string& text) override { return static_cast<long>(text.size()) * charWidth; }
-  long DebugWindowWidth() override { return debugWidth; }
+  long MeasureDebugText(const std::string& text) override { return static_cast<long>(text.size()) * 7; }
+  long DebugWindowWidth() override { return 300; }
   void SetDebugHorizontalExtent(long pixels) override { extents.push_back(pixels); }
   void EnableDebugFrame() override { ++debugFrameEnabled; }
-  long traceWidth = 300;
-  std::vector<long> traceExtents;
-  long MeasureTraceText(const std::string& text) override { return static_cast<long>(text.size()) * charWidth; }
-  long TraceWindowWidth() override { return traceWidth; }
-  void SetTraceHorizontalExtent(long pixels) override { traceExtents.push_back(pixels); }
+  long MeasureTraceText(const std::string& text) override { return static_cast<long>(text.size()) * 7; }
+  long TraceWindowWidth() override { return 300; }
+  void SetTraceHorizontalExtent(long) override {}
   std::string SetTraceFont(const std::string& name) override {
     fonts.push_back(name);
-    return installedFonts.find("|" + name + "|") != std::string::npos ? name : "System";
+    return name == "Courier New" ? name : "System";
   }
 };
 
@@ -55,6 +51,12 @@ class EngineTest : public ::testing::Test {
   }
 
   std::vector<std::string> Log(const std::string& path = "a.vld") const { return host.Lines(path); }
+};
+
+// An interactive engine with debug output on, as the editor runs it.
+class InteractiveTest : public EngineTest {
+ protected:
+  InteractiveTest() { engine.state.InteractiveSession = engine.state.DebugOn = true; }
 };
 
 // The framed block of an error report, line by line.

@@ -6,24 +6,19 @@
 namespace velmora::testing {
 namespace {
 
-class EnvironmentTest : public EngineTest {
+using Lines = std::vector<std::string>;
+
+class EnvironmentTest : public InteractiveTest {
  protected:
   void SetUp() override {
-    engine.state.InteractiveSession = true;
-    engine.state.DebugOn = true;
     host.environment = {{"A", "1"},   {"B", "two"},        {"C", "3"}, {"WINDIR", "C:\\WINDOWS"},
                         {"Q", "`A`"}, {"OS", "Windows_NT"}};
   }
 };
 
-struct ExpansionCase {
-  const char* text;
-  const char* expanded;
-  const char* countLine;  // nullptr: nothing logged
-};
-
 TEST_F(EnvironmentTest, ExpandsReferencesAndLogsTheConversion) {
-  const ExpansionCase cases[] = {
+  // The text, what it expands to, and the count line (nullptr: nothing logged).
+  const std::tuple<const char*, const char*, const char*> cases[] = {
       {"plain text", "plain text", nullptr},
       {"a``b", "a`b", nullptr},
       {"``", "`", nullptr},
@@ -38,29 +33,21 @@ TEST_F(EnvironmentTest, ExpandsReferencesAndLogsTheConversion) {
       {"x\nA\ny", "x1y", "One (1) Environment Variable Used.  Conversion follows:"},
       {"`A``B", "`A`B", nullptr},
       {"`A`-`B`", "1-two", "Two (2) Environment Variables Used.  Conversion follows:"},
-      {"`A` and `B` and `C`", "1 and two and 3", "Three (3) Environment Variables Used.  Conversion follows:"},
-  };
-  for (const ExpansionCase& c : cases) {
+      {"`A` and `B` and `C`", "1 and two and 3", "Three (3) Environment Variables Used.  Conversion follows:"}};
+  for (const auto& [text, expanded, countLine] : cases) {
     engine.DebugWindow.Clear();
-    EXPECT_EQ(Convert_EnvVars(engine, true, c.text), c.expanded) << c.text;
-    if (c.countLine) {
-      EXPECT_EQ(engine.DebugWindow.Items(), (std::vector<std::string>{c.countLine, std::string("     ") + c.text,
-                                                                      std::string(" --> ") + c.expanded}))
-          << c.text;
-    } else {
-      EXPECT_EQ(engine.DebugWindow.Count(), 0u) << c.text;
-    }
+    EXPECT_EQ(Convert_EnvVars(engine, true, text), expanded) << text;
+    const Lines logged = {countLine ? countLine : "", std::string("     ") + text, std::string(" --> ") + expanded};
+    EXPECT_EQ(engine.DebugWindow.Items(), countLine ? logged : Lines{}) << text;
   }
 }
 
 TEST_F(EnvironmentTest, CountWordsGoUpToNineteenThenDigitsAndMoreThan255ReferencesOverflow) {
-  const std::pair<int, const char*> cases[] = {
-      {12, "Twelve (12) Environment Variables Used.  Conversion follows:"},
-      {19, "Nineteen (19) Environment Variables Used.  Conversion follows:"},
-      {20, "20 Environment Variables Used.  Conversion follows:"},
-      {255, "255 Environment Variables Used.  Conversion follows:"},
-      {256, ""},
-  };
+  const std::pair<int, const char*> cases[] = {{12, "Twelve (12) Environment Variables Used.  Conversion follows:"},
+                                               {19, "Nineteen (19) Environment Variables Used.  Conversion follows:"},
+                                               {20, "20 Environment Variables Used.  Conversion follows:"},
+                                               {255, "255 Environment Variables Used.  Conversion follows:"},
+                                               {256, ""}};
   for (const auto& [count, line] : cases) {
     std::string text, expanded;
     for (int i = 0; i < count; ++i) text += "`A`,", expanded += "1,";

@@ -73,8 +73,7 @@ TEST(KeyNotationTest, WellFormedStringsGiveTheirKeyEvents) {
       {"+(a(b)^(c))+(^({TAB 0}))", Seq(Down(kShift), Type(U"ab"), Down(kCtrl), Type(U"c"), Up(kCtrl), Up(kShift))},
       // Bytes are Windows-1252: the 0x80 row maps, the rest is Latin-1.
       {"\x80\x8A\x92\x97\x9F\xA0\xE9\xFF", Type(U"\u20AC\u0160\u2019\u2014\u0178\u00A0\u00E9\u00FF")},
-      {"+{\xE9 2}", Seq(Down(kShift), Type(U"\u00E9\u00E9"), Up(kShift))},
-  };
+      {"+{\xE9 2}", Seq(Down(kShift), Type(U"\u00E9\u00E9"), Up(kShift))}};
   for (const auto& [keys, expected] : rows) {
     const KeyParseResult result = Parse_Key_String(keys);
     EXPECT_TRUE(result.ok) << '"' << keys << "\": " << result.error;
@@ -91,30 +90,28 @@ TEST(KeyNotationTest, MalformedStringsSayWhatAndWhereAndSendNothing) {
     std::string keys;
     std::size_t position;
     std::string fragment;
-  } rows[] = {
-      {"{ENTER", 1, "no closing '}'"},
-      {"ab{TAB 3", 3, "no closing '}'"},
-      {"{ENTER}}", 8, "no opening '{'"},
-      {"+(ab", 2, "no closing ')'"},
-      {"(a))", 4, "no opening '('"},
-      {"abc{Foo}", 4, "Unknown key name {Foo}"},
-      {"{F17}", 1, "Unknown key name"},
-      {"{ENTER{TAB}", 1, "Unknown key name"},
-      {"{TAB x}", 1, "Bad repeat count in {TAB x}"},
-      {"{TAB -1}", 1, "Bad repeat count"},
-      {"{TAB 10000}", 1, "from 0 to 9999"},
-      {"{TAB  3}", 1, "Bad repeat count"},
-      {"ab^", 3, "'^' at position 3 has no key after it"},
-      {"(+)", 2, "'+'"},
-      {"{}a}", 1, "Empty braces"},
-      {"a+()", 3, "Empty parentheses"},
-      {"a\x01", 2, "Control character 0x01"},
-      {"{\x7F}", 2, "Control character 0x7F"},
-      {"x\x81", 2, "Byte 0x81"},
-      {million + std::string(51, 'a'), 451, "Too many keys"},
-      {million + std::string(48, 'a') + "^+a", 451, "Too many keys"},
-      {million + "+{x 9999}", 402, "Too many keys"},
-  };
+  } rows[] = {{"{ENTER", 1, "no closing '}'"},
+              {"ab{TAB 3", 3, "no closing '}'"},
+              {"{ENTER}}", 8, "no opening '{'"},
+              {"+(ab", 2, "no closing ')'"},
+              {"(a))", 4, "no opening '('"},
+              {"abc{Foo}", 4, "Unknown key name {Foo}"},
+              {"{F17}", 1, "Unknown key name"},
+              {"{ENTER{TAB}", 1, "Unknown key name"},
+              {"{TAB x}", 1, "Bad repeat count in {TAB x}"},
+              {"{TAB -1}", 1, "Bad repeat count"},
+              {"{TAB 10000}", 1, "from 0 to 9999"},
+              {"{TAB  3}", 1, "Bad repeat count"},
+              {"ab^", 3, "'^' at position 3 has no key after it"},
+              {"(+)", 2, "'+'"},
+              {"{}a}", 1, "Empty braces"},
+              {"a+()", 3, "Empty parentheses"},
+              {"a\x01", 2, "Control character 0x01"},
+              {"{\x7F}", 2, "Control character 0x7F"},
+              {"x\x81", 2, "Byte 0x81"},
+              {million + std::string(51, 'a'), 451, "Too many keys"},
+              {million + std::string(48, 'a') + "^+a", 451, "Too many keys"},
+              {million + "+{x 9999}", 402, "Too many keys"}};
   for (const auto& [keys, position, fragment] : rows) {
     const std::string shown = keys.substr(0, 20);
     const KeyParseResult result = Parse_Key_String(keys);

@@ -1,5 +1,7 @@
 #include <gtest/gtest.h>
 
+#include <tuple>
+
 #include "automation_fixture.h"
 #include "screen_point.h"
 
@@ -27,11 +29,9 @@ TEST(ClickTest, CodesSelectButtonsAndTheUnitIsTheDoubleClickTimeOverOneAndAHalf)
                         {"sm", 600, {32, 64, false, 400}}, {"dr", 250, {8, 16, true, 167}},
                         {"nc", 501, {0, 0, false, 334}},   {"sc", 3, {0, 0, false, 2}}};
   for (const Case& c : cases) {
-    const Click click = Click_Of(c.code, c.doubleClickTime);
-    EXPECT_EQ(click.down, c.click.down) << c.code;
-    EXPECT_EQ(click.up, c.click.up) << c.code;
-    EXPECT_EQ(click.isDouble, c.click.isDouble) << c.code;
-    EXPECT_EQ(click.unitMs, c.click.unitMs) << c.code;
+    const Click k = Click_Of(c.code, c.doubleClickTime), want = c.click;
+    EXPECT_EQ(std::tie(k.down, k.up, k.isDouble, k.unitMs), std::tie(want.down, want.up, want.isDouble, want.unitMs))
+        << c.code;
   }
   EXPECT_THROW(Click_Of("sx", 500), std::exception);
   EXPECT_THROW(Click_Of("", 500), std::exception);
@@ -49,8 +49,7 @@ TEST(PixelAtTest, RoundsHalvesToEvenAndKeepsTheWholeCoordinateWithin16Bits) {
                         {{32700, 0, 32766, 10}, 1, 0, 32766, 0}};
   for (const Case& c : cases) {
     const ScreenPoint p = Pixel_At(c.rect, c.fx, c.fy);
-    EXPECT_EQ(p.x, c.x);
-    EXPECT_EQ(p.y, c.y);
+    EXPECT_EQ(std::pair(p.x, p.y), std::pair(c.x, c.y)) << c.fx << ", " << c.fy;
   }
   // The offset alone fits; the coordinate it makes does not.
   EXPECT_THROW(Pixel_At({32760, 0, 32800, 10}, 0.5, 0), std::exception);
@@ -63,16 +62,14 @@ TEST_F(AutomationTest, UseMouseMovesThenClicksWithPlainFlags) {
     std::vector<std::vector<long long>> timeline;
   };
   const long long move = 0xFFFF8001;
-  const Case cases[] = {
-      {"usemouse: sl, 400, 300", {{0, move, 400, 300}, {0, 2, 400, 300}, {999, 4, 400, 300}}},
-      {"usemouse: nc, 0, 0", {{0, move, 0, 0}, {0, 0, 0, 0}, {999, 0, 0, 0}}},
-      {"usemouse: dr, 65535, 65535",
-       {{0, move, 65535, 65535},
-        {0, 8, 65535, 65535},
-        {999, 16, 65535, 65535},
-        {1332, 8, 65535, 65535},
-        {2331, 16, 65535, 65535}}},
-  };
+  const Case cases[] = {{"usemouse: sl, 400, 300", {{0, move, 400, 300}, {0, 2, 400, 300}, {999, 4, 400, 300}}},
+                        {"usemouse: nc, 0, 0", {{0, move, 0, 0}, {0, 0, 0, 0}, {999, 0, 0, 0}}},
+                        {"usemouse: dr, 65535, 65535",
+                         {{0, move, 65535, 65535},
+                          {0, 8, 65535, 65535},
+                          {999, 16, 65535, 65535},
+                          {1332, 8, 65535, 65535},
+                          {2331, 16, 65535, 65535}}}};
   for (const Case& c : cases) {
     desktop.mouseEvents.clear();
     const long long before = host.clockMs;
@@ -151,8 +148,9 @@ TEST_F(SendButtonsTest, AFrozenProgramIsWaitedForOnlyWithinTheBound) {
     EXPECT_EQ(desktop.mouseEvents.size(), row.clicked ? 4u : 1u) << row.frozenForMs;
     // Brought forward only when another window is at the point and the program responds.
     EXPECT_EQ(desktop.foregroundCalls.size(), row.atThePoint && row.clicked ? 1u : 0u) << row.frozenForMs;
-    EXPECT_EQ(DebugLines().back(), row.clicked ? "Mouse X, Y:  22400, 31232"
-                                               : "Info: The window did not respond within 10 seconds; no click was sent.");
+    EXPECT_EQ(DebugLines().back(), row.clicked
+                                       ? "Mouse X, Y:  22400, 31232"
+                                       : "Info: The window did not respond within 10 seconds; no click was sent.");
     EXPECT_EQ(host.clockMs - start, row.elapsedMs) << row.frozenForMs;
   }
 }

@@ -11,12 +11,11 @@ const std::string kWhere = "Velmora.(General).Parse_Command.";
 const std::string kTrapWhere = kWhere + "TrappableErrors.1";
 const std::string kSyntax =
     "<##>, \"<WindowTitle>\", \"<WindowClass>\", <ChildID>, ..., <RelativeX>, <RelativeY>, <MM.SS>";
-const std::string kQuoteUsage = "Invalid Parameters:  Quote Expected.  " + kSyntax;
-const std::string kCommaUsage = "Invalid Parameters:  Comma Expected.  " + kSyntax;
-const std::string kQuotes = "Invalid Parameters:  Leading and/or Trailing quote missing.";
-const std::string kChildId = "Invalid Parameters:  ChildID must be a positive integer.";
-const std::string kCount = "Invalid Parameters:  Number of Windows to traverse should be a positive integer.";
-const std::string kMinutes = "Invalid Parameters:  Wait Time minutes specifed must be less then '99999'.";
+const std::string kQuoteUsage = "Quote Expected.  " + kSyntax;
+const std::string kCommaUsage = "Comma Expected.  " + kSyntax;
+const std::string kChildId = "ChildID must be a positive integer.";
+const std::string kCount = "Number of Windows to traverse should be a positive integer.";
+const std::string kMinutes = "Wait Time minutes specifed must be less then '99999'.";
 const std::string kOneWindow = "findwindow: 1, \"a\", \"b\", ";
 
 // Parses lines as the editor does, each with a fresh debug window.
@@ -37,32 +36,22 @@ class ParserTest : public EngineTest {
 };
 
 TEST_F(ParserTest, EveryParameterErrorIsOneFatalReportWithItsLocationAndDetail) {
-  struct Row {
-    std::string line, location, detail;
-  };
-  const Row rows[] = {
-      {"run: C:\\SETUP.EXE", "Run_Or_SendKeysErrors.1", kQuotes},
-      {"test: \"A\"=\"B\"", "TestEnvironmentVariablesErrors.2", "Invalid Parameters:  \" = \" separator missing."},
-      {"test: \"A\" = \"B\" = \"C\"", "TestEnvironmentVariablesErrors.2",
-       "Invalid Parameters:  Extra \" = \" separator(s) found."},
-      {"Until:   Maybe Later ", "LogicalConditionErrors.1", "Invalid Parameters:  Maybe Later"},
-      {"usemouse: sl, -1, 0", "UseMouseErrors.1", "Invalid Parameters:  Illegal characters found."},
-      {"usemouse: sl, 0, 65536", "UseMouseErrors.2", "Invalid Parameters:  Mouse Y Position may not exceed: 65535."},
-      {"usemouse: sl, 100000, 0", "UseMouseErrors.3",
-       "Invalid Parameters:  Mouse X Position must be an integer (0 <= X <= 65535)."},
-      {"usemouse: sl, 65536, 0", "UseMouseErrors.4", "Invalid Parameters:  Mouse X Position may not exceed: 65535."},
-      {"usemouse: sl 10, 20", "UseMouseErrors.6",
-       "Invalid Parameters:  Second Comma not found. Use:  <s|d|nc><l|m|r>, ##, ##."},
-      {"usemouse: s", "UseMouseErrors.7", "Invalid Parameters:  First Comma not found. Use:  <s|d|nc><l|m|r>, ##, ##."},
-      {"usemouse: sx, 1, 2", "UseMouseErrors.8",
-       "Invalid Parameters:  Mouse Button must be (l)eft, (m)iddle, (r)ight or no (c)lick."},
-      {"usemouse: xl, 1, 2", "UseMouseErrors.9",
-       "Invalid Parameters:  Type of Mouse Click must be (n)one, (s)ingle or (d)ouble.."},
-      {"sendbuttons: s-l", "SendButtonsErrors.1", "Invalid Parameters:  Illegal characters found."},
-      {"sendbuttons: sc", "SendButtonsErrors.2",
-       "Invalid Parameters:  Mouse Button must be (l)eft, (m)iddle, or (r)ight."},
-      {"sendbuttons: n", "SendButtonsErrors.3",
-       "Invalid Parameters:  Type of Mouse Click must be (s)ingle or (d)ouble.."},
+  const std::tuple<std::string, std::string, std::string> rows[] = {
+      {"run: C:\\SETUP.EXE", "Run_Or_SendKeysErrors.1", "Leading and/or Trailing quote missing."},
+      {"test: \"A\"=\"B\"", "TestEnvironmentVariablesErrors.2", "\" = \" separator missing."},
+      {"test: \"A\" = \"B\" = \"C\"", "TestEnvironmentVariablesErrors.2", "Extra \" = \" separator(s) found."},
+      {"Until:   Maybe Later ", "LogicalConditionErrors.1", "Maybe Later"},
+      {"usemouse: sl, -1, 0", "UseMouseErrors.1", "Illegal characters found."},
+      {"usemouse: sl, 0, 65536", "UseMouseErrors.2", "Mouse Y Position may not exceed: 65535."},
+      {"usemouse: sl, 100000, 0", "UseMouseErrors.3", "Mouse X Position must be an integer (0 <= X <= 65535)."},
+      {"usemouse: sl, 65536, 0", "UseMouseErrors.4", "Mouse X Position may not exceed: 65535."},
+      {"usemouse: sl 10, 20", "UseMouseErrors.6", "Second Comma not found. Use:  <s|d|nc><l|m|r>, ##, ##."},
+      {"usemouse: s", "UseMouseErrors.7", "First Comma not found. Use:  <s|d|nc><l|m|r>, ##, ##."},
+      {"usemouse: sx, 1, 2", "UseMouseErrors.8", "Mouse Button must be (l)eft, (m)iddle, (r)ight or no (c)lick."},
+      {"usemouse: xl, 1, 2", "UseMouseErrors.9", "Type of Mouse Click must be (n)one, (s)ingle or (d)ouble.."},
+      {"sendbuttons: s-l", "SendButtonsErrors.1", "Illegal characters found."},
+      {"sendbuttons: sc", "SendButtonsErrors.2", "Mouse Button must be (l)eft, (m)iddle, or (r)ight."},
+      {"sendbuttons: n", "SendButtonsErrors.3", "Type of Mouse Click must be (s)ingle or (d)ouble.."},
       {"findwindow: x, \"a\", \"b\", 0, 0, 0, 1.00", "FindWindowErrors.1", kCount},
       {"findwindow: 0, \"a\", \"b\", 0, 0, 0, 1.00", "FindWindowErrors.2", kCount},
       {"findwindow: 1, a\", \"b\", 0, 0, 0, 1.00", "FindWindowErrors.4", kQuoteUsage},
@@ -73,16 +62,14 @@ TEST_F(ParserTest, EveryParameterErrorIsOneFatalReportWithItsLocationAndDetail) 
       {kOneWindow + "-1, 0, 0, 1.00", "FindWindowErrors.8", kChildId},
       {"wait: 123456", "FindWindow_Or_WaitErrors.1", kMinutes},
       {"wait: 123456.30", "FindWindow_Or_WaitErrors.2", kMinutes},
-      {"wait: 1.123456", "FindWindow_Or_WaitErrors.3",
-       "Invalid Parameters:  Wait Time seconds specifed must be less then '99999'."},
-      {"wait: 1:30", "FindWindow_Or_WaitErrors.4", "Invalid Parameters:  Wait Time specifed is NOT numeric."},
-  };
-  for (const Row& row : rows) {
-    const ParsedCommand command = Parse(row.line);
-    EXPECT_TRUE(accepted) << row.line;
-    EXPECT_TRUE(command.ParseError) << row.line;
-    EXPECT_EQ(engine.DebugWindow.Items(), Fatal_Block(row.detail, -1, kWhere + row.location)) << row.line;
-    EXPECT_TRUE(engine.state.StopRunning) << row.line;
+      {"wait: 1.123456", "FindWindow_Or_WaitErrors.3", "Wait Time seconds specifed must be less then '99999'."},
+      {"wait: 1:30", "FindWindow_Or_WaitErrors.4", "Wait Time specifed is NOT numeric."}};
+  for (const auto& [line, location, detail] : rows) {
+    const ParsedCommand command = Parse(line);
+    EXPECT_TRUE(accepted) << line;
+    EXPECT_TRUE(command.ParseError) << line;
+    EXPECT_EQ(engine.DebugWindow.Items(), Fatal_Block("Invalid Parameters:  " + detail, -1, kWhere + location)) << line;
+    EXPECT_TRUE(engine.state.StopRunning) << line;
   }
 }
 
@@ -92,30 +79,28 @@ TEST_F(ParserTest, AcceptedLinesGiveTheirCodeWordAndParametersWithoutAnyReport) 
     CommandCode code;
     std::string word, parameters;
   };
-  const Row rows[] = {
-      {"run: \"C:\\SETUP\\SETUP.EXE /Q\"", kRunCommand, "|run|", "C:\\SETUP\\SETUP.EXE /Q"},
-      {"sendkeys: \"{TAB}{TAB}~\"", kSendKeysCommand, "|sendkeys|", "{TAB}{TAB}~"},
-      {"test: \"WINDIR\" = \"C:\\WINDOWS\"", kTestCommand, "|test|", "WINDIR\nC:\\WINDOWS"},
-      {"if: failed", kIfCommand, "|if|", "failed"},
-      {"If: Succeeded and more", kIfCommand, "|if|", "succeeded"},
-      {"while: SUCCEEDED", kWhileCommand, "|while|", "succeeded"},
-      {"usemouse: nc, 0, 0", kUseMouseCommand, "|usemouse|", "nc"},
-      {"UseMouse: SL, 65535, 65535", kUseMouseCommand, "|usemouse|", "sl"},
-      {"sendbuttons: DLxyz", kSendButtonsCommand, "|sendbuttons|", "dl"},
-      {"wait: 0.30", kWaitCommand, "|wait|", "0.30"},
-      {"debug: OFF", kDebugCommand, "|debug|", "off"},
-      {"quit", kQuitCommand, "|quit|", ""},
-      {"else: whatever", kElseCommand, "|else|", ""},
-      {"endif", kEndIfCommand, "|endif|", ""},
-      {"ENDIF: anything", kEndIfCommand, "|endif|", ""},
-      {" Repeat ", kRepeatCommand, "|repeat|", ""},
-      {"", kBlankLine, "", ""},
-      {"# run: x", kCommentLine, "", "run: x"},
-      {"  #x", kCommentLine, "", "x"},
-      {">>> quit", kQuitCommand, "|quit|", ""},  // the editor reads through the breakpoint mark
-      {"  >>>run: \"x\"", kRunCommand, "|run|", "x"},
-      {">>> # note", kCommentLine, "", "note"},
-  };
+  const Row rows[] = {{"run: \"C:\\SETUP\\SETUP.EXE /Q\"", kRunCommand, "|run|", "C:\\SETUP\\SETUP.EXE /Q"},
+                      {"sendkeys: \"{TAB}{TAB}~\"", kSendKeysCommand, "|sendkeys|", "{TAB}{TAB}~"},
+                      {"test: \"WINDIR\" = \"C:\\WINDOWS\"", kTestCommand, "|test|", "WINDIR\nC:\\WINDOWS"},
+                      {"if: failed", kIfCommand, "|if|", "failed"},
+                      {"If: Succeeded and more", kIfCommand, "|if|", "succeeded"},
+                      {"while: SUCCEEDED", kWhileCommand, "|while|", "succeeded"},
+                      {"usemouse: nc, 0, 0", kUseMouseCommand, "|usemouse|", "nc"},
+                      {"UseMouse: SL, 65535, 65535", kUseMouseCommand, "|usemouse|", "sl"},
+                      {"sendbuttons: DLxyz", kSendButtonsCommand, "|sendbuttons|", "dl"},
+                      {"wait: 0.30", kWaitCommand, "|wait|", "0.30"},
+                      {"debug: OFF", kDebugCommand, "|debug|", "off"},
+                      {"quit", kQuitCommand, "|quit|", ""},
+                      {"else: whatever", kElseCommand, "|else|", ""},
+                      {"endif", kEndIfCommand, "|endif|", ""},
+                      {"ENDIF: anything", kEndIfCommand, "|endif|", ""},
+                      {" Repeat ", kRepeatCommand, "|repeat|", ""},
+                      {"", kBlankLine, "", ""},
+                      {"# run: x", kCommentLine, "", "run: x"},
+                      {"  #x", kCommentLine, "", "x"},
+                      {">>> quit", kQuitCommand, "|quit|", ""},  // the editor reads through the breakpoint mark
+                      {"  >>>run: \"x\"", kRunCommand, "|run|", "x"},
+                      {">>> # note", kCommentLine, "", "note"}};
   for (const Row& row : rows) {
     const ParsedCommand command = Parse(row.line);
     EXPECT_TRUE(accepted) << row.line;
@@ -131,8 +116,7 @@ TEST_F(ParserTest, UnknownWordsAndMissingParametersGiveCode255AndAreLeftToTheCal
   const std::pair<const char*, const char*> rows[] = {
       {"jump: 5", "jump"},     {"  JUMP  ", "jump"},           {"run:", "|run|"},
       {"Wait :   ", "|wait|"}, {"findwindow", "|findwindow|"}, {"run sendkeys: \"x\"", "run sendkeys"},
-      {": run", ""},           {"\trun: \"x\"", "\trun"},      {">>> quit", ">>> quit"},
-  };
+      {": run", ""},           {"\trun: \"x\"", "\trun"},      {">>> quit", ">>> quit"}};
   for (const auto& [line, word] : rows) {
     // The breakpoint mark means nothing outside the editor.
     const ParsedCommand command = Parse(line, 1, kNoEditorLine, false);
@@ -146,45 +130,34 @@ TEST_F(ParserTest, UnknownWordsAndMissingParametersGiveCode255AndAreLeftToTheCal
 }
 
 TEST_F(ParserTest, TimesAreSecondsScaledOnlyWhenWrittenWithAFullStop) {
-  struct Row {
-    const char* time;
-    double speed;
-    std::int32_t seconds;
-  };
-  const Row rows[] = {
+  const std::tuple<const char*, double, std::int32_t> rows[] = {
       {"1.30", 1, 90},  {"1.30", 2, 180}, {"0.10", 1.5, 15}, {"2", 3, 120},         {"5.", 2, 300},
       {"0.05", 2, 10},  {"0.90", 1, 90},  {".30", 1, 30},    {"1.5", 1.5, 98},      {"0.05", 2.5, 12},
       {"0.03", 0.5, 2}, {"0.01", 0.5, 0}, {"0", 2, 0},       {"99999", 1, 5999940}, {"99999.99999", 1, 6099939},
-      {"+1.00", 1, 60}, {"3", 0.1, 180},
-  };
-  for (const Row& row : rows) {
-    const ParsedCommand wait = Parse(std::string("   WAIT :  ") + row.time + "  ", row.speed);
-    EXPECT_EQ(wait.CommandCode, kWaitCommand) << row.time;
-    EXPECT_EQ(wait.TimeOut, row.seconds) << "wait: " << row.time << " x" << row.speed;
-    const ParsedCommand find = Parse(kOneWindow + "0, 0, 0, " + row.time, row.speed);
-    EXPECT_EQ(find.TimeOut, row.seconds) << "findwindow: " << row.time << " x" << row.speed;
-    EXPECT_TRUE(engine.DebugWindow.Items().empty()) << row.time;
+      {"+1.00", 1, 60}, {"3", 0.1, 180}};
+  for (const auto& [time, speed, seconds] : rows) {
+    const ParsedCommand wait = Parse(std::string("   WAIT :  ") + time + "  ", speed);
+    EXPECT_EQ(wait.CommandCode, kWaitCommand) << time;
+    EXPECT_EQ(wait.TimeOut, seconds) << "wait: " << time << " x" << speed;
+    const ParsedCommand find = Parse(kOneWindow + "0, 0, 0, " + time, speed);
+    EXPECT_EQ(find.TimeOut, seconds) << "findwindow: " << time << " x" << speed;
+    EXPECT_TRUE(engine.DebugWindow.Items().empty()) << time;
   }
 }
 
 TEST_F(ParserTest, FindWindowParametersAreNormalisedLevelByLevel) {
-  struct Row {
-    std::string line, parameters;
-    std::int32_t seconds;
-  };
-  const Row rows[] = {
+  const std::tuple<std::string, std::string, std::int32_t> rows[] = {
       {"findwindow: 1, \"Setup\", \"#32770\", 0, 0.50, .25, 1.00", "1, \"Setup\", \"#32770\", 0, 0.5, 0.25, ", 60},
       {"findwindow: 2, \"Setup\", \"#32770\", 0, 0, 0, \"Next >\", \"Button\", 1, 0.5, 0.5, 0.30",
        "2, \"Setup\", \"#32770\", 0, 0, 0, \"Next >\", \"Button\", 1, 0.5, 0.5, ", 30},
       {"FindWindow:02 ,\"  Title \",\"\",+007,1,2,\"x\" , \"y\" , -0 , 3 , 4 , 2",
-       "2, \"  Title \", \"\", 7, 1, 2, \"x\", \"y\", 0, 3, 4, ", 120},
-  };
-  for (const Row& row : rows) {
-    const ParsedCommand command = Parse(row.line);
-    EXPECT_EQ(command.CommandCode, kFindWindowCommand) << row.line;
-    EXPECT_EQ(command.Parameters, row.parameters) << row.line;
-    EXPECT_EQ(command.TimeOut, row.seconds) << row.line;
-    EXPECT_FALSE(command.ParseError) << row.line;
+       "2, \"  Title \", \"\", 7, 1, 2, \"x\", \"y\", 0, 3, 4, ", 120}};
+  for (const auto& [line, parameters, seconds] : rows) {
+    const ParsedCommand command = Parse(line);
+    EXPECT_EQ(command.CommandCode, kFindWindowCommand) << line;
+    EXPECT_EQ(command.Parameters, parameters) << line;
+    EXPECT_EQ(command.TimeOut, seconds) << line;
+    EXPECT_FALSE(command.ParseError) << line;
   }
 }
 
@@ -197,13 +170,11 @@ TEST_F(ParserTest, MalformedLinesAreTrappedAndNotAccepted) {
     std::string error;
   };
   const std::string kCut = "Invalid procedure call or argument";
-  const Row rows[] = {
-      {"run: \"", 1, 5, kCut},
-      {kOneWindow + "0, 0, 0 1.00", 1, 5, kCut},
-      {kOneWindow + "0, 0", 1, 5, kCut},
-      {"findwindow: 256, \"a\", \"b\", 0, 0, 0, 1.00", 1, 6, "Overflow"},
-      {"wait: 99999.0", 1e6, 6, "Overflow"},
-  };
+  const Row rows[] = {{"run: \"", 1, 5, kCut},
+                      {kOneWindow + "0, 0, 0 1.00", 1, 5, kCut},
+                      {kOneWindow + "0, 0", 1, 5, kCut},
+                      {"findwindow: 256, \"a\", \"b\", 0, 0, 0, 1.00", 1, 6, "Overflow"},
+                      {"wait: 99999.0", 1e6, 6, "Overflow"}};
   for (const Row& row : rows) {
     const ParsedCommand command = Parse(row.line, row.speed);
     EXPECT_FALSE(accepted) << row.line;

@@ -12,13 +12,14 @@ class PreprocessorTest : public EngineTest {
  protected:
   // Runs the pass over the lines; the engine is interactive unless told
   // otherwise, so that a fatal report stops the run instead of the process.
-  void Preprocess(const Lines& lines, bool interactive = true) {
+  void Preprocess(const Lines& lines, bool interactive = true, long selected = -1) {
     engine.state.InteractiveSession = interactive;
     engine.state.DebugOn = true;
     engine.state.LastCommandSucceeded = true;
     engine.TraceWindow.Clear();
     engine.DebugWindow.Clear();
     for (const auto& line : lines) engine.TraceWindow.Add(line);
+    if (selected >= 0) engine.TraceWindow.Select(selected);
     Preprocess_Commands(engine, interactive, engine.state.DebugOn, true, engine.state.LastCommandSucceeded);
   }
   const Lines& Table() const { return engine.LogicalControls.Items(); }
@@ -26,24 +27,15 @@ class PreprocessorTest : public EngineTest {
 };
 
 TEST_F(PreprocessorTest, PairsBlocksIntoTableItems) {
-  struct Case {
-    Lines script;
-    Lines table;
-  };
-  const Case cases[] = {
-      {{"if: succeeded", "sendkeys: \"x\"", "endif"}, {"ix0;0,2"}},
-      {{"if: failed", "wait: 1", "else", "wait: 2", "endif"}, {"ie0;2,4"}},
-      {{"while: failed", "wait: 1", "endwhile"}, {"we0,2"}},
-      {{"repeat", "wait: 1", "until: succeeded"}, {"ru0,2"}},
+  const std::pair<Lines, Lines> cases[] = {
       {{"wait: 1", "while: succeeded", "if: failed", "wait: 1", "endif", "repeat", "until: failed", "endwhile",
         "if: failed", "wait: 1", "else", "while: failed", "endwhile", "endif"},
        {"we1,7", "ix2;0,4", "ru5,6", "ie8;10,13", "we11,12"}},
       {{"repeat", "repeat", "until: failed", "until: failed"}, {"ru0,3", "ru1,2"}},
-      {{"# just", "", "wait: 1"}, {}},
-  };
-  for (const Case& c : cases) {
-    Preprocess(c.script, false);
-    EXPECT_EQ(Table(), c.table) << c.script.front();
+      {{"# just", "", "wait: 1"}, {}}};
+  for (const auto& [script, table] : cases) {
+    Preprocess(script, false);
+    EXPECT_EQ(Table(), table) << script.front();
     EXPECT_FALSE(engine.state.StopRunning);
   }
 }
@@ -67,52 +59,31 @@ TEST_F(PreprocessorTest, UnknownWordIsReportedMarkedAndLeftOutOfBlocks) {
 }
 
 TEST_F(PreprocessorTest, StopsThePassAtTheFirstBlockError) {
-  struct Row {
-    Lines script;
-    std::string message, location;
-    long selected;
-  };
-  const Row rows[] = {
-      {{"repeat", "while: failed", "until: failed", "endwhile"},
-       "UNTIL on line 3 is on a different level then its matching REPEAT!",
-       "LogicalBlocksCrossError.1",
-       2},
-      {{"wait: 1", "until: failed"}, "UNTIL on line 2 has no matching REPEAT!", "NoMatchingRepeatError.1", 1},
-      {{"if: failed", "while: failed", "else"},
-       "ELSE on line 3 is on a different level then its matching IF!",
-       "LogicalBlocksCrossError.2",
-       2},
-      {{"else"}, "ELSE on line 1 has no matching IF!", "NoMatchingIfError.1", 0},
-      {{"if: failed", "else", "else", "endif"}, "ELSE on line 3 has no matching IF!", "NoMatchingIfError.1", 2},
-      {{"if: failed", "repeat", "endif"},
-       "ENDIF on line 3 is on a different level then its matching IF!",
-       "LogicalBlocksCrossError.3",
-       2},
-      {{"endif"}, "ENDIF on line 1 has no matching IF!", "NoMatchingIfError.2", 0},
+  const std::string kCross = " is on a different level then its matching ", kX = "LogicalBlocksCrossError.";
+  const std::tuple<Lines, long, std::string, std::string> rows[] = {
+      {{"repeat", "while: failed", "until: failed", "endwhile"}, 2, kX + "1", "UNTIL on line 3" + kCross + "REPEAT!"},
+      {{"wait: 1", "until: failed"}, 1, "NoMatchingRepeatError.1", "UNTIL on line 2 has no matching REPEAT!"},
+      {{"if: failed", "while: failed", "else"}, 2, kX + "2", "ELSE on line 3" + kCross + "IF!"},
+      {{"else"}, 0, "NoMatchingIfError.1", "ELSE on line 1 has no matching IF!"},
+      {{"if: failed", "else", "else", "endif"}, 2, "NoMatchingIfError.1", "ELSE on line 3 has no matching IF!"},
+      {{"if: failed", "repeat", "endif"}, 2, kX + "3", "ENDIF on line 3" + kCross + "IF!"},
+      {{"endif"}, 0, "NoMatchingIfError.2", "ENDIF on line 1 has no matching IF!"},
       // The else part stands at the level of its if, so inside another block
       // the endif of an if with an else is one level too shallow.
-      {{"while: failed", "if: failed", "else", "endif", "endwhile"},
-       "ENDIF on line 4 is on a different level then its matching IF!",
-       "LogicalBlocksCrossError.3",
-       3},
-      {{"while: failed", "if: succeeded", "endwhile", "endif"},
-       "ENDWHILE on line 3 is on a different level then its matching WHILE!",
-       "LogicalBlocksCrossError.4",
-       2},
-      {{"if: failed", "endif", "endwhile"}, "ENDWHILE on line 3 has no matching WHILE!", "NoMatchingWhileError.1", 2},
-      {{"test: \"a\" = \"a\"", "if: failed"}, "IF on line 2 has no matching ENDIF!", "NoMatchingEndIfError.1", 1},
+      {{"while: failed", "if: failed", "else", "endif", "endwhile"}, 3, kX + "3", "ENDIF on line 4" + kCross + "IF!"},
+      {{"while: failed", "if: succeeded", "endwhile", "endif"}, 2, kX + "4", "ENDWHILE on line 3" + kCross + "WHILE!"},
+      {{"if: failed", "endif", "endwhile"}, 2, "NoMatchingWhileError.1", "ENDWHILE on line 3 has no matching WHILE!"},
+      {{"test: \"a\" = \"a\"", "if: failed"}, 1, "NoMatchingEndIfError.1", "IF on line 2 has no matching ENDIF!"},
       {{"while: failed", "if: failed", "endif"},
-       "WHILE on line 1 has no matching ENDWHILE!",
+       0,
        "NoMatchingEndWhileError.1",
-       0},
-      {{"repeat", "while: failed"}, "REPEAT on line 1 has no matching UNTIL!", "NoMatchingUntilError.1", 0},
-  };
-  for (const Row& row : rows) {
-    Preprocess(row.script);
-    EXPECT_EQ(engine.DebugWindow.Items(),
-              Fatal_Block(row.message, -1, "Velmora.(General).Preprocess_Command." + row.location))
-        << row.message;
-    EXPECT_EQ(engine.TraceWindow.Selected(), row.selected) << row.message;
+       "WHILE on line 1 has no matching ENDWHILE!"},
+      {{"repeat", "while: failed"}, 0, "NoMatchingUntilError.1", "REPEAT on line 1 has no matching UNTIL!"}};
+  for (const auto& [script, selected, location, message] : rows) {
+    Preprocess(script);
+    EXPECT_EQ(engine.DebugWindow.Items(), Fatal_Block(message, -1, "Velmora.(General).Preprocess_Command." + location))
+        << message;
+    EXPECT_EQ(engine.TraceWindow.Selected(), selected) << message;
     EXPECT_TRUE(engine.state.StopRunning);
     EXPECT_FALSE(engine.state.LastCommandSucceeded);
     engine.state.StopRunning = false;
@@ -142,10 +113,7 @@ TEST_F(PreprocessorTest, BreakpointMarkStaysAndIsReadThroughOnlyInTheEditor) {
 }
 
 TEST_F(PreprocessorTest, TheSelectedLineStaysSelectedWhereverItMoves) {
-  engine.state.InteractiveSession = true;
-  for (const char* line : {"wait: 1", "if: failed", "wait: 2", "endif", "  wait: 3"}) engine.TraceWindow.Add(line);
-  engine.TraceWindow.Select(4);
-  Preprocess_Commands(engine, true, engine.state.DebugOn, true, engine.state.LastCommandSucceeded);
+  Preprocess({"wait: 1", "if: failed", "wait: 2", "endif", "  wait: 3"}, true, 4);
   EXPECT_EQ(engine.TraceWindow.Selected(), 6);  // two empty lines were set in before it
   EXPECT_EQ(engine.TraceWindow.Item(6), "wait: 3");
 }

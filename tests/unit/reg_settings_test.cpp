@@ -46,8 +46,7 @@ TEST_F(RegSettingsTest, DeletesValuesAndSectionsWithoutSubkeys) {
   const std::tuple<const char*, std::optional<std::string>, bool> rows[] = {
       {"A", std::nullopt, false},  // has the subkey B
       {"A\\B", "K", true},        {"A\\B", "k", false},       {"A\\B", std::nullopt, true},
-      {"A", std::nullopt, true},  {"A", std::nullopt, false}, {"Editor", "*", false},
-  };
+      {"A", std::nullopt, true},  {"A", std::nullopt, false}, {"Editor", "*", false}};
   for (const auto& [section, key, deleted] : rows) EXPECT_EQ(settings.DeleteSetting(section, key), deleted) << section;
   EXPECT_EQ(Get("A", "k"), "(default)");
   EXPECT_EQ(Get("Editor", "k"), "v");

@@ -1,7 +1,7 @@
 #include <gtest/gtest.h>
 
 #include "automation_fixture.h"
-#include "virtual_keys.h"
+#include "key_notation.h"
 
 namespace velmora::testing {
 namespace {
@@ -33,13 +33,7 @@ class SendKeysTest : public AutomationTest {
 TEST_F(SendKeysTest, FocusesTheTargetAndTypesTheKeys) {
   EXPECT_TRUE(Send("ab~"));
   EXPECT_EQ(DebugLines(), Identity());  // the ChildID line shows the class name's length
-  const std::vector<KeyInput> expected{{true, 0, U'a', false},
-                                       {true, 0, U'a', true},
-                                       {true, 0, U'b', false},
-                                       {true, 0, U'b', true},
-                                       {false, virtual_key::kReturn, 0, false},
-                                       {false, virtual_key::kReturn, 0, true}};
-  EXPECT_EQ(desktop.keys, expected);
+  EXPECT_EQ(desktop.keys, Parse_Key_String("ab~").inputs);
   // The pointer goes to the centre (halves to even) twice, each time with the focus.
   const ScreenPoint centre{210, 130};
   ASSERT_EQ(desktop.cursorMoves.size(), 2u);
@@ -50,15 +44,14 @@ TEST_F(SendKeysTest, FocusesTheTargetAndTypesTheKeys) {
   EXPECT_EQ(automation.Search().TargetChildID, 1001);
 }
 
-TEST_F(SendKeysTest, WaitsForTheWindowToBecomeEnabled) {
+TEST_F(SendKeysTest, WaitsForTheWindowToBecomeEnabledForTenPausesAtMost) {
   desktop.At(edit).enabledAt = host.clockMs + 1200;
   EXPECT_TRUE(Send("x"));
   EXPECT_EQ(host.tenthSleeps, 3 * 5 + 3);  // three half-second pauses, then 0.3 s
   EXPECT_EQ(desktop.keys.size(), 2u);
-}
 
-TEST_F(SendKeysTest, AWindowThatNeverTakesInputCostsTenPausesAndIsNotFatal) {
-  desktop.At(edit).enabledAt = SimDesktop::kNever;
+  desktop.keys.clear(), engine.DebugWindow.Clear(), host.tenthSleeps = 0;
+  desktop.At(edit).enabledAt = SimDesktop::kNever;  // ten pauses, then a report that is not fatal
   EXPECT_FALSE(Send("x"));
   EXPECT_EQ(host.tenthSleeps, 50);
   EXPECT_TRUE(desktop.keys.empty());
@@ -92,8 +85,7 @@ TEST_F(SendKeysTest, AFrozenProgramHoldsTheScriptUpOnlyWithinTheBound) {
   const Row rows[] = {
       {60000, false, false, "Info: The window did not respond within 10 seconds; no keys were sent.", 10 + 10000},
       {4000, true, true, "Info: The window did not finish processing the keys within 10 seconds.", 10 + 10000 + 285},
-      {4000, false, true, "  Window Handle :  " + std::to_string(edit), 4000 + 285},
-  };
+      {4000, false, true, "  Window Handle :  " + std::to_string(edit), 4000 + 285}};
   for (const Row& row : rows) {
     desktop.inputIdleTimesOut = row.idleTimesOut;
     const long long start = Start_Frozen(edit, row.frozenForMs);
@@ -110,7 +102,8 @@ TEST_F(SendKeysTest, AFrozenProgramHoldsTheScriptUpOnlyWithinTheBound) {
 TEST_F(AutomationTest, KeysOrButtonsWithoutATargetAreFatalAndLeaveTheFlag) {
   bool succeeded = true;
   automation.SendKeys_Command(engine, true, Parsed("sendkeys: \"x\""), succeeded);
-  Lines expected = Fatal_Block("No Window found to SendKeys_To", -1, "Velmora.(General).SendKeys_Command.Send_Keys_ToError.1");
+  Lines expected =
+      Fatal_Block("No Window found to SendKeys_To", -1, "Velmora.(General).SendKeys_Command.Send_Keys_ToError.1");
   automation.SendButtons_Command(engine, true, Parsed("sendbuttons: sl"), succeeded);
   for (const auto& line : Fatal_Block("No Window found to SendButtons_To", -1,
                                       "Velmora.(General).SendButtons_Command.Send_Buttons_ToError.1"))

@@ -57,26 +57,19 @@ TEST_F(AutomaticSessionTest, WritesTheHeaderRunsEveryCommandLineRegistersTheFile
 }
 
 TEST_F(AutomaticSessionTest, SpeedFactorLineAppearsOnlyForAUsableFactorOtherThanOne) {
-  const std::tuple<const char*, const char*, const char*> rows[] = {// value (nullptr: unset), separator, line
-                                                                    {"2.5", ",", "SPEED_FACTOR IN USE:  2,5"},
-                                                                    {" .5 ", ".", "SPEED_FACTOR IN USE:  0.5"},
-                                                                    {"-2", ".", nullptr},
-                                                                    {"1.0", ".", nullptr},
-                                                                    {nullptr, ".", nullptr}};
+  // The factor (nullptr: unset), the decimal separator, and the factor logged.
+  const std::tuple<const char*, const char*, const char*> rows[] = {
+      {"2.5", ",", "2,5"}, {" .5 ", ".", "0.5"}, {"-2", ".", nullptr}, {"1.0", ".", nullptr}, {nullptr, ".", nullptr}};
   for (const auto& [value, separator, line] : rows) {
-    SimHost rowHost;
-    Engine rowEngine(rowHost, registry);
-    rowHost.files["a.vls"] = "";
-    rowHost.decimalSeparator = separator;
-    if (value) rowHost.environment["SPEED_FACTOR"] = value;
-    rowHost.commandLine = "\"a.vls\" a.vld";
-    try {
-      Form_Load(rowEngine, runner);
-    } catch (const ProcessEnded&) {
-    }
+    host.files = {{"a.vls", ""}};
+    host.decimalSeparator = separator;
+    host.environment.clear();
+    if (value) host.environment["SPEED_FACTOR"] = value;
+    engine.state = RunState{};
+    Start("\"a.vls\" a.vld");
     Lines expected = kHeader;
-    if (line) expected.push_back(line);
-    EXPECT_EQ(rowHost.Lines("a.vld"), expected) << (value ? value : "(unset)");
+    if (line) expected.push_back("SPEED_FACTOR IN USE:  " + std::string(line));
+    EXPECT_EQ(Log(), expected) << (value ? value : "(unset)");
   }
 }
 

@@ -6,33 +6,19 @@
 namespace velmora::testing {
 namespace {
 
-class SimpleCommandsTest : public EngineTest {
- protected:
-  void SetUp() override {
-    engine.state.InteractiveSession = true;
-    engine.state.DebugOn = true;
-  }
-};
+using SimpleCommandsTest = InteractiveTest;
 
 TEST_F(SimpleCommandsTest, WaitLogsTheTotalFirstAndPausesAtMostAMinuteAtATime) {
-  struct Case {
-    std::int32_t seconds;
-    const char* line;
-    long long tenths;
-  };
-  const Case cases[] = {{0, "Total Elapsed Time:  0 seconds.", 0},
-                        {1, "Total Elapsed Time:  1 second.", 10},
-                        {90, "Total Elapsed Time:  90 seconds.", 900},
-                        {150, "Total Elapsed Time:  150 seconds.", 1500},
-                        {-4, "Total Elapsed Time:  -4 seconds.", 0},
-                        {60, "Total Elapsed Time:  60 seconds.", 600},
-                        {INT32_MIN, "Total Elapsed Time:  -2147483648 seconds.", 0}};
-  for (const Case& c : cases) {
+  constexpr std::int32_t kMin = INT32_MIN;
+  const std::tuple<std::int32_t, const char*, long long> cases[] = {
+      {0, "0 seconds", 0},   {1, "1 second", 10},     {90, "90 seconds", 900},         {150, "150 seconds", 1500},
+      {-4, "-4 seconds", 0}, {60, "60 seconds", 600}, {kMin, "-2147483648 seconds", 0}};
+  for (const auto& [seconds, total, tenths] : cases) {
     engine.DebugWindow.Clear();
     host.tenthSleeps = 0;
-    Wait_Command(engine, true, c.seconds);
-    EXPECT_EQ(engine.DebugWindow.Items(), std::vector<std::string>{c.line});
-    EXPECT_EQ(host.tenthSleeps, c.tenths) << c.seconds;
+    Wait_Command(engine, true, seconds);
+    EXPECT_EQ(engine.DebugWindow.Items(), std::vector<std::string>{"Total Elapsed Time:  " + std::string(total) + "."});
+    EXPECT_EQ(host.tenthSleeps, tenths) << seconds;
   }
 }
 
