@@ -129,6 +129,7 @@ class EditorForm {
   void Show_Halt_Button(int fontSize, const char* caption);
   void Report_Halt();
   void Request_Halt();
+  bool Preprocess_For_Run();
   bool Run_Highlighted_Line();
   void Show_Breakpoint_State();
   void Disable_For_Pick(const char* title, const char* logLine, const char* hint);

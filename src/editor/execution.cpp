@@ -68,6 +68,19 @@ void EditorForm::Report_Halt() {
   state.HaltRequested = false;
 }
 
+// The opening lines of a run or step and the block check before it; false
+// after a block error, which leaves nothing to run.
+bool EditorForm::Preprocess_For_Run() {
+  RunState& state = engine_.state;
+  state.HaltRequested = false;
+  Log_Trace(engine_, true, kRunStart);
+  Log_Trace(engine_, true, "Info: PreProcessing...");
+  Preprocess_Commands(engine_, true, state.DebugOn, true, state.LastCommandSucceeded);
+  if (!state.StopRunning) return true;
+  state.StopRunning = false;
+  return false;
+}
+
 // Runs the highlighted line; true when the run must not go on after it (a
 // quit line ran).
 bool EditorForm::Run_Highlighted_Line() {
@@ -84,15 +97,10 @@ void EditorForm::ExecuteButton_Click() {
   controls_.SetEnabled(C::TraceFrame, false);
   controls_.SetEnabled(C::TraceWindow, true);
   Trap(engine_, true, "Editor.ExecuteButton.Click.TrappableErrors.1", kGoOn, [&] {
-    state.HaltRequested = false;
     // A step that ran the last line left the end of the script flagged; that
     // end is not this run's, which starts at the highlighted line.
     state.StopRunning = false;
-    bool stop = false;
-    Log_Trace(engine_, true, kRunStart);
-    Log_Trace(engine_, true, "Info: PreProcessing...");
-    Preprocess_Commands(engine_, true, state.DebugOn, true, state.LastCommandSucceeded);
-    if (state.StopRunning) state.StopRunning = false, stop = true;  // a block error: nothing runs
+    bool stop = !Preprocess_For_Run();
     for (const std::string& line : {std::string(), kRunStart, kRunStart, std::string("Info: Execution BEGINS!!")})
       Log_Trace(engine_, true, line);
     // The first line always runs, marked or not; the run stops before the
@@ -113,20 +121,11 @@ void EditorForm::ExecuteButton_Click() {
 
 // During a run this is the halt button.
 void EditorForm::ExecuteNextButton_Click() {
-  RunState& state = engine_.state;
-  state.StopRunning = false;
+  engine_.state.StopRunning = false;
   if (controls_[C::ExecuteNextButton].Caption == kHaltCaption) return Request_Halt();
   Lock_For_Run();
   Trap(engine_, true, "Editor.ExecuteNextButton.Click.TrappableErrors.1", kGoOn, [&] {
-    state.HaltRequested = false;
-    Log_Trace(engine_, true, kRunStart);
-    Log_Trace(engine_, true, "Info: PreProcessing...");
-    Preprocess_Commands(engine_, true, state.DebugOn, true, state.LastCommandSucceeded);
-    if (state.StopRunning) {
-      state.StopRunning = false;  // a block error: the line does not run
-    } else {
-      Run_Highlighted_Line();
-    }
+    if (Preprocess_For_Run()) Run_Highlighted_Line();
     Report_Halt();
   });
   Unlock_After_Run();
@@ -145,11 +144,10 @@ void EditorForm::BreakPointButton_Click() {
     const long highlighted = trace.Selected();
     if (highlighted < 0 || highlighted >= static_cast<long>(trace.Count())) return;
     const std::string text = Trim(trace.Item(highlighted));
-    const bool marked = Starts_With(text, kBreakpointMark);
     // Clearing takes the mark and the blanks after it, as the interpreter
     // reads past it, so a line marked by hand without a blank keeps its text.
-    trace.Set(static_cast<std::size_t>(highlighted), marked ? std::string(Without_Breakpoint_Mark(text))
-                                                            : std::string(kBreakpointMark) + " " + text);
+    trace.Set(static_cast<std::size_t>(highlighted), Is_Marked(text) ? std::string(Without_Breakpoint_Mark(text))
+                                                                     : std::string(kBreakpointMark) + " " + text);
     trace.Select(highlighted);
     Show_Breakpoint_State();
     Set_Trace_HScroll_Bar();
