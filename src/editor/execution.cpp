@@ -146,8 +146,8 @@ void EditorForm::BreakPointButton_Click() {
     const std::string text = Trim(trace.Item(highlighted));
     // Clearing takes the mark and the blanks after it, as the interpreter
     // reads past it, so a line marked by hand without a blank keeps its text.
-    trace.Set(static_cast<std::size_t>(highlighted), Is_Marked(text) ? std::string(Without_Breakpoint_Mark(text))
-                                                                     : std::string(kBreakpointMark) + " " + text);
+    trace.Set(static_cast<std::size_t>(highlighted),
+              Is_Marked(text) ? std::string(Without_Breakpoint_Mark(text)) : std::string(kBreakpointMark) + " " + text);
     trace.Select(highlighted);
     Show_Breakpoint_State();
     Set_Trace_HScroll_Bar();
