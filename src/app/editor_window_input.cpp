@@ -5,6 +5,7 @@
 #include <commctrl.h>
 
 #include <string>
+#include <utility>
 
 #include "editor_form.h"
 #include "engine.h"
@@ -27,6 +28,18 @@ bool Is_Option(ControlId id) {
   const ControlDeclaration* declaration = Find_Declaration(id);
   return declaration && (declaration->Kind == ControlKind::OptionButton || declaration->Kind == ControlKind::CheckBox);
 }
+
+// The buttons and the form's procedure each one runs.
+constexpr std::pair<ControlId, void (EditorForm::*)()> kButtonProcedures[] = {
+    {ControlId::OpenScriptButton, &EditorForm::OpenScriptButton_Click},
+    {ControlId::SaveScriptButton, &EditorForm::SaveScriptButton_Click},
+    {ControlId::CreateDebugButton, &EditorForm::CreateDebugButton_Click},
+    {ControlId::InsertCommandButton, &EditorForm::InsertCommandButton_Click},
+    {ControlId::RemoveCommandButton, &EditorForm::RemoveCommandButton_Click},
+    {ControlId::ExecuteButton, &EditorForm::ExecuteButton_Click},
+    {ControlId::ExecuteNextButton, &EditorForm::ExecuteNextButton_Click},
+    {ControlId::BreakPointButton, &EditorForm::BreakPointButton_Click},
+};
 
 }  // namespace
 
@@ -70,34 +83,8 @@ void EditorWindow::On_Button_Clicked(ControlId id) {
     controls_.SetChecked(id, SendMessageA(Control(id), BM_GETCHECK, 0, 0) == BST_CHECKED);
     return;
   }
-  switch (id) {
-    case ControlId::OpenScriptButton:
-      form_->OpenScriptButton_Click();
-      break;
-    case ControlId::SaveScriptButton:
-      form_->SaveScriptButton_Click();
-      break;
-    case ControlId::CreateDebugButton:
-      form_->CreateDebugButton_Click();
-      break;
-    case ControlId::InsertCommandButton:
-      form_->InsertCommandButton_Click();
-      break;
-    case ControlId::RemoveCommandButton:
-      form_->RemoveCommandButton_Click();
-      break;
-    case ControlId::ExecuteButton:
-      form_->ExecuteButton_Click();
-      break;
-    case ControlId::ExecuteNextButton:
-      form_->ExecuteNextButton_Click();
-      break;
-    case ControlId::BreakPointButton:
-      form_->BreakPointButton_Click();
-      break;
-    default:
-      break;
-  }
+  for (const auto& [button, procedure] : kButtonProcedures)
+    if (button == id) return (form_->*procedure)();
 }
 
 void EditorWindow::On_Text_Changed(ControlId id) {

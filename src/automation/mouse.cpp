@@ -63,8 +63,8 @@ void Mouse::UseMouse_Command(bool Interactive, const std::string& clickCode, std
 // The pixel as a position in the 0 to 65536 range across the screen.
 ScreenPoint Mouse::Normalised(ScreenPoint pixel) {
   const double width = desktop_.ScreenWidth(), height = desktop_.ScreenHeight();
-  return {Rounded_Within(static_cast<double>(pixel.x) * 65536.0 / width, INT32_MIN, INT32_MAX),
-          Rounded_Within(static_cast<double>(pixel.y) * 65536.0 / height, INT32_MIN, INT32_MAX)};
+  return {Rounded_Within(Mouse_Share(pixel.x, width), INT32_MIN, INT32_MAX),
+          Rounded_Within(Mouse_Share(pixel.y, height), INT32_MIN, INT32_MAX)};
 }
 
 void Mouse::SendButtons_Command(bool Interactive, std::int32_t foundCount, const std::string& clickCode,

@@ -13,6 +13,8 @@ long Rounded_Within(double value, double low, double high) {
   return static_cast<long>(rounded);
 }
 
+double Mouse_Share(long pixel, double screenPixels) { return static_cast<double>(pixel) * 65536.0 / screenPixels; }
+
 ScreenPoint Pixel_At(const WindowRect& rect, double fx, double fy) {
   const auto along = [](long start, long end, double fraction) {
     return Rounded_Within(static_cast<double>(start) + Round_Half_Even(static_cast<double>(end - start) * fraction),

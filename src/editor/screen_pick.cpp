@@ -25,7 +25,6 @@ using C = ControlId;
 constexpr char kFormTitle[] = "Velmora - IDE";
 constexpr int kStillSamples = 30;  // tenths of a second without a move
 constexpr double kFractionSteps = 10000.0;
-constexpr double kMouseRange = 65536.0;
 constexpr long kMouseMost = 65535;
 
 // A level's relative point, to four places: within a pixel for any window
@@ -53,8 +52,9 @@ std::string Quoted(const std::string& text) { return '"' + text + '"'; }
 // A pixel as usemouse takes it: a share of 65536 across the screen.
 long Mouse_Range(long pixel, int screenPixels) {
   if (screenPixels <= 0) return 0;
-  const double share = static_cast<double>(pixel) * kMouseRange / screenPixels;
-  return Rounded_Within(std::clamp(share, 0.0, static_cast<double>(kMouseMost)), 0, kMouseMost);  // other screens: the edge
+  const double share = Mouse_Share(pixel, screenPixels);
+  return Rounded_Within(std::clamp(share, 0.0, static_cast<double>(kMouseMost)), 0,
+                        kMouseMost);  // other screens: the edge
 }
 
 }  // namespace
@@ -124,8 +124,8 @@ std::string EditorForm::Describe_Window(WindowHandle picked, ScreenPoint point, 
     engine_.host.DoEvents();
     level.relativeX = Fraction(point.x, r.left, r.right);
     level.relativeY = Fraction(point.y, r.top, r.bottom);
-    groups = ", " + Quoted(level.title) + ", " + Quoted(level.className) + ", " + std::to_string(level.childId) +
-             ", " + Decimal_Text(level.relativeX) + ", " + Decimal_Text(level.relativeY) + groups;
+    groups = ", " + Quoted(level.title) + ", " + Quoted(level.className) + ", " + std::to_string(level.childId) + ", " +
+             Decimal_Text(level.relativeX) + ", " + Decimal_Text(level.relativeY) + groups;
     levels.insert(levels.begin(), std::move(level));
     window = parent;
   }
