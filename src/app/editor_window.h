@@ -77,6 +77,7 @@ class EditorWindow : public ControlObserver, public FormWindow, public EditorSur
   // Input, in editor_window_input.cpp.
   void On_Command(ControlId id, int code);
   void On_Button_Clicked(ControlId id);
+  void On_Menu(MenuId id);
   void On_Text_Changed(ControlId id);
   void On_List_Selection_Changed(ControlId id);
   void On_Field_Entered(ControlId id);

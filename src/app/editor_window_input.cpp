@@ -7,8 +7,11 @@
 #include <string>
 #include <utility>
 
+#include "about_box.h"
 #include "editor_form.h"
 #include "engine.h"
+#include "help_viewer.h"
+#include "velmora_menu.h"
 
 namespace velmora {
 
@@ -77,14 +80,30 @@ void EditorWindow::On_Field_Entered(ControlId id) {
   id == ControlId::CommandLine ? form_->CommandLine_GotFocus() : form_->Minutes_GotFocus();
 }
 
-// The Velmora menu has no procedure yet: a click on it does nothing.
 void EditorWindow::On_Button_Clicked(ControlId id) {
+  if (id == ControlId::VelmoraMenu) {
+    if (const auto chosen = Track_Velmora_Menu(window_, Control(id))) On_Menu(*chosen);
+    return;
+  }
   if (Is_Option(id)) {
     controls_.SetChecked(id, SendMessageA(Control(id), BM_GETCHECK, 0, 0) == BST_CHECKED);
     return;
   }
   for (const auto& [button, procedure] : kButtonProcedures)
     if (button == id) return (form_->*procedure)();
+}
+
+void EditorWindow::On_Menu(MenuId id) {
+  switch (id) {
+    case MenuId::HelpContents:
+      return Show_Help_Contents(window_, form_->HelpFile);
+    case MenuId::HelpOnHelp:
+      return Show_Help_On_Help(window_, form_->HelpFile);
+    case MenuId::About:
+      return Show_About_Box(window_);
+    case MenuId::AssignEnvVar:
+      return;
+  }
 }
 
 void EditorWindow::On_Text_Changed(ControlId id) {

@@ -53,6 +53,23 @@ enum class ControlId : int {
   // The debug output.
   DebugFrame = 1400,
   DebugWindow = 1401,
+  // The batch editor (a form of its own; its window is Form there).
+  BatchFileLabel = 2001,
+  OpenBatchButton = 2002,
+  SaveBatchButton = 2003,
+  BatchWindow = 2004,
+  BatchFrame = 2005,
+  EnvVarNameLabel = 2006,
+  EnvVarValue = 2007,
+  UpdateEnvVarButton = 2008,
+};
+
+// The Velmora menu's entries, as command identifiers of the pop-up menu.
+enum class MenuId : int {
+  HelpContents = 3001,
+  HelpOnHelp = 3002,
+  About = 3003,
+  AssignEnvVar = 3004,
 };
 
 inline ControlId MouseButton(int index) {

@@ -57,7 +57,7 @@ void EditorForm::Form_Load_Interactive() {
                                                     std::to_string(VELMORA_VERSION_PATCH));
   const std::string program = engine_.host.ProgramPath();
   const auto slash = program.find_last_of('\\');
-  HelpFile = (slash == std::string::npos ? std::string() : program.substr(0, slash)) + "\\Velmora.hlp";
+  HelpFile = (slash == std::string::npos ? std::string() : program.substr(0, slash)) + "\\Velmora.chm";
   engine_.host.DoEvents();
 
   ScriptChanged = false;
