@@ -27,11 +27,6 @@ std::string Window_Text(HWND control) {
 
 long Selected_Index(HWND list) { return static_cast<long>(SendMessageA(list, LB_GETCURSEL, 0, 0)); }
 
-bool Is_Option(ControlId id) {
-  const ControlDeclaration* declaration = Find_Declaration(id);
-  return declaration && (declaration->Kind == ControlKind::OptionButton || declaration->Kind == ControlKind::CheckBox);
-}
-
 // The buttons and the form's procedure each one runs.
 constexpr std::pair<ControlId, void (EditorForm::*)()> kButtonProcedures[] = {
     {ControlId::OpenScriptButton, &EditorForm::OpenScriptButton_Click},

@@ -17,10 +17,14 @@ bool Same_Option_Group(ControlId a, ControlId b) {
 
 }  // namespace
 
-FormControls::FormControls() {
-  states_[ControlId::Form].Caption = "Velmora - IDE";
-  states_[ControlId::Form].Rect = {0, 0, kDesignedFormWidth, kDesignedFormHeight};
-  for (const ControlDeclaration& declaration : Editor_Controls()) {
+FormControls::FormControls()
+    : FormControls("Velmora - IDE", {0, 0, kDesignedFormWidth, kDesignedFormHeight}, Editor_Controls()) {}
+
+FormControls::FormControls(const std::string& title, const TwipsRect& designed,
+                           const std::vector<ControlDeclaration>& table) {
+  states_[ControlId::Form].Caption = title;
+  states_[ControlId::Form].Rect = designed;
+  for (const ControlDeclaration& declaration : table) {
     ControlState& state = states_[declaration.Id];
     state.Caption = declaration.Caption;
     state.ToolTip = declaration.ToolTip;

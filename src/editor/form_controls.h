@@ -6,6 +6,7 @@
 
 #include <map>
 #include <string>
+#include <vector>
 
 namespace velmora {
 
@@ -120,9 +121,14 @@ class ControlObserver {
 
 // The state of every control of the form. A setter that changes nothing tells
 // no one; a change is passed to the observer (the view).
+struct ControlDeclaration;
+
 class FormControls {
  public:
+  // The editor's controls.
   FormControls();
+  // Another form's: its title, designed place and control table.
+  FormControls(const std::string& title, const TwipsRect& designed, const std::vector<ControlDeclaration>& table);
 
   const ControlState& operator[](ControlId id) const;
   ControlId Focused() const { return focused_; }

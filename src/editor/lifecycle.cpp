@@ -7,6 +7,7 @@
 #include "editor_form.h"
 #include "editor_layout.h"
 #include "engine.h"
+#include "form_placement.h"
 #include "numeric.h"
 #include "reg_settings.h"
 #include "trap.h"
@@ -17,26 +18,6 @@ namespace velmora {
 namespace {
 
 constexpr const char* kSection = "Editor";
-
-// A stored number, or the default when it is missing or damaged.
-long Setting_Number(CRegSettings& settings, const char* key, long defaultValue) {
-  const std::string text = settings.GetSetting(kSection, key, std::to_string(defaultValue));
-  const auto value = Numeric_Value(text);
-  if (!value) return defaultValue;
-  try {
-    return Rounded_To<std::int32_t>(*value);
-  } catch (const std::exception&) {
-    return defaultValue;
-  }
-}
-
-// A stored file name, kept only when the file is still there.
-std::string Stored_File_Name(CRegSettings& settings, Host& host, const char* key) {
-  const std::string stored = settings.GetSetting(kSection, key, "");
-  if (stored.size() < 2) return {};
-  const std::string name = stored.substr(1, stored.size() - 2);
-  return host.FileExists(name) ? '"' + name + '"' : std::string();
-}
 
 }  // namespace
 
@@ -78,22 +59,12 @@ void EditorForm::Form_Load_Interactive() {
   }
 }
 
-void EditorForm::Restore_Placement() {
-  const auto state = Setting_Number(settings_, "WindowState", static_cast<long>(window_.State()));
-  window_.SetState(state == 2 ? WindowState::Maximized : WindowState::Normal);
-  const TwipsRect current = window_.Placement();
-  TwipsRect placement;
-  placement.Top = Setting_Number(settings_, "Top", (window_.ScreenHeight() - current.Height) / 2);
-  placement.Left = Setting_Number(settings_, "Left", (window_.ScreenWidth() - current.Width) / 2);
-  placement.Height = Setting_Number(settings_, "Height", current.Height);
-  placement.Width = Setting_Number(settings_, "Width", current.Width);
-  window_.SetPlacement(placement);
-}
+void EditorForm::Restore_Placement() { Restore_Form_Placement(settings_, kSection, window_); }
 
 // A script named on the command line wins over the remembered one.
 void EditorForm::Restore_File_Names() {
-  const std::string script = Stored_File_Name(settings_, engine_.host, "Script File");
-  const std::string debug = Stored_File_Name(settings_, engine_.host, "Debug File");
+  const std::string script = Stored_File_Name(settings_, engine_.host, kSection, "Script File");
+  const std::string debug = Stored_File_Name(settings_, engine_.host, kSection, "Debug File");
   if (engine_.editor.ScriptFileName.empty()) engine_.editor.ScriptFileName = script;
   engine_.editor.DebugFileName = debug;
   DebugPromptPending = !debug.empty();
@@ -161,22 +132,6 @@ void EditorForm::Form_QueryUnload() {
   settings_.SaveSetting(kSection, "Debug File", engine_.editor.DebugFileName);
 }
 
-// An edge on the screen is kept; one off it is kept as 0, except that a
-// minimised form leaves the stored value alone.
-void EditorForm::Save_Placement() {
-  const TwipsRect form = window_.Placement();
-  const WindowState state = window_.State();
-  const auto save_edge = [&](const char* key, long edge, long screen) {
-    if (edge >= 0 && edge < screen)
-      settings_.SaveSetting(kSection, key, std::to_string(edge));
-    else if (state != WindowState::Minimized)
-      settings_.SaveSetting(kSection, key, "0");
-  };
-  save_edge("Top", form.Top, window_.ScreenHeight());
-  save_edge("Left", form.Left, window_.ScreenWidth());
-  settings_.SaveSetting(kSection, "Height", std::to_string(form.Height));
-  settings_.SaveSetting(kSection, "Width", std::to_string(form.Width));
-  settings_.SaveSetting(kSection, "WindowState", state == WindowState::Maximized ? "2" : "0");
-}
+void EditorForm::Save_Placement() { Save_Form_Placement(settings_, kSection, window_); }
 
 }  // namespace velmora

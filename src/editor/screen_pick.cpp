@@ -11,6 +11,7 @@
 #include "editor_form.h"
 #include "engine.h"
 #include "find_window.h"
+#include "form_placement.h"
 #include "screen_point.h"
 #include "session.h"
 #include "trap.h"
@@ -46,8 +47,6 @@ std::string Decimal_Text(double value) {
   if (text.back() == '.') text.pop_back();
   return text;
 }
-
-std::string Quoted(const std::string& text) { return '"' + text + '"'; }
 
 // A pixel as usemouse takes it: a share of 65536 across the screen.
 long Mouse_Range(long pixel, int screenPixels) {

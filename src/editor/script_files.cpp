@@ -5,6 +5,7 @@
 #include "editor_form.h"
 #include "editor_layout.h"
 #include "engine.h"
+#include "form_placement.h"
 #include "preprocessor.h"
 #include "script_text.h"
 #include "session.h"
@@ -20,13 +21,6 @@ constexpr const char* kDebugFilter = "Velmora Debug (*.vld)|*.vld|All Files (*.*
 constexpr const char* kProgramFilter =
     "Executables (*.exe;*.pif;*.cmd;*.com;*.bat)|*.exe;*.pif;*.cmd;*.com;*.bat|All Files (*.*)|*.*";
 
-std::string Unquoted(const std::string& name) {
-  if (name.size() >= 2 && name.front() == '"' && name.back() == '"') return name.substr(1, name.size() - 2);
-  return name;
-}
-
-std::string Quoted(const std::string& name) { return '"' + name + '"'; }
-
 // The line as the file keeps it: a marked line from the fifth character of
 // its trimmed text on (the mark and the blank the editor puts after it).
 std::string Line_To_Save(const std::string& line) {
@@ -36,17 +30,7 @@ std::string Line_To_Save(const std::string& line) {
 
 }  // namespace
 
-// Each dialog opens in the folder of the file it is about.
-void EditorForm::Change_Folder_For(const std::string& quotedName) {
-  const std::string name = Unquoted(quotedName);
-  const auto slash = name.find_last_of('\\');
-  if (name.empty() || slash == std::string::npos) return;
-  const std::string folder = slash == 2 && name[1] == ':' ? name.substr(0, 3) : name.substr(0, slash);
-  // A folder that is gone leaves the dialog where it was: not worth a report.
-  SystemError ignored;
-  if (name.size() > 1 && name[1] == ':') engine_.host.ChangeDrive(name.substr(0, 1), ignored);
-  engine_.host.ChangeDirectory(folder, ignored);
-}
+void EditorForm::Change_Folder_For(const std::string& quotedName) { Change_To_Folder_Of(engine_.host, quotedName); }
 
 bool EditorForm::Both_Names_Set() const {
   return !engine_.editor.ScriptFileName.empty() && !engine_.editor.DebugFileName.empty();
@@ -138,8 +122,8 @@ void EditorForm::Close_Debug_File() {
 }
 
 void EditorForm::Browse_For_Program() {
-  const auto chosen = dialogs_.Show({false, "Browse for Program", ".exe", kProgramFilter,
-                                     engine_.host.CurrentDirectory(), ""});
+  const auto chosen =
+      dialogs_.Show({false, "Browse for Program", ".exe", kProgramFilter, engine_.host.CurrentDirectory(), ""});
   if (!chosen) return;
   controls_.SetCaption(ControlId::CommandLine, Trim(*chosen));
   CommandLine_Change();
@@ -176,9 +160,9 @@ void EditorForm::Highlight_After_Load(long stoppedAt) {
 // Holding the right button on a file label shows the whole name over the file strip.
 void EditorForm::Stretch_Label(ControlId label, bool held) {
   const bool script = label == ControlId::ScriptFileLabel;
-  for (ControlId id : {ControlId::DebugFileLabel, ControlId::DebugCover, ControlId::CreateDebugButton,
-                       ControlId::VelmoraMenu, ControlId::OpenScriptButton, ControlId::SaveScriptButton,
-                       ControlId::ScriptCover, ControlId::ScriptFileLabel})
+  for (ControlId id :
+       {ControlId::DebugFileLabel, ControlId::DebugCover, ControlId::CreateDebugButton, ControlId::VelmoraMenu,
+        ControlId::OpenScriptButton, ControlId::SaveScriptButton, ControlId::ScriptCover, ControlId::ScriptFileLabel})
     if (id != label) controls_.SetVisible(id, !held);
   const TwipsRect designed = Find_Declaration(label)->Rect;
   const long formWidth = window_.Placement().Width;

@@ -3,6 +3,7 @@
 #pragma once
 
 #include <cstdint>
+#include <string>
 #include <vector>
 
 #include "desktop.h"
@@ -16,6 +17,15 @@
 namespace velmora {
 
 class WindowAutomation;  // the window commands, supplied by the automation library
+
+// The last error report asked for, for a form that shows reports its own way.
+struct ReportRecord {
+  long code = 0;
+  std::string message;
+  std::string title;
+  std::string location;
+  int kind = 0;
+};
 
 struct Engine {
   Engine(Host& h, Registry& r, Desktop* d = nullptr) : host(h), registry(r), desktop(d) {}
@@ -38,6 +48,7 @@ struct Engine {
   std::vector<std::int32_t> BlockItemOfLine;
 
   long reportsMade = 0;      // error reports asked for, so a caller can tell that its step failed
+  ReportRecord lastReport;   // the last of them
   int reportDepth = 0;       // error reports under way; a report from inside one is not written
   bool nestedFatal = false;  // a fatal report arrived while another report was being written
 };

@@ -45,10 +45,11 @@ void Close_Block(Engine& engine, bool interactive) {
 
 }  // namespace
 
-void Report_Error(Engine& engine, bool interactive, long code, const std::string& message, const std::string& /*title*/,
+void Report_Error(Engine& engine, bool interactive, long code, const std::string& message, const std::string& title,
                   const std::string& location, int kind) {
   RunState& state = engine.state;
   ++engine.reportsMade;
+  engine.lastReport = {code, message, title, location, kind};
   // A report raised while a report writes its own lines (the debug file
   // itself failing) would only recurse: it is not written, but when it is
   // fatal the outer report ends the run in its place.
@@ -71,7 +72,8 @@ void Report_Error(Engine& engine, bool interactive, long code, const std::string
     Log_Always(engine, interactive, "Fatal Error:  " + message + ".");
     Log_Always(engine, interactive, "Error Code:  " + std::to_string(code));
     Log_Always(engine, interactive, "Error Location:  " + location);
-    Log_Always(engine, interactive, "Program will TERMINATE.  This operation was unsuccessful and caused a fatal error.");
+    Log_Always(engine, interactive,
+               "Program will TERMINATE.  This operation was unsuccessful and caused a fatal error.");
     if (!interactive) End_Automatic_Session(engine);
     {
       FlagGuard guard(state.ReportingFatalError);

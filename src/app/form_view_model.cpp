@@ -1,20 +1,10 @@
 // Showing the model: every aspect of a control's state that changes is put
 // onto its window.
-#include "editor_form.h"
-#include "editor_window.h"
+#include "form_view.h"
 
 namespace velmora {
 
-namespace {
-
-bool Is_Text_Box(ControlId id) {
-  const ControlDeclaration* declaration = Find_Declaration(id);
-  return declaration && declaration->Kind == ControlKind::TextBox;
-}
-
-}  // namespace
-
-void EditorWindow::OnControlChanged(ControlId id, ControlAspect aspect) {
+void FormView::OnControlChanged(ControlId id, ControlAspect aspect) {
   HWND control = Control(id);
   if (!control) return;
   const ControlState& state = controls_[id];
@@ -49,24 +39,25 @@ void EditorWindow::OnControlChanged(ControlId id, ControlAspect aspect) {
   }
 }
 
-void EditorWindow::OnFocusRequested(ControlId id) {
+void FormView::OnFocusRequested(ControlId id) {
   if (HWND control = Control(id)) SetFocus(control);
 }
 
 // The edit control reports a text it was given as a change; that is not
 // the user typing, so it is not passed back.
-void EditorWindow::Show_Text(HWND control, const std::string& text) {
+void FormView::Show_Text(HWND control, const std::string& text) {
   showingText_ = true;
   SetWindowTextA(control, text.c_str());
   showingText_ = false;
   const ControlId id = static_cast<ControlId>(GetDlgCtrlID(control));
-  if (control != window_ && Is_Text_Box(id)) {
+  const ControlDeclaration* declaration = Declaration(id);
+  if (control != window_ && declaration && declaration->Kind == ControlKind::TextBox) {
     const long caret = controls_[id].Caret;
     SendMessageA(control, EM_SETSEL, static_cast<WPARAM>(caret), caret);
   }
 }
 
-void EditorWindow::Show_Rect(ControlId id) {
+void FormView::Show_Rect(ControlId id) {
   const TwipsRect& rect = controls_[id].Rect;
   if (id == ControlId::Form) {
     if (!(Placement() == rect)) SetPlacement(rect);
@@ -79,9 +70,9 @@ void EditorWindow::Show_Rect(ControlId id) {
 
 // Labels of unused fields are greyed; unused or disabled text boxes take
 // the face colour as their background.
-LRESULT EditorWindow::On_Control_Colour(HDC dc, HWND control, bool edit) {
+LRESULT FormView::On_Control_Colour(HDC dc, HWND control, bool edit) {
   const auto id = static_cast<ControlId>(GetDlgCtrlID(control));
-  const ControlDeclaration* declaration = Find_Declaration(id);
+  const ControlDeclaration* declaration = Declaration(id);
   const LRESULT standard = DefWindowProcA(window_, edit ? WM_CTLCOLOREDIT : WM_CTLCOLORSTATIC,
                                           reinterpret_cast<WPARAM>(dc), reinterpret_cast<LPARAM>(control));
   if (!declaration) return standard;
