@@ -10,6 +10,7 @@
 #include "about_box.h"
 #include "editor_form.h"
 #include "engine.h"
+#include "envvar_setup_window.h"
 #include "help_viewer.h"
 #include "velmora_menu.h"
 
@@ -97,7 +98,8 @@ void EditorWindow::On_Menu(MenuId id) {
     case MenuId::About:
       return Show_About_Box(window_);
     case MenuId::AssignEnvVar:
-      return;
+      return Show_EnvVar_Setup(reinterpret_cast<HINSTANCE>(GetWindowLongPtrA(window_, GWLP_HINSTANCE)), window_,
+                               engine_);
   }
 }
 

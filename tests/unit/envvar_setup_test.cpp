@@ -1,0 +1,198 @@
+// The batch editor's form on the simulated platform.
+#include "about.h"
+#include "editor_fixture.h"
+#include "envvar_setup_form.h"
+#include "envvar_setup_layout.h"
+
+namespace velmora::testing {
+namespace {
+
+using C = ControlId;
+
+class FakeBatchView : public BatchView {
+ public:
+  bool hasLucida = true;
+  long listWidth = 100;
+  std::vector<long> extents;
+  std::vector<std::string> fonts, reports;
+  long MeasureBatchText(const std::string& text) override { return static_cast<long>(text.size()) * 10; }
+  long BatchWindowWidth() override { return listWidth; }
+  void SetBatchHorizontalExtent(long pixels) override { extents.push_back(pixels); }
+  std::string SetBatchFont(const std::string& name) override {
+    fonts.push_back(name);
+    return name == "Lucida Console" && !hasLucida ? "Arial" : name;
+  }
+  void ShowReport(const std::string& title, const std::string& text) override { reports.push_back(title + "|" + text); }
+};
+
+class EnvVarSetupTest : public EngineTest {
+ protected:
+  FormControls controls{"Batch", {0, 0, 7800, 6600}, Batch_Controls()};
+  FakeFormWindow window;
+  FakeBatchView view;
+  QueuedDialogs dialogs;
+  CRegSettings settings{registry};
+  EnvVarSetupForm form{engine, controls, window, view, dialogs, settings};
+
+  EnvVarSetupTest() { engine.state.InteractiveSession = true; }
+
+  void Open(const std::string& path, const std::string& text) {
+    host.files[path] = text;
+    dialogs.replies.push_back(path);
+    form.OpenBatchButton_Click();
+  }
+  std::vector<std::string> Items() { return form.BatchWindow.Items(); }
+};
+
+TEST_F(EnvVarSetupTest, LoadingFramesTheFileWithTheHeadingAndTheSpareLineInTheAvailableFont) {
+  const struct {
+    const char* text;
+    bool hasLucida;
+    std::vector<std::string> lines;
+    std::vector<std::string> fonts;
+  } rows[] = {{"", true, {}, {"Lucida Console"}},
+              {"@echo off\r\n    SET Path = C:\\DOS\r\n",
+               false,
+               {"@echo off", "    SET Path = C:\\DOS"},
+               {"Lucida Console", "Courier New"}}};
+  for (const auto& row : rows) {
+    SCOPED_TRACE(row.text);
+    view.hasLucida = row.hasLucida;
+    view.fonts.clear();
+    Open("C:\\b\\set.bat", row.text);
+    std::vector<std::string> expected = {Trace_Header_Line()};
+    expected.insert(expected.end(), row.lines.begin(), row.lines.end());
+    expected.push_back("   ");
+    EXPECT_EQ(Items(), expected);
+    EXPECT_EQ(view.fonts, row.fonts);
+    EXPECT_EQ(controls[C::BatchFileLabel].Caption, "Batch: C:\\b\\set.bat");
+    EXPECT_EQ(form.BatchFileName, "\"C:\\b\\set.bat\"");
+  }
+  EXPECT_EQ(dialogs.requests[0].Title, "New Batch File");
+  EXPECT_EQ(dialogs.requests[0].DefaultExtension, ".BAT");
+  EXPECT_EQ(dialogs.requests[0].Filter, "Velmora Batch (*.bat)|*.bat|All Files (*.*)|*.*");
+  EXPECT_EQ(dialogs.requests[1].InitialName, "C:\\b\\set.bat");
+  EXPECT_EQ(view.extents, (std::vector<long>{static_cast<long>(Trace_Header_Line().size()) * 10}));
+}
+
+// Down twice, choose, a new value, update, save: the list keeps the indent,
+// the file does not.
+TEST_F(EnvVarSetupTest, AnUpdatedLineKeepsItsIndentInTheListAndIsSavedTrimmed) {
+  Open("C:\\b\\set.bat", "@echo off\r\nset A=1\r\n    SET Path = C:\\DOS\r\necho\r\n");
+  form.Step_To_Next();
+  form.Step_To_Next();
+  form.BatchWindow_DblClick();
+  EXPECT_EQ(controls[C::EnvVarNameLabel].Caption, "Path");
+  EXPECT_EQ(controls[C::EnvVarNameLabel].ToolTip, "This is the name of the Environment Variable.");
+  EXPECT_EQ(controls[C::EnvVarValue].Caption, "C:\\DOS");
+  EXPECT_TRUE(controls[C::EnvVarValue].Visible && controls[C::EnvVarValue].Enabled);
+  EXPECT_EQ(controls.Focused(), C::EnvVarValue);
+  controls.TextTyped(C::EnvVarValue, "C:\\BIN", 6);
+  EXPECT_TRUE(form.EnvVarValue_KeyPress(13));
+  EXPECT_EQ(Items()[3], "    set Path=C:\\BIN");
+  EXPECT_TRUE(form.Modified);
+  EXPECT_TRUE(controls[C::SaveBatchButton].Enabled);
+  EXPECT_FALSE(controls[C::UpdateEnvVarButton].Enabled);
+
+  dialogs.replies = {std::nullopt};  // a cancelled save writes nothing and keeps the change
+  form.SaveBatchButton_Click();
+  EXPECT_TRUE(form.Modified);
+  dialogs.replies = {"C:\\b\\new.bat", "C:\\b\\new.bat"};
+  form.SaveBatchButton_Click();
+  EXPECT_EQ(dialogs.requests.back().Title, "Save Batch File");
+  EXPECT_EQ(host.files.at("C:\\b\\new.bat"), "@echo off\r\nset A=1\r\nset Path=C:\\BIN\r\necho\r\n");
+  EXPECT_FALSE(form.Modified);
+  EXPECT_FALSE(controls[C::SaveBatchButton].Enabled);
+  EXPECT_EQ(host.beeps, 1);
+  form.SaveBatchButton_Click();  // twice: the same text again
+  EXPECT_EQ(host.files.at("C:\\b\\new.bat"), "@echo off\r\nset A=1\r\nset Path=C:\\BIN\r\necho\r\n");
+}
+
+// What a double click or a key shows, line by line; moving off the chosen
+// line or Escape abandons the edit.
+TEST_F(EnvVarSetupTest, ChoosingShowsOnlyStatementsAndLeavingTheLineAbandonsTheEdit) {
+  Open("C:\\b\\set.bat", "setup=yes\r\nSET X=\r\nrem\r\n");
+  const struct {
+    long line;
+    const char* name;  // "" for the empty state
+  } rows[] = {{1, "up"}, {2, ""}, {3, ""}, {0, ""}};
+  for (const auto& row : rows) {
+    SCOPED_TRACE(row.line);
+    form.BatchWindow.Select(row.line);
+    form.BatchWindow_DblClick();
+    const bool chosen = *row.name != '\0';
+    EXPECT_EQ(controls[C::EnvVarNameLabel].Caption, chosen ? row.name : "No Variable Selected");
+    EXPECT_EQ(controls[C::EnvVarValue].Visible, chosen);
+    EXPECT_EQ(controls[C::UpdateEnvVarButton].Enabled, chosen);
+  }
+  for (const auto leave :
+       {+[](EnvVarSetupForm& f) { f.EnvVarValue_KeyPress(27); }, +[](EnvVarSetupForm& f) { f.EnvVarValue_KeyPress(3); },
+        +[](EnvVarSetupForm& f) { f.Step_To_Next(); }}) {
+    form.BatchWindow.Select(1);
+    form.BatchWindow_DblClick();
+    controls.TextTyped(C::EnvVarValue, "no", 2);
+    leave(form);
+    form.UpdateEnvVarButton_Click();  // nothing chosen any more: no line changes
+    EXPECT_EQ(Items()[1], "setup=yes");
+    EXPECT_FALSE(controls[C::EnvVarValue].Visible);
+    EXPECT_EQ(controls[C::EnvVarNameLabel].ToolTip,
+              "Try double clicking on a line like: set <EnvironmentVariableName>=<EnvironmentVariableValue>.");
+  }
+}
+
+TEST_F(EnvVarSetupTest, FailuresAreReportedByTheFormAndLoseNothing) {
+  Open("C:\\b\\none.bat", "echo set\r\n");
+  form.BatchWindow.Select(1);
+  form.Step_To_Previous();
+  EXPECT_EQ(form.BatchWindow.Selected(), 1);
+  ASSERT_EQ(view.reports.size(), 1u);
+  EXPECT_EQ(view.reports[0],
+            "No SET Statements Found!|Error!\n\nThis File does not contain any SET Environment Variable "
+            "statements.\rPerhaps you should load a different batch file?\n\nError Code:  -1\nError Location:  "
+            "EnvVarSetup.(General).Previous_EnvVar_Statement.NoSETStatements.1\n\nProgram will continue, but this "
+            "operation was unsuccessful.");
+
+  // A file that cannot be opened leaves the shown one in place.
+  host.unopenable.insert("C:\\b\\locked.bat");
+  dialogs.replies = {"C:\\b\\locked.bat"};
+  form.OpenBatchButton_Click();
+  EXPECT_EQ(form.BatchFileName, "\"C:\\b\\none.bat\"");
+  EXPECT_EQ(controls[C::BatchFileLabel].Caption, "Batch: C:\\b\\none.bat");
+  EXPECT_EQ(Items()[1], "echo set");
+  EXPECT_NE(view.reports.back().find("EnvVarSetup.(General).Initial_Setup.OpenInput.2"), std::string::npos);
+
+  // A changed file is saved before another opens; a cancelled save keeps it open.
+  form.Modified = true;
+  dialogs.replies = {std::nullopt};
+  form.OpenBatchButton_Click();
+  EXPECT_EQ(dialogs.requests.back().Title, "Save Batch File");
+  EXPECT_EQ(form.BatchFileName, "\"C:\\b\\none.bat\"");
+  EXPECT_TRUE(form.Modified);
+}
+
+// The place and the file are kept in their own section, and the file opens
+// again without a dialog; a file that has gone is asked for.
+TEST_F(EnvVarSetupTest, TheNextOpeningRestoresThePlaceAndTheFile) {
+  window.placement = {300, 200, 7000, 5000};
+  Open("C:\\b\\set.bat", "set A=1\r\n");
+  form.Form_Unload();
+  EXPECT_EQ(settings.GetSetting("EnvVarSetup", "Batch File", ""), "\"C:\\b\\set.bat\"");
+  EXPECT_EQ(settings.GetSetting("EnvVarSetup", "Left", ""), "300");
+
+  FakeFormWindow second;
+  EnvVarSetupForm again{engine, controls, second, view, dialogs, settings};
+  again.Form_Load();
+  again.Open_At_Start();
+  EXPECT_EQ(second.placement, (TwipsRect{300, 200, 7000, 5000}));
+  EXPECT_EQ(dialogs.requests.size(), 1u);
+  EXPECT_EQ(again.BatchWindow.Item(1), "set A=1");
+
+  host.files.erase("C:\\b\\set.bat");
+  EnvVarSetupForm third{engine, controls, second, view, dialogs, settings};
+  third.Form_Load();
+  third.Open_At_Start();
+  EXPECT_EQ(dialogs.requests.size(), 2u);
+}
+
+}  // namespace
+}  // namespace velmora::testing
