@@ -18,6 +18,8 @@ packages=(
   googletest libgtest-dev libbenchmark-dev clang
   # libFuzzer and the sanitizer runtimes for clang (only recommended by it); jq reads benchmark results
   libclang-rt-14-dev jq
+  # the help file: GitHub Markdown to HTML, and the CHM compiler of Free Pascal
+  cmark-gfm fp-utils
 )
 
 installed() {

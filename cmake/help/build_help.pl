@@ -1,0 +1,254 @@
+#!/usr/bin/perl
+# Builds Velmora.chm: the user guide, the script reference (a page for each
+# command), the pages under docs/help, and for each area of the forms the help
+# texts of its controls from src/editor/control_help_table.inc, the table the
+# What's-This pop-ups show. Markdown becomes HTML with cmark-gfm (the docs use
+# GitHub's tables), chmcmd compiles it, and the compiled file is read back to
+# check that it holds a page for every script command, every area and the
+# batch editor. Uses only modules of perl-base.
+#
+#   build_help.pl <source root> <work folder> <output .chm> <cmark-gfm> <chmcmd>
+use strict;
+use warnings;
+use File::Basename qw(basename dirname);
+use File::Path qw(make_path remove_tree);
+
+my ($root, $work, $output, $cmark, $chmcmd) = @ARGV;
+die "usage: build_help.pl <source root> <work folder> <output .chm> <cmark-gfm> <chmcmd>\n" unless $chmcmd;
+
+sub fail { die "help: $_[0]\n" }
+
+sub slurp {
+  my ($path) = @_;
+  open(my $in, '<:raw', $path) or fail("cannot read $path: $!");
+  local $/;
+  my $text = <$in>;
+  close $in;
+  return $text;
+}
+
+sub spew {
+  my ($path, $text) = @_;
+  make_path(dirname($path));
+  open(my $out, '>:raw', $path) or fail("cannot write $path: $!");
+  print $out $text;
+  close $out or fail("cannot write $path: $!");
+}
+
+# --- the controls' help table and what the code says of the controls --------
+
+my @help;    # { id, page, title, text }, in table order
+for my $line (split /\n/, slurp("$root/src/editor/control_help_table.inc")) {
+  next unless $line =~ /^VELMORA_CONTROL_HELP\((\w+), "([^"]+)", "([^"]+)", "((?:[^"\\]|\\")+)"\)$/;
+  push @help, {id => $1, page => $2, title => $3, text => $4 =~ s/\\"/"/gr};
+}
+fail('no entries in control_help_table.inc') unless @help;
+
+my %number;    # enumerator -> identifier
+my $ids = slurp("$root/src/editor/form_controls.h");
+$number{$1} = $2 while $ids =~ /^\s+(\w+) = (\d+),/mg;
+
+my %name;    # enumerator -> the control's name in the forms' tables
+for my $layout ('src/editor/editor_layout.cpp', 'src/batchvars/envvar_setup_layout.cpp') {
+  my $text = slurp("$root/$layout");
+  $name{$1} = $2 while $text =~ /\{C::(\w+),\s*"([^"]+)"/g;
+}
+my %helped = map { $_->{id} => 1 } @help;
+for my $id (sort keys %name) {
+  fail("the control $name{$id} has no entry in control_help_table.inc") unless $helped{$id};
+}
+
+# The script commands, as the parser's table of words names them.
+my $parser = slurp("$root/src/language/parser.cpp");
+$parser =~ /kCommandTable =\s*"\|([a-z|]+)\|";/ or fail('no command table in parser.cpp');
+my @commands = ((split /\|/, $1), 'comment');
+
+# --- pages from the Markdown sources -----------------------------------------
+
+# A source is one page named after its file, or several: a line
+# "<!-- page: NAME -->" starts the page NAME.
+my @pages;    # { name, source, markdown }
+my @sources = ('docs/user-guide.md', 'docs/script-reference.md', map { s|^\Q$root\E/||r } sort glob("$root/docs/help/*.md"));
+for my $source (@sources) {
+  my $page = {name => basename($source, '.md'), source => $source, markdown => ''};
+  push @pages, $page;
+  for my $line (split /(?<=\n)/, slurp("$root/$source")) {
+    if ($line =~ /^<!-- page: ([\w\/-]+) -->\s*$/) {
+      $page = {name => $1, source => $source, markdown => ''};
+      push @pages, $page;
+      next;
+    }
+    $page->{markdown} .= $line;
+  }
+}
+@pages = grep { $_->{markdown} =~ /\S/ } @pages;
+my %page_by_name = map { $_->{name} => $_ } @pages;
+
+# Each area page lists its controls after its own text.
+for my $entry (@help) {
+  my $page = $page_by_name{$entry->{page}} or fail("no page $entry->{page} for the control $entry->{id}");
+  fail("the control $entry->{id} is not in form_controls.h") unless defined $number{$entry->{id}};
+  $page->{markdown} .= "\n## Controls\n" unless $page->{controls}++;
+  my $control = $name{$entry->{id}} // $entry->{id};
+  $page->{markdown} .= "\n### $entry->{title}\n\n`$control`, identifier $number{$entry->{id}}.\n\n$entry->{text}\n";
+}
+
+# --- Markdown to HTML ----------------------------------------------------------
+
+sub plain_text {
+  my ($html) = @_;
+  $html =~ s/<[^>]*>//g;
+  my %entity = (amp => '&', lt => '<', gt => '>', quot => '"', '#39' => "'");
+  $html =~ s/&(amp|lt|gt|quot|#39);/$entity{$1}/g;
+  return $html;
+}
+
+# Heading anchors as GitHub makes them, so links into the docs work in both.
+sub slug {
+  my $text = lc plain_text($_[0]);
+  $text =~ s/[^\w\- ]//g;
+  $text =~ tr/ /-/;
+  return $text;
+}
+
+my %anchor_page;    # "source#anchor" -> page name
+for my $page (@pages) {
+  my $file = "$work/page.md";
+  spew($file, $page->{markdown});
+  my $html = `"$cmark" -e table -e autolink "$file"`;
+  fail("cmark-gfm failed on $page->{source}") if $? != 0;
+  my %seen;
+  $html =~ s{<h([1-6])>(.*?)</h\1>}{
+    my ($level, $inner) = ($1, $2);
+    my $slug = slug($inner);
+    $slug .= '-' . $seen{$slug} if $seen{$slug}++;
+    $anchor_page{"$page->{source}#$slug"} //= $page->{name};
+    "<h$level id=\"$slug\">$inner</h$level>"
+  }ge;
+  $page->{html} = $html;
+  ($page->{title}) = $page->{markdown} =~ /^#{1,3} +(.+?) *$/m;
+  $page->{title} = plain_text($page->{title} // $page->{name}) =~ s/[`*]//gr;
+}
+
+# A path from the source's folder, with "." and ".." resolved.
+sub resolve {
+  my ($from, $path) = @_;
+  my @parts;
+  for my $part (split m{/}, dirname($from) . "/$path") {
+    next if $part eq '.' || $part eq '';
+    $part eq '..' ? pop @parts : push @parts, $part;
+  }
+  return join '/', @parts;
+}
+
+my %images;
+my %first_page_of;
+$first_page_of{$_->{source}} //= $_->{name} for @pages;
+
+# Links between the docs become links between pages; pictures are taken in;
+# links to files outside the docs keep their text only.
+sub rewrite_link {
+  my ($page, $target) = @_;
+  return $target if $target =~ /^(?:https?|mailto):/;
+  my ($path, $anchor) = $target =~ /^([^#]*)(?:#(.*))?$/;
+  my $source = $path eq '' ? $page->{source} : resolve($page->{source}, $path);
+  my $up = '../' x ($page->{name} =~ tr{/}{});
+  if ($source =~ /\.(?:png|jpg|gif)$/) {
+    fail("$page->{source} shows $path, which does not exist") unless -f "$root/$source";
+    $images{basename($source)} = $source;
+    return $up . basename($source);
+  }
+  return undef unless $source =~ /\.md$/ && defined $first_page_of{$source};
+  my $to = defined $anchor ? $anchor_page{"$source#$anchor"} // $first_page_of{$source} : $first_page_of{$source};
+  return ($to eq $page->{name} ? '' : "$up$to.html") . (defined $anchor ? "#$anchor" : '');
+}
+
+my $style = 'velmora-help.css';
+for my $page (@pages) {
+  my $html = $page->{html};
+  $html =~ s{<a href="([^"]*)"([^>]*)>(.*?)</a>}{
+    my $to = rewrite_link($page, $1);
+    defined $to ? "<a href=\"$to\"$2>$3</a>" : $3
+  }gse;
+  $html =~ s{<img src="([^"]*)"}{'<img src="' . (rewrite_link($page, $1) // $1) . '"'}ge;
+  my $up = '../' x ($page->{name} =~ tr{/}{});
+  spew("$work/chm/$page->{name}.html", <<"HTML");
+<!DOCTYPE html>
+<html>
+<head>
+<meta http-equiv="Content-Type" content="text/html; charset=utf-8">
+<meta http-equiv="X-UA-Compatible" content="IE=edge">
+<title>$page->{title}</title>
+<link rel="stylesheet" href="$up$style">
+</head>
+<body>
+$html</body>
+</html>
+HTML
+}
+spew("$work/chm/$style", slurp("$root/docs/help/$style"));
+spew("$work/chm/$_", slurp("$root/$images{$_}")) for keys %images;
+
+# --- contents, project, compile --------------------------------------------------
+
+# The contents: the top pages in this order, the commands under the script
+# reference and the editor's areas under the editor. A page that has no place
+# here is an error, so no page is left where no one finds it.
+my @top = qw(index using-help user-guide script-reference editor batch-editor);
+sub parent_of {
+  my ($name) = @_;
+  return 'script-reference' if $name =~ m{^commands/};
+  return 'editor' if $name =~ /^editor-/;
+  return undef;
+}
+my %children;
+for my $page (@pages) {
+  my $parent = parent_of($page->{name});
+  if (defined $parent) { push @{$children{$parent}}, $page }
+  elsif (!grep { $_ eq $page->{name} } @top) { fail("the page $page->{name} has no place in the contents") }
+}
+
+sub html_attribute { $_[0] =~ s/&/&amp;/gr =~ s/"/&quot;/gr }
+sub toc_entry {
+  my ($page) = @_;
+  return '<LI><OBJECT type="text/sitemap"><param name="Name" value="' . html_attribute($page->{title})
+    . "\"><param name=\"Local\" value=\"$page->{name}.html\"></OBJECT>\n";
+}
+my $toc = "<!DOCTYPE HTML PUBLIC \"-//IETF//DTD HTML//EN\">\n<HTML><HEAD></HEAD><BODY>\n"
+  . "<OBJECT type=\"text/site properties\"></OBJECT>\n<UL>\n";
+for my $name (@top) {
+  my $page = $page_by_name{$name} or fail("there is no page $name");
+  $toc .= toc_entry($page);
+  next unless $children{$name};
+  $toc .= "<UL>\n" . join('', map { toc_entry($_) } @{$children{$name}}) . "</UL>\n";
+}
+spew("$work/chm/Velmora.hhc", "$toc</UL>\n</BODY></HTML>\n");
+
+my @files = ((map {"$_->{name}.html"} @pages), $style, sort keys %images);
+spew("$work/chm/Velmora.hhp", <<"HHP" . join("\n", @files) . "\n");
+[OPTIONS]
+Compatibility=1.1 or later
+Compiled file=Velmora.chm
+Contents file=Velmora.hhc
+Default topic=index.html
+Display compile progress=No
+Language=0x409 English (United States)
+Title=Velmora Help
+
+[FILES]
+HHP
+
+unlink "$work/chm/Velmora.chm";
+my $log = `cd "$work/chm" && "$chmcmd" --no-html-scan Velmora.hhp 2>&1`;
+fail("chmcmd did not compile the help:\n$log") unless -s "$work/chm/Velmora.chm";
+my $compiled = slurp("$work/chm/Velmora.chm");
+spew($output, $compiled);
+
+# --- what the compiled file holds -------------------------------------------------
+
+my %held = map { $_ => 1 } $compiled =~ m{/([\w/-]+\.html)}g;
+my @wanted = ((map {"commands/$_.html"} @commands), 'batch-editor.html', map {"$_->{page}.html"} @help);
+my @missing = grep { !$held{$_} } @wanted;
+fail('Velmora.chm has no page ' . join(', ', @missing)) if @missing;
+printf "help: Velmora.chm holds %d pages, among them all %d script commands and the batch editor\n",
+  scalar(keys %held), scalar(@commands);
