@@ -73,6 +73,8 @@ LRESULT EditorWindow::Handle_Message(UINT message, WPARAM wParam, LPARAM lParam)
   }
 }
 
+std::string EditorWindow::Help_File() const { return form_->HelpFile; }
+
 // The form's size in its state, then its layout; a size the layout itself
 // sets (the minimum) does not start another layout inside this one.
 void EditorWindow::On_Size() {

@@ -42,6 +42,8 @@ class EditorWindow : public FormView, public EditorSurface {
   static LRESULT CALLBACK Control_Hook(HWND control, UINT message, WPARAM wParam, LPARAM lParam, UINT_PTR,
                                        DWORD_PTR self);
   LRESULT Handle_Message(UINT message, WPARAM wParam, LPARAM lParam) override;
+  std::string Help_File() const override;
+  HelpForm Help_Form() const override { return HelpForm::Editor; }
   LRESULT Handle_Control_Message(HWND control, UINT message, WPARAM wParam, LPARAM lParam, bool& handled);
   void Attach_Lists();
 

@@ -19,6 +19,7 @@ namespace velmora {
 namespace {
 
 constexpr int kRightButton = 2;
+constexpr char kUsingHelpPage[] = "using-help";
 
 std::string Window_Text(HWND control) {
   std::string text(static_cast<std::size_t>(GetWindowTextLengthA(control)) + 1, '\0');
@@ -94,12 +95,12 @@ void EditorWindow::On_Menu(MenuId id) {
     case MenuId::HelpContents:
       return Show_Help_Contents(window_, form_->HelpFile);
     case MenuId::HelpOnHelp:
-      return Show_Help_On_Help(window_, form_->HelpFile);
+      return Show_Help_Page(window_, form_->HelpFile, kUsingHelpPage);
     case MenuId::About:
       return Show_About_Box(window_);
     case MenuId::AssignEnvVar:
       return Show_EnvVar_Setup(reinterpret_cast<HINSTANCE>(GetWindowLongPtrA(window_, GWLP_HINSTANCE)), window_,
-                               engine_);
+                               engine_, form_->HelpFile);
   }
 }
 
@@ -136,7 +137,8 @@ LRESULT CALLBACK EditorWindow::Control_Hook(HWND control, UINT message, WPARAM w
 }
 
 // The catalogue takes Enter from the dialog keys and marks key moves; the
-// file labels report the right button, held until it is released anywhere.
+// file labels report the right button, held until it is released anywhere,
+// and pass its release on.
 LRESULT EditorWindow::Handle_Control_Message(HWND control, UINT message, WPARAM wParam, LPARAM lParam, bool& handled) {
   const auto id = static_cast<ControlId>(GetDlgCtrlID(control));
   const bool scriptLabel = id == ControlId::ScriptFileLabel;
@@ -161,9 +163,9 @@ LRESULT EditorWindow::Handle_Control_Message(HWND control, UINT message, WPARAM 
     scriptLabel ? form_->ScriptFileLabel_MouseDown(kRightButton) : form_->DebugFileLabel_MouseDown(kRightButton);
     return 0;
   } else if (message == WM_RBUTTONUP) {
+    // The layout comes back first; the release then shows the label's What's-This.
     if (GetCapture() == control) ReleaseCapture();
     scriptLabel ? form_->ScriptFileLabel_MouseUp(kRightButton) : form_->DebugFileLabel_MouseUp(kRightButton);
-    return 0;
   }
   handled = false;
   return 0;

@@ -2,6 +2,8 @@
 
 #include <commctrl.h>
 
+#include <utility>
+
 #include "about.h"
 #include "engine.h"
 #include "envvar_setup_layout.h"
@@ -30,7 +32,8 @@ std::string With_Crlf(const std::string& text) {
 
 }  // namespace
 
-EnvVarSetupWindow::EnvVarSetupWindow(FormControls& controls) : FormView(controls, Batch_Controls()) {}
+EnvVarSetupWindow::EnvVarSetupWindow(FormControls& controls, std::string helpFile)
+    : FormView(controls, Batch_Controls()), helpFile_(std::move(helpFile)) {}
 
 bool EnvVarSetupWindow::Create(HINSTANCE instance, HWND owner, EnvVarSetupForm& form) {
   form_ = &form;
@@ -165,9 +168,9 @@ void EnvVarSetupWindow::ShowReport(const std::string& title, const std::string& 
   MessageBoxA(window_, With_Crlf(text).c_str(), title.c_str(), MB_OK | MB_ICONEXCLAMATION);
 }
 
-void Show_EnvVar_Setup(HINSTANCE instance, HWND owner, Engine& engine) {
+void Show_EnvVar_Setup(HINSTANCE instance, HWND owner, Engine& engine, const std::string& helpFile) {
   FormControls controls(kEnvVarSetupTitle, {0, 0, kDesignedBatchFormWidth, kDesignedBatchFormHeight}, Batch_Controls());
-  EnvVarSetupWindow window(controls);
+  EnvVarSetupWindow window(controls, helpFile);
   CRegSettings settings(engine.registry);
   settings.SetCompany(Company_Name());
   Win32FileDialogs dialogs;

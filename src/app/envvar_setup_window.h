@@ -6,6 +6,7 @@
 #include <windows.h>
 
 #include <memory>
+#include <string>
 
 #include "envvar_setup_form.h"
 #include "form_view.h"
@@ -17,7 +18,7 @@ struct Engine;
 
 class EnvVarSetupWindow : public FormView, public BatchView {
  public:
-  explicit EnvVarSetupWindow(FormControls& controls);
+  EnvVarSetupWindow(FormControls& controls, std::string helpFile);
 
   bool Create(HINSTANCE instance, HWND owner, EnvVarSetupForm& form);
   // Keyboard navigation (Tab, access keys); true when it took the message.
@@ -35,6 +36,8 @@ class EnvVarSetupWindow : public FormView, public BatchView {
   static LRESULT CALLBACK Control_Hook(HWND control, UINT message, WPARAM wParam, LPARAM lParam, UINT_PTR,
                                        DWORD_PTR self);
   LRESULT Handle_Message(UINT message, WPARAM wParam, LPARAM lParam) override;
+  std::string Help_File() const override { return helpFile_; }
+  HelpForm Help_Form() const override { return HelpForm::BatchEditor; }
   LRESULT Handle_Control_Message(HWND control, UINT message, WPARAM wParam, LPARAM lParam, bool& handled);
   void On_Command(ControlId id, int code);
   void On_Close();
@@ -42,9 +45,10 @@ class EnvVarSetupWindow : public FormView, public BatchView {
   EnvVarSetupForm* form_ = nullptr;
   HWND owner_ = nullptr;
   std::unique_ptr<ListBoxMirror> listMirror_;
+  std::string helpFile_;
 };
 
 // Shows the batch editor modally: the owner waits, disabled, until it closes.
-void Show_EnvVar_Setup(HINSTANCE instance, HWND owner, Engine& engine);
+void Show_EnvVar_Setup(HINSTANCE instance, HWND owner, Engine& engine, const std::string& helpFile);
 
 }  // namespace velmora

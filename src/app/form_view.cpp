@@ -1,5 +1,7 @@
 #include "form_view.h"
 
+#include <commctrl.h>
+
 namespace velmora {
 
 namespace {
@@ -62,6 +64,7 @@ void FormView::Create_Controls() {
     SendMessageA(control, WM_SETFONT, reinterpret_cast<WPARAM>(fonts_.Get(state.Font)), FALSE);
     if (state.Checked) SendMessageA(control, BM_SETCHECK, BST_CHECKED, 0);
     tips_.Set(control, state.ToolTip);
+    SetWindowSubclass(control, Help_Hook, 0, reinterpret_cast<DWORD_PTR>(this));
   }
 }
 
@@ -72,6 +75,7 @@ LRESULT CALLBACK FormView::Procedure(HWND window, UINT message, WPARAM wParam, L
   }
   auto* self = reinterpret_cast<FormView*>(GetWindowLongPtrA(window, GWLP_USERDATA));
   if (!self || !self->window_) return DefWindowProcA(window, message, wParam, lParam);
+  if (self->Handle_Help_Message(window, message, wParam, lParam)) return 0;
   return self->Handle_Message(message, wParam, lParam);
 }
 

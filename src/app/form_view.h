@@ -11,6 +11,7 @@
 #include <string>
 #include <vector>
 
+#include "control_help.h"
 #include "controls.h"
 #include "font_cache.h"
 #include "form_controls.h"
@@ -50,6 +51,9 @@ class FormView : public ControlObserver, public FormWindow {
   // control of the table, and starts showing the model.
   bool Create_Form(HINSTANCE instance, const char* className, HWND owner);
   virtual LRESULT Handle_Message(UINT message, WPARAM wParam, LPARAM lParam) = 0;
+  // The help file and the form whose page F1 opens when no control has help.
+  virtual std::string Help_File() const = 0;
+  virtual HelpForm Help_Form() const = 0;
 
   HWND Control(ControlId id) const;
   const ControlDeclaration* Declaration(ControlId id) const;
@@ -73,6 +77,12 @@ class FormView : public ControlObserver, public FormWindow {
 
  private:
   static LRESULT CALLBACK Procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam);
+  // Help, in form_view_help.cpp: F1 and What's-This on every control.
+  static LRESULT CALLBACK Help_Hook(HWND control, UINT message, WPARAM wParam, LPARAM lParam, UINT_PTR, DWORD_PTR self);
+  bool Handle_Help_Message(HWND window, UINT message, WPARAM wParam, LPARAM lParam);
+  void Show_Help_For(ControlId id);
+  void Show_Whats_This_At(HWND window, POINT clientPoint);
+  void Show_Whats_This_Of(HWND control, POINT screenPoint);
   void Create_Controls();
   void Show_Text(HWND control, const std::string& text);
   void Show_Rect(ControlId id);

@@ -6,6 +6,7 @@
 #include "editor_form.h"
 #include "editor_window.h"
 #include "engine.h"
+#include "help_viewer.h"
 #include "interpreter.h"
 #include "reg_settings.h"
 #include "session.h"
@@ -42,6 +43,7 @@ int Run_Editor(Engine& engine, HINSTANCE instance, int show) {
   form.Form_Load_Interactive();
   window.Show(show);
   Run_Message_Loop(window);
+  Close_Help();
   Shut_Down(engine, true, state.ScriptFileNumber, state.DebugFileNumber);
   engine.surface = nullptr;
   return 0;
