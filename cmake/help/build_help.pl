@@ -159,7 +159,9 @@ sub rewrite_link {
     return $up . basename($source);
   }
   return undef unless $source =~ /\.md$/ && defined $first_page_of{$source};
-  my $to = defined $anchor ? $anchor_page{"$source#$anchor"} // $first_page_of{$source} : $first_page_of{$source};
+  fail("$page->{source} links to $target, which has no such heading")
+    if defined $anchor && !defined $anchor_page{"$source#$anchor"};
+  my $to = defined $anchor ? $anchor_page{"$source#$anchor"} : $first_page_of{$source};
   return ($to eq $page->{name} ? '' : "$up$to.html") . (defined $anchor ? "#$anchor" : '');
 }
 
