@@ -4,7 +4,8 @@
 # C:\Velmora Sample of a fresh Wine prefix. Prints the debug log, lists what
 # arrived, and saves a picture of the installer's finish page, which the
 # script leaves on the screen for a few seconds, as docs/demo-finish.png,
-# and pictures of the editor (docs/editor.png) and of a pick (docs/pick.png).
+# and pictures of the editor (docs/editor.png), of a pick (docs/pick.png), of
+# the batch editor (docs/batch-editor.png) and of the about box (docs/about.png).
 set -uo pipefail
 
 root="$(cd "$(dirname "${BASH_SOURCE[0]}")/.." && pwd)"
@@ -35,29 +36,24 @@ picture="$root/docs/demo-finish.png"
 # way the shell opens a script, with a debug file it remembers, so that no
 # dialog asks for one; the picture is taken once its window is up.
 take_editor_picture() {
-  local editor_picture="$root/docs/editor.png" rect
   : >"$demo/editor.vld"
   wine_run reg add 'HKCU\Software\Velmora Software\Velmora\Editor' /v "Debug File" /t REG_SZ \
     /d "\"$(wine_winpath "$demo/editor.vld")\"" /f >/dev/null 2>&1
-  printf '%s\n' '"install.vls"' >"$root/build/demo-editor-cmdline.txt"
-  (cd "$demo" && wine_run "$bin/launch.exe" "$(wine_winpath "$bin/velmora.exe")" \
-    "$(wine_winpath "$root/build/demo-editor-cmdline.txt")" 20 >/dev/null 2>&1) &
-  local editor=$!
-  if wine_run "$bin/wintree.exe" --wait 15 "Velmora - IDE" >/dev/null; then
-    sleep 2
-    rect="$(wine_run "$bin/wintree.exe" "Velmora - IDE" | head -n 1 |
-      sed -nE 's/.* id=0 \[(-?[0-9]+),(-?[0-9]+),(-?[0-9]+),(-?[0-9]+)\].*/\1 \2 \3 \4/p')"
-    if [ -n "$rect" ]; then
-      read -r left top right bottom <<<"$rect"
-      import -display "$DISPLAY" -window root -crop "$((right - left))x$((bottom - top))+$left+$top" +repage \
-        -strip -define png:exclude-chunks=date,time "$editor_picture" &&
-        echo "demo: saved the editor with install.vls as ${editor_picture#"$root/"}"
-    fi
-  else
-    echo "demo: the editor did not appear"
-  fi
-  wait "$editor"  # launch.exe ends the editor after its 20 seconds
+  launch '"install.vls"' 20 editor
+  window_picture "Velmora - IDE" "$root/docs/editor.png"
+  wait "$launched"  # launch.exe ends the editor after its 20 seconds
   wine_run reg delete 'HKCU\Software\Velmora Software\Velmora' /f >/dev/null 2>&1
+}
+
+# Starts velmora.exe in build/demo with the exact command line $1, for at most
+# $2 seconds, in the background (its command line file named after $3); the
+# process id is left in $launched.
+launch() {
+  local file="$root/build/demo-$3-cmdline.txt"
+  printf '%s\n' "$1" >"$file"
+  (cd "$demo" && wine_run "$bin/launch.exe" "$(wine_winpath "$bin/velmora.exe")" "$(wine_winpath "$file")" "$2" \
+    >/dev/null 2>&1) &
+  launched=$!
 }
 
 # A pick in progress, as docs/pick.png: a Velmora session opens the editor at
@@ -88,10 +84,8 @@ sendkeys: "%{F4}"
 findwindow: 1, "Velmora Sample Setup", "#32770", 0, 0.5, 0.5, 0.10
 sendkeys: "{ESC}"
 SCRIPT
-  printf '%s\n' '"pick-picture.vls" "pick-picture.vld"' >"$root/build/demo-pick-cmdline.txt"
-  (cd "$demo" && wine_run "$bin/launch.exe" "$(wine_winpath "$bin/velmora.exe")" \
-    "$(wine_winpath "$root/build/demo-pick-cmdline.txt")" 60 >/dev/null 2>&1) &
-  local session=$!
+  launch '"pick-picture.vls" "pick-picture.vld"' 60 pick
+  local session=$launched
   if wine_run "$bin/wintree.exe" --wait 40 "Velmora Script Editor  ** DISABLED PENDING WINDOW LOCATION INPUT! **" \
     >/dev/null; then
     sleep 2.5  # the pointer reaches the button a second into the pick
@@ -138,6 +132,75 @@ wait "$session"
 status=$?
 echo "demo: the session took $(($(date +%s) - started)) s"
 
+# The batch editor with the sample batch file and its TARGETDIR line chosen
+# (docs/batch-editor.png), then the about box (docs/about.png), both opened
+# from the Velmora menu; each picture is cut to its window.
+take_batch_pictures() {
+  cat >"$demo/batch-pictures.vls" <<'SCRIPT'
+run: "velmora.exe"
+findwindow: 2, "Velmora - IDE", "VelmoraEditor", 0, 0.5, 0.5, "&Velmora", "Button", 1001, 0.5, 0.5, 0.30
+sendbuttons: sl
+sendkeys: "b"
+findwindow: 2, "Assign Environment Variables in Batch File", "VelmoraBatchEditor", 0, 0.5, 0.5, "New Batch File", "#32770", 0, 0.5, 0.5, 0.15
+sendkeys: "install.bat{ENTER}"
+findwindow: 2, "Assign Environment Variables in Batch File", "VelmoraBatchEditor", 0, 0.5, 0.5, "", "ListBox", 2004, 0.5, 0.5, 0.10
+sendkeys: "{DOWN}{ENTER}"
+usemouse: nc, 65535, 65535
+wait: 0.06
+findwindow: 1, "Assign Environment Variables in Batch File", "VelmoraBatchEditor", 0, 0.5, 0.5, 0.10
+sendkeys: "%{F4}"
+findwindow: 2, "Velmora - IDE", "VelmoraEditor", 0, 0.5, 0.5, "&Velmora", "Button", 1001, 0.5, 0.5, 0.10
+sendbuttons: sl
+sendkeys: "a"
+wait: 0.06
+findwindow: 2, "Velmora - IDE", "VelmoraEditor", 0, 0.5, 0.5, "About Velmora", "#32770", 0, 0.5, 0.5, 0.10
+sendkeys: "{ENTER}"
+findwindow: 1, "Velmora - IDE", "VelmoraEditor", 0, 0.5, 0.5, 0.10
+sendkeys: "%{F4}"
+SCRIPT
+  launch '"batch-pictures.vls" "batch-pictures.vld"' 60 batch
+  local session=$launched
+  window_picture "Assign Environment Variables in Batch File" "$root/docs/batch-editor.png" TARGETDIR
+  window_picture "About Velmora" "$root/docs/about.png"
+  wait "$session"
+  wine_run reg delete 'HKCU\Software\Velmora Software\Velmora' /f >/dev/null 2>&1
+}
+
+# Waits for the window titled $1 (and for a window with the text $3, when
+# given: a sign that the window shows what the picture is for), lets it
+# settle, and saves it cut from the screen as $2.
+window_picture() {
+  local title="$1" picture="$2" ready="${3:-$1}" line
+  if ! wine_run "$bin/wintree.exe" --wait 30 "$title" >/dev/null ||
+    ! wine_run "$bin/wintree.exe" --wait 30 "$ready" >/dev/null; then
+    echo "demo: no window \"$title\" showing \"$ready\" appeared"
+    return
+  fi
+  sleep 2
+  # Without a window manager nothing draws the frame and the title bar, so
+  # the picture is the area of the window's controls with a small margin.
+  local box
+  box="$(wine_run "$bin/wintree.exe" "$title" | tr -d '\r' | awk -v margin=4 '
+    match($0, /\[-?[0-9]+,-?[0-9]+,-?[0-9]+,-?[0-9]+\]/) {
+      split(substr($0, RSTART + 1, RLENGTH - 2), r, ",")
+      if (NR == 1) { wl = r[1]; wt = r[2]; wr = r[3]; wb = r[4]; next }
+      if ($0 !~ /^  [^ ]/) next
+      if (n++ == 0) { l = r[1]; t = r[2]; rt = r[3]; b = r[4] }
+      if (r[1] < l) l = r[1]
+      if (r[2] < t) t = r[2]
+      if (r[3] > rt) rt = r[3]
+      if (r[4] > b) b = r[4]
+    }
+    END {
+      if (!n) exit 1
+      l = (l - margin < wl) ? wl : l - margin; t = (t - margin < wt) ? wt : t - margin
+      rt = (rt + margin > wr) ? wr : rt + margin; b = (b + margin > wb) ? wb : b + margin
+      printf "%dx%d+%d+%d\n", rt - l, b - t, l, t
+    }')" || return
+  import -display "$DISPLAY" -window root -crop "$box" +repage -strip \
+    -define png:exclude-chunks=date,time "$picture" && echo "demo: saved ${picture#"$root/"}"
+}
+
 installed="$WINEPREFIX/drive_c/Velmora Sample"
 if [ -d "$installed" ]; then
   echo "demo: installed into $TARGETDIR:"
@@ -149,6 +212,7 @@ else
 fi
 take_editor_picture
 take_pick_picture
+take_batch_pictures
 wine_stop
 
 if [ -f "$demo/install.vld" ]; then
