@@ -54,7 +54,8 @@ void EditorWindow::On_Command(ControlId id, int code) {
     case EN_SETFOCUS:
     case LBN_SETFOCUS:
       controls_.FocusMoved(id);
-      if (id == ControlId::CommandLine || id == ControlId::Minutes)
+      // Coming back to the form is no entering of the field: no pick starts.
+      if (!restoringFocus_ && (id == ControlId::CommandLine || id == ControlId::Minutes))
         PostMessageA(window_, kFieldEntered, static_cast<WPARAM>(id), 0);
       break;
     case LBN_SELCHANGE:

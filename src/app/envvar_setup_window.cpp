@@ -147,7 +147,7 @@ LRESULT EnvVarSetupWindow::Handle_Control_Message(HWND control, UINT message, WP
   }
   if (id == ControlId::EnvVarValue && message == WM_CHAR && form_->EnvVarValue_KeyPress(static_cast<int>(wParam)))
     return 0;
-  if (id == ControlId::OpenBatchButton && message == WM_SETFOCUS) form_->OpenBatchButton_GotFocus();
+  if (id == ControlId::OpenBatchButton && message == WM_SETFOCUS && !restoringFocus_) form_->OpenBatchButton_GotFocus();
   handled = false;
   return 0;
 }

@@ -76,7 +76,26 @@ LRESULT CALLBACK FormView::Procedure(HWND window, UINT message, WPARAM wParam, L
   auto* self = reinterpret_cast<FormView*>(GetWindowLongPtrA(window, GWLP_USERDATA));
   if (!self || !self->window_) return DefWindowProcA(window, message, wParam, lParam);
   if (self->Handle_Help_Message(window, message, wParam, lParam)) return 0;
+  if (message == WM_ACTIVATE && self->Keep_Focus_On_Activation(wParam)) return 0;
   return self->Handle_Message(message, wParam, lParam);
+}
+
+// The control that had the focus gets it back when the form is activated
+// again (after a dialog, the help or another program), as in a dialog box;
+// without this the form itself would take it.
+bool FormView::Keep_Focus_On_Activation(WPARAM wParam) {
+  if (LOWORD(wParam) == WA_INACTIVE) {
+    HWND focus = GetFocus();
+    if (focus && IsChild(window_, focus)) focusBefore_ = focus;
+    return false;
+  }
+  if (HIWORD(wParam) || !focusBefore_ || !IsWindow(focusBefore_) || !IsChild(window_, focusBefore_)) return false;
+  for (HWND up = focusBefore_; up != window_; up = GetParent(up))
+    if (!IsWindowVisible(up) || !IsWindowEnabled(up)) return false;
+  restoringFocus_ = true;
+  SetFocus(focusBefore_);
+  restoringFocus_ = false;
+  return true;
 }
 
 HWND FormView::Control(ControlId id) const {

@@ -73,10 +73,12 @@ class FormView : public ControlObserver, public FormWindow {
   HWND window_ = nullptr;
   TwipsScale scale_;
   FontCache fonts_;
-  bool showingText_ = false;  // the text change comes from the model, not from the user
+  bool showingText_ = false;     // the text change comes from the model, not from the user
+  bool restoringFocus_ = false;  // the focus comes back on activation, not from the user
 
  private:
   static LRESULT CALLBACK Procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam);
+  bool Keep_Focus_On_Activation(WPARAM wParam);
   // Help, in form_view_help.cpp: F1 and What's-This on every control.
   static LRESULT CALLBACK Help_Hook(HWND control, UINT message, WPARAM wParam, LPARAM lParam, UINT_PTR, DWORD_PTR self);
   bool Handle_Help_Message(HWND window, UINT message, WPARAM wParam, LPARAM lParam);
@@ -94,6 +96,7 @@ class FormView : public ControlObserver, public FormWindow {
   ToolTips tips_;
   std::map<ControlId, HWND> handles_;
   std::optional<WindowState> pendingState_;  // asked for before the window was shown
+  HWND focusBefore_ = nullptr;               // the control that had the focus when the form was left
 };
 
 }  // namespace velmora

@@ -28,13 +28,17 @@ LRESULT CALLBACK FormView::Help_Hook(HWND control, UINT message, WPARAM wParam, 
       return result;
     }
     case WM_CONTEXTMENU:
-      // What's-This replaces the controls' own menus; Shift+F10 shows it too.
-      if (lParam == -1) {
+      return 0;  // What's-This replaces the controls' own menus
+    case WM_KEYDOWN:
+    case WM_SYSKEYDOWN:
+      // Shift+F10 and the menu key: the pop-up below the focused control.
+      if (wParam == VK_APPS || (wParam == VK_F10 && GetKeyState(VK_SHIFT) < 0)) {
         RECT place;
         GetWindowRect(control, &place);
         view->Show_Whats_This_Of(control, {place.left, place.bottom});
+        return 0;
       }
-      return 0;
+      break;
     default:
       break;
   }
