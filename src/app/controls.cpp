@@ -112,6 +112,12 @@ void Register_Frame_Class(HINSTANCE instance) {
   RegisterClassExA(&frameClass);
 }
 
+std::string Window_Text(HWND window) {
+  std::string text(static_cast<std::size_t>(GetWindowTextLengthA(window)) + 1, '\0');
+  text.resize(static_cast<std::size_t>(GetWindowTextA(window, text.data(), static_cast<int>(text.size()))));
+  return text;
+}
+
 bool Starts_Option_Group(ControlId id) { return id == ControlId::MouseButton0 || id == ControlId::DebugState0; }
 
 HWND Create_Control(const ControlDeclaration& declaration, const ControlState& state, HWND parent,

@@ -23,6 +23,9 @@ void Register_Frame_Class(HINSTANCE instance);
 HWND Create_Control(const ControlDeclaration& declaration, const ControlState& state, HWND parent,
                     const TwipsScale& scale, bool firstOfGroup);
 
+// A window's text, whole.
+std::string Window_Text(HWND window);
+
 // Option buttons that start a group of their own.
 bool Starts_Option_Group(ControlId id);
 

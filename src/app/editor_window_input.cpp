@@ -21,12 +21,6 @@ namespace {
 constexpr int kRightButton = 2;
 constexpr char kUsingHelpPage[] = "using-help";
 
-std::string Window_Text(HWND control) {
-  std::string text(static_cast<std::size_t>(GetWindowTextLengthA(control)) + 1, '\0');
-  text.resize(static_cast<std::size_t>(GetWindowTextA(control, text.data(), static_cast<int>(text.size()))));
-  return text;
-}
-
 long Selected_Index(HWND list) { return static_cast<long>(SendMessageA(list, LB_GETCURSEL, 0, 0)); }
 
 // The buttons and the form's procedure each one runs.
@@ -106,10 +100,7 @@ void EditorWindow::On_Menu(MenuId id) {
 }
 
 void EditorWindow::On_Text_Changed(ControlId id) {
-  HWND control = Control(id);
-  DWORD caret = 0;
-  SendMessageA(control, EM_GETSEL, 0, reinterpret_cast<LPARAM>(&caret));
-  controls_.TextTyped(id, Window_Text(control), static_cast<long>(caret));
+  Take_Typed_Text(id);
   if (id == ControlId::CommandLine) form_->CommandLine_Change();
   if (id == ControlId::Minutes) form_->Minutes_Change();
   if (id == ControlId::Seconds) form_->Seconds_Change();

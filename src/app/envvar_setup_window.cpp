@@ -86,14 +86,7 @@ void EnvVarSetupWindow::On_Command(ControlId id, int code) {
       break;
     case EN_CHANGE:
       if (showingText_ || id != ControlId::EnvVarValue) break;
-      {
-        HWND control = Control(id);
-        std::string text(static_cast<std::size_t>(GetWindowTextLengthA(control)) + 1, '\0');
-        text.resize(static_cast<std::size_t>(GetWindowTextA(control, text.data(), static_cast<int>(text.size()))));
-        DWORD caret = 0;
-        SendMessageA(control, EM_GETSEL, 0, reinterpret_cast<LPARAM>(&caret));
-        controls_.TextTyped(id, text, static_cast<long>(caret));
-      }
+      Take_Typed_Text(id);
       form_->EnvVarValue_Change();
       break;
     case EN_SETFOCUS:

@@ -123,6 +123,13 @@ void FormView::Show(int showCommand) {
   UpdateWindow(window_);
 }
 
+void FormView::Take_Typed_Text(ControlId id) {
+  HWND control = Control(id);
+  DWORD caret = 0;
+  SendMessageA(control, EM_GETSEL, 0, reinterpret_cast<LPARAM>(&caret));
+  controls_.TextTyped(id, Window_Text(control), static_cast<long>(caret));
+}
+
 void FormView::Track_Placement() {
   if (!IsIconic(window_)) controls_.SetRect(ControlId::Form, Placement());
 }

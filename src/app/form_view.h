@@ -64,6 +64,8 @@ class FormView : public ControlObserver, public FormWindow {
   // Sets the list's font by name and returns the face the font system gave.
   std::string Set_List_Font(ControlId list, const std::string& name);
   LRESULT On_Control_Colour(HDC dc, HWND control, bool edit);
+  // A text box's text and caret as the user left them, into the model.
+  void Take_Typed_Text(ControlId id);
   // The model's size follows the window's; the caller lays out after it.
   void Track_Placement();
   // Ends showing the model: the window and its controls are going.

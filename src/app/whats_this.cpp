@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "controls.h"
 #include "twips.h"
 
 namespace velmora {
@@ -21,12 +22,6 @@ int Scaled(int pixels) { return MulDiv(pixels, Screen_Dpi(), kDesignDpi); }
 
 HFONT Popup_Font() { return static_cast<HFONT>(GetStockObject(DEFAULT_GUI_FONT)); }
 
-std::string Text_Of(HWND popup) {
-  std::string text(static_cast<std::size_t>(GetWindowTextLengthA(popup)) + 1, '\0');
-  text.resize(static_cast<std::size_t>(GetWindowTextA(popup, text.data(), static_cast<int>(text.size()))));
-  return text;
-}
-
 void Paint(HWND popup) {
   PAINTSTRUCT paint;
   HDC dc = BeginPaint(popup, &paint);
@@ -37,7 +32,7 @@ void Paint(HWND popup) {
   SetBkMode(dc, TRANSPARENT);
   SetTextColor(dc, GetSysColor(COLOR_INFOTEXT));
   InflateRect(&area, -Scaled(kMargin), -Scaled(kMargin));
-  const std::string text = Text_Of(popup);
+  const std::string text = Window_Text(popup);
   DrawTextA(dc, text.c_str(), static_cast<int>(text.size()), &area, kTextFormat);
   SelectObject(dc, previous);
   EndPaint(popup, &paint);
