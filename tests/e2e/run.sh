@@ -32,8 +32,12 @@ velmora_win="$(wine_winpath "$bin/velmora.exe")"
 passed=0
 failed=0
 
-# Normalised debug log for comparison: CR removed, masks applied.
-normalise() { tr -d '\r' <"$1" | sed -E -f "$mask"; }
+# Normalised debug log for comparison: CR removed, masks applied, and the
+# path of the velmora.exe under test (which depends on the checkout) shown as
+# <E2E_VELMORA>.
+normalise() {
+  tr -d '\r' <"$1" | sed -E -f "$mask" | perl -pe 'BEGIN { $path = shift } s/\Q$path\E/<E2E_VELMORA>/g' "$velmora_win"
+}
 
 # Succeeds when every line of the file ends in CR LF, the last one too, and
 # no CR stands anywhere else.
