@@ -55,6 +55,15 @@ run_one() {
   rm -rf "$scratch"
   mkdir -p "$wd"
   [ -d "$case_dir/files" ] && cp -a "$case_dir/files/." "$wd/"
+  if [ -f "$case_dir/prepare.sh" ]; then
+    local prepare_output
+    if ! prepare_output="$(cd "$wd" && E2E_LIB="$here/lib.sh" bash "$case_dir/prepare.sh" 2>&1)"; then
+      echo "FAIL $label (prepare.sh failed)"
+      printf '%s\n' "$prepare_output" | sed 's/^/    /'
+      failed=$((failed + 1))
+      return
+    fi
+  fi
   printf '%s\n' "$command_line" >"$scratch/cmdline.txt"
   (cd "$wd" && find . -type f | sort) >"$scratch/before.txt"
 
