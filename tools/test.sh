@@ -2,7 +2,8 @@
 # Builds Velmora both ways and runs every test layer:
 #   1. native unit tests (host g++, AddressSanitizer and UBSan), through ctest
 #   2. the Win32 platform tests, under Wine
-#   3. the end-to-end cases of velmora.exe, under Wine
+#   3. the end-to-end cases of velmora.exe, under Wine (after tools/package.sh
+#      has built the installer that one of them installs)
 #   4. the fuzz targets of the parsers, each for VELMORA_FUZZ_SECONDS (20)
 # One Wine session (display, server, prefix) serves layers 2 and 3.
 # Exits non-zero when anything fails; the last line is "N passed, N failed",
@@ -74,6 +75,16 @@ fi
 
 # --- layers 2 and 3: under Wine ----------------------------------------------
 if build windows; then
+  # The installer and the zip, which the velmora_setup case installs.
+  section "package"
+  since=$(date +%s)
+  if "$root/tools/package.sh" >"$logs/package.log" 2>&1; then
+    echo "packaged in $(elapsed "$since")"
+  else
+    tail -n 30 "$logs/package.log"
+    echo "packaging failed (log in ${logs#"$root/"}/package.log)"
+    add package 0 1
+  fi
   # shellcheck source=wine-env.sh
   source "$root/tools/wine-env.sh"
   section "Wine"
