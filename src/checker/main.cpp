@@ -45,6 +45,12 @@ void Write(DWORD which, const std::string& text) {
 
 }  // namespace
 
+// The C runtime expands wildcards in the arguments (scripts\*.vls), since
+// neither cmd.exe nor a build tool does.
+extern "C" {
+int _dowildcard = -1;
+}
+
 int main(int argc, char** argv) {
   velmora::Win32Host host;
   velmora::Win32Registry registry;
