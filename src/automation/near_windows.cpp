@@ -10,7 +10,7 @@ namespace velmora {
 namespace {
 
 struct Candidate {
-  NearWindow near;
+  NearWindow miss;
   int differing = 0;
   std::size_t commonStart = 0;
   std::size_t order = 0;
@@ -59,8 +59,8 @@ class NearSearch {
     for (std::size_t depth = 0; depth < chain.size(); ++depth) {
       Candidate candidate = Compare(chain[depth], levels_[depth]);
       if (candidate.differing == 0) continue;
-      candidate.near.window = window;
-      candidate.near.matchingLevels = depth;
+      candidate.miss.window = window;
+      candidate.miss.matchingLevels = depth;
       candidate.order = candidates_.size();
       candidates_.push_back(std::move(candidate));
       return;
@@ -77,9 +77,9 @@ class NearSearch {
     Candidate candidate;
     for (std::size_t i = 0; i < 3; ++i) {
       if (fields[i][0] == fields[i][1] || candidate.differing++ > 0) continue;
-      candidate.near.field = kFieldNames[i];
-      candidate.near.wanted = fields[i][0];
-      candidate.near.found = fields[i][1];
+      candidate.miss.field = kFieldNames[i];
+      candidate.miss.wanted = fields[i][0];
+      candidate.miss.found = fields[i][1];
       candidate.commonStart = Common_Start(fields[i][0], fields[i][1]);
     }
     return candidate;
@@ -98,20 +98,20 @@ std::vector<NearWindow> Nearest_Windows(Desktop& desktop, const std::vector<Wind
   if (levels.empty()) return {};
   std::vector<Candidate> candidates = NearSearch(desktop, levels).Run();
   const auto nearer = [](const Candidate& a, const Candidate& b) {
-    return std::make_tuple(b.near.matchingLevels, a.differing, b.commonStart, a.order) <
-           std::make_tuple(a.near.matchingLevels, b.differing, a.commonStart, b.order);
+    return std::make_tuple(b.miss.matchingLevels, a.differing, b.commonStart, a.order) <
+           std::make_tuple(a.miss.matchingLevels, b.differing, a.commonStart, b.order);
   };
   const std::size_t kept = std::min(most, candidates.size());
   std::partial_sort(candidates.begin(), candidates.begin() + static_cast<std::ptrdiff_t>(kept), candidates.end(), nearer);
   std::vector<NearWindow> nearest;
-  for (std::size_t i = 0; i < kept; ++i) nearest.push_back(std::move(candidates[i].near));
+  for (std::size_t i = 0; i < kept; ++i) nearest.push_back(std::move(candidates[i].miss));
   return nearest;
 }
 
-std::vector<std::string> Near_Window_Lines(const std::vector<NearWindow>& near, std::size_t levelCount) {
-  if (near.empty()) return {"Info: No window comes near the description."};
+std::vector<std::string> Near_Window_Lines(const std::vector<NearWindow>& nearest, std::size_t levelCount) {
+  if (nearest.empty()) return {"Info: No window comes near the description."};
   std::vector<std::string> lines;
-  for (const NearWindow& w : near)
+  for (const NearWindow& w : nearest)
     lines.push_back("Info: Nearest window " + std::to_string(w.window) + " fits " + std::to_string(w.matchingLevels) +
                     " of " + std::to_string(levelCount) + " levels; level " + std::to_string(w.matchingLevels + 1) +
                     " " + w.field + " differs: " + Quoted(w.wanted) + " in the script, " + Quoted(w.found) +

@@ -28,6 +28,6 @@ std::vector<NearWindow> Nearest_Windows(Desktop& desktop, const std::vector<Wind
                                         std::size_t most = 3);
 
 // The Info lines that say so, for the log.
-std::vector<std::string> Near_Window_Lines(const std::vector<NearWindow>& near, std::size_t levelCount);
+std::vector<std::string> Near_Window_Lines(const std::vector<NearWindow>& nearest, std::size_t levelCount);
 
 }  // namespace velmora
