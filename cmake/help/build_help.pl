@@ -68,7 +68,7 @@ my @commands = ((split /\|/, $1), 'comment');
 # A source is one page named after its file, or several: a line
 # "<!-- page: NAME -->" starts the page NAME.
 my @pages;    # { name, source, markdown }
-my @sources = ('docs/user-guide.md', 'docs/script-reference.md', map { s|^\Q$root\E/||r } sort glob("$root/docs/help/*.md"));
+my @sources = ('docs/user-guide.md', 'docs/deploying.md', 'docs/script-reference.md', map { s|^\Q$root\E/||r } sort glob("$root/docs/help/*.md"));
 for my $source (@sources) {
   my $page = {name => basename($source, '.md'), source => $source, markdown => ''};
   push @pages, $page;
@@ -196,7 +196,7 @@ spew("$work/chm/$_", slurp("$root/$images{$_}")) for keys %images;
 # The contents: the top pages in this order, the commands under the script
 # reference and the editor's areas under the editor. A page that has no place
 # here is an error, so no page is left where no one finds it.
-my @top = qw(index using-help user-guide script-reference editor batch-editor);
+my @top = qw(index using-help user-guide deploying script-reference editor batch-editor);
 sub parent_of {
   my ($name) = @_;
   return 'script-reference' if $name =~ m{^commands/};

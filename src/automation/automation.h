@@ -27,6 +27,9 @@ class Automation : public WindowAutomation {
   WindowSearch& Search() { return search_; }
 
  private:
+  WindowHandle Found_Target() const;  // the window findwindow chose, or 0
+
+  Desktop& desktop_;
   TargetState target_;
   WindowSearch search_;
   FindWindow findWindow_;

@@ -6,10 +6,12 @@
 #include "debug_log.h"
 #include "engine.h"
 #include "environment.h"
+#include "near_windows.h"
 #include "numeric.h"
 #include "parsed_command.h"
 #include "screen_point.h"
 #include "session.h"
+#include "text.h"
 #include "trap.h"
 #include "wait_budget.h"
 
@@ -106,6 +108,7 @@ std::int32_t FindWindow::FindWindow_Command(bool Interactive, const ParsedComman
     if (target_.FoundCount < 1) {
       LastCommandSucceeded = false;
       Log("The window was NOT found.");
+      Explain_Not_Found();
       return;
     }
     LastCommandSucceeded = true;
@@ -178,6 +181,15 @@ FindForecast Forecast_Find(Engine& engine, Desktop& desktop, const std::vector<W
     }
   }
   return forecast;
+}
+
+// Only on request: the established log has no such lines, and the walk
+// for them reads windows that the search itself passed by.
+void FindWindow::Explain_Not_Found() {
+  const auto wanted = engine_.host.GetEnv("VELMORA_EXPLAIN");
+  if (!wanted || Trim(*wanted) != "1") return;
+  for (const std::string& line : Near_Window_Lines(Nearest_Windows(desktop_, target_.Levels), target_.Levels.size()))
+    Log(line);
 }
 
 void FindWindow::Warn_Several() {

@@ -54,6 +54,7 @@ class FindWindow {
 
  private:
   void Log(const std::string& text);
+  void Explain_Not_Found();
   void Warn_Several();
   void Choose_Under_Pointer();
 

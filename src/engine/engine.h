@@ -3,6 +3,7 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 #include <string>
 #include <vector>
 
@@ -25,6 +26,7 @@ struct ReportRecord {
   std::string title;
   std::string location;
   int kind = 0;
+  long line = -1;  // the script line (from 0) that the pass over the script was at; -1 outside it
 };
 
 struct Engine {
@@ -51,6 +53,12 @@ struct Engine {
   ReportRecord lastReport;   // the last of them
   int reportDepth = 0;       // error reports under way; a report from inside one is not written
   bool nestedFatal = false;  // a fatal report arrived while another report was being written
+
+  // A script checker wants every complaint rather than a run's first: when
+  // set, reports go here instead of the log, end no session, and the pass
+  // over the script goes on past block errors.
+  std::function<void(const ReportRecord&)> reportObserver;
+  long reportLine = -1;  // the line the pass over the script is at, for the reports it makes
 };
 
 }  // namespace velmora

@@ -49,7 +49,12 @@ void Report_Error(Engine& engine, bool interactive, long code, const std::string
                   const std::string& location, int kind) {
   RunState& state = engine.state;
   ++engine.reportsMade;
-  engine.lastReport = {code, message, title, location, kind};
+  engine.lastReport = {code, message, title, location, kind, engine.reportLine};
+  if (engine.reportObserver) {
+    if (kind == kFatal) state.StopRunning = true;
+    engine.reportObserver(engine.lastReport);
+    return;
+  }
   // A report raised while a report writes its own lines (the debug file
   // itself failing) would only recurse: it is not written, but when it is
   // fatal the outer report ends the run in its place.

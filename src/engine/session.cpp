@@ -111,6 +111,10 @@ void Write_Automatic_Header(Engine& engine) {
   if (engine.state.SpeedFactor != 1.0)
     Log_Always(engine, false,
         "SPEED_FACTOR IN USE:  " + Shortest_Decimal(engine.state.SpeedFactor, engine.host.DecimalSeparator()));
+  if (engine.desktop && engine.desktop->InServiceSession())
+    Log_Always(engine, false,
+               "Info: Velmora is running in session 0, the services' session, which has no interactive desktop: "
+               "no findwindow can see the user's windows. Start Velmora in the user's session.");
 }
 
 }  // namespace

@@ -62,7 +62,7 @@ class Pass {
  public:
   Pass(Engine& engine, bool interactive, bool reformat)
       : engine_(engine), trace_(engine.TraceWindow), table_(engine.LogicalControls), interactive_(interactive),
-        reformat_(reformat && interactive) {}
+        reformat_(reformat && interactive), checking_(static_cast<bool>(engine.reportObserver)) {}
 
   // False when a block error stopped the pass.
   bool Run();
@@ -81,7 +81,7 @@ class Pass {
   void Reformat_Before(std::uint8_t code, long& index);
   void Reformat_After(std::uint8_t code);
   void Unindent(long index);
-  void Fail(const BlockError& error, long index);
+  bool Fail(const BlockError& error, long index);
   std::size_t Leading_Blanks(long index) const;
 
   Engine& engine_;
@@ -89,6 +89,8 @@ class Pass {
   ListModel& table_;
   bool interactive_;
   bool reformat_;
+  bool checking_;         // a checker hears of every block error; a run stops at the first
+  bool blockFailed_ = false;
   std::string prefix_;
   long firstParameterError_ = -1;
   std::vector<OpenBlock> ifs_;         // open ifs, with or without else
@@ -114,7 +116,7 @@ bool Pass::Run() {
     long index = static_cast<long>(trace_.Count()) - 1;
     if (!Line(index)) return false;
   }
-  if (!Check_All_Closed()) return false;
+  if (!Check_All_Closed() || blockFailed_) return false;
   if (firstParameterError_ != -1) trace_.Select(firstParameterError_);
   Index_Block_Table(engine_);
   return true;
@@ -133,6 +135,7 @@ void Pass::Put_Back_The_Rest() {
 }
 
 bool Pass::Line(long& index) {
+  engine_.reportLine = index;
   const std::string line = Trim(trace_.Item(index));
   trace_.Set(static_cast<std::size_t>(index), line);
   ParsedCommand parsed;
@@ -211,10 +214,7 @@ void Pass::Unindent(long index) {
 
 bool Pass::Close_Else(long index) {
   Unindent(index);
-  if (ifsNoElse_.empty()) {
-    Fail(kElseUnmatched, index);
-    return false;
-  }
+  if (ifsNoElse_.empty()) return Fail(kElseUnmatched, index);
   const OpenBlock block = ifsNoElse_.back();
   if (!Check_Level(block, index, kElseLevel)) return false;
   ifsNoElse_.pop_back();
@@ -224,10 +224,7 @@ bool Pass::Close_Else(long index) {
 
 bool Pass::Close_If(long index) {
   Unindent(index);
-  if (ifs_.empty()) {
-    Fail(kEndIfUnmatched, index);
-    return false;
-  }
+  if (ifs_.empty()) return Fail(kEndIfUnmatched, index);
   const OpenBlock block = ifs_.back();
   if (!Check_Level(block, index, kEndIfLevel)) return false;
   ifs_.pop_back();
@@ -244,10 +241,7 @@ bool Pass::Close_If(long index) {
 bool Pass::Close_Loop(std::vector<OpenBlock>& open, const char* closed, long index, const BlockError& level,
                       const BlockError& unmatched) {
   Unindent(index);
-  if (open.empty()) {
-    Fail(unmatched, index);
-    return false;
-  }
+  if (open.empty()) return Fail(unmatched, index);
   const OpenBlock block = open.back();
   if (!Check_Level(block, index, level)) return false;
   open.pop_back();
@@ -262,13 +256,14 @@ std::size_t Pass::Leading_Blanks(long index) const {
 }
 
 // An opening and its closing keyword must stand at the same indentation.
+// A checker pairs them all the same, so that one fault is reported once.
 bool Pass::Check_Level(const OpenBlock& block, long index, const BlockError& level) {
   if (Leading_Blanks(block.line) == Leading_Blanks(index)) return true;
-  Fail(level, index);
-  return false;
+  return Fail(level, index);
 }
 
-// The first block still open in the table, in table order, is an error.
+// The first block still open in the table, in table order, is an error
+// (for a checker, every one).
 bool Pass::Check_All_Closed() {
   const auto& items = table_.Items();
   for (const std::string& item : items) {
@@ -277,17 +272,20 @@ bool Pass::Check_All_Closed() {
                               : Starts_With(item, "r ") ? &kRepeatOpen
                                                         : nullptr;
     if (!error) continue;
-    Fail(*error, Read_Block_Item(item).first);
-    return false;
+    if (!Fail(*error, Read_Block_Item(item).first)) return false;
   }
   return true;
 }
 
-void Pass::Fail(const BlockError& error, long index) {
+// True when the pass goes on.
+bool Pass::Fail(const BlockError& error, long index) {
+  blockFailed_ = true;
+  engine_.reportLine = index;
   trace_.Select(index);
   Report_Error(engine_, interactive_, -1,
                std::string(error.keyword) + " on line " + std::to_string(index + 1) + error.tail, error.title,
                std::string(kLocationPrefix) + error.location, kFatal);
+  return checking_;
 }
 
 }  // namespace
@@ -298,6 +296,7 @@ void Preprocess_Commands(Engine& engine, bool Interactive, bool& /*DebugOn*/, bo
     engine.BlockItemOfLine.clear();
     if (!Pass(engine, Interactive, Reformat).Run()) LastCommandSucceeded = false;
   });
+  engine.reportLine = -1;
 }
 
 }  // namespace velmora

@@ -74,6 +74,14 @@ class Desktop {
   // Has every window repaint what lies in the screen rectangle (and so wipes
   // a frame drawn there).
   virtual void RepaintScreenArea(const WindowRect& rect) = 0;
+
+  // True when this process runs in the services' session, which has no
+  // interactive desktop: the user's windows are out of its sight.
+  virtual bool InServiceSession() = 0;
+  // True when the program that owns the window runs at a higher integrity
+  // level than this one (elevated while this one is not): the system then
+  // drops the keys and clicks sent to it. False when it cannot be told.
+  virtual bool RunsAtHigherIntegrity(WindowHandle window) = 0;
 };
 
 }  // namespace velmora

@@ -7,6 +7,7 @@ s/^( *Found Window:  )-?[0-9]+$/\1<HWND>/
 s/^( *==>  Using Window:  )-?[0-9]+$/\1<HWND>/
 s/^( *Window Handle :  )-?[0-9]+$/\1<HWND>/
 s/^( *Possible Target:  )-?[0-9]+$/\1<HWND>/
+s/^( *Info: Nearest window )-?[0-9]+ /\1<HWND> /
 
 # Session time stamps: "  --> " and the date and time in the user's formats
 # (11/21/2026 3:05:10 PM, 21.11.2026 15:05:10, 2026-11-21 15:05:10, ...).

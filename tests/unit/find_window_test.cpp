@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "automation_fixture.h"
+#include "near_windows.h"
 
 namespace velmora::testing {
 namespace {
@@ -76,6 +77,48 @@ TEST_F(FindWindowTest, BadNumbersOrTextsAfterExpansionAreTrappedAtTheHandler) {
                                         "Velmora.(General).FindWindow_Command.TrappableErrors.1"))
         << text;
   }
+}
+
+// With VELMORA_EXPLAIN=1 a failed search names the nearest windows: most
+// levels fitting, then fewest fields differing, then the longest common start.
+TEST_F(FindWindowTest, NearestWindowsExplainAFailedSearchOnlyOnRequest) {
+  const WindowHandle other = desktop.Add(1, "Other", "#32770");
+  const WindowHandle blank = desktop.Add(1, "Velmora Setup ", "#32770");
+  const WindowHandle button = desktop.Add(blank, "&Next >", "Button", 1);
+  const WindowHandle notepad = desktop.Add(1, "Velmora Setup", "Notepad");
+  const auto line = [](WindowHandle w, const char* rest) { return "Info: Nearest window " + std::to_string(w) + rest; };
+  const struct {
+    const char* explain;  // nullptr: unset
+    const char* levels;
+    Lines info;
+  } rows[] = {
+      {"1", "\"Velmora Setup\", \"#32770\", 0, 0.5, 0.5, \"&Next >\", \"Button\", 1",
+       {line(blank, " fits 0 of 2 levels; level 1 title differs: \"Velmora Setup\" in the script, \"Velmora Setup \" on the screen."),
+        line(other, " fits 0 of 2 levels; level 1 title differs: \"Velmora Setup\" in the script, \"Other\" on the screen."),
+        line(notepad, " fits 0 of 2 levels; level 1 class differs: \"#32770\" in the script, \"Notepad\" on the screen.")}},
+      {" 1 ", "\"Velmora Setup \", \"#32770\", 0, 0.5, 0.5, \"&Next >\", \"Button\", 2",
+       {line(button, " fits 1 of 2 levels; level 2 child ID differs: \"2\" in the script, \"1\" on the screen."),
+        line(other, " fits 0 of 2 levels; level 1 title differs: \"Velmora Setup \" in the script, \"Other\" on the screen."),
+        line(notepad, " fits 0 of 2 levels; level 1 title differs: \"Velmora Setup \" in the script, \"Velmora Setup\" on the screen.")}},
+      {"0", "\"Velmora Setup\", \"#32770\", 0, 0.5, 0.5, \"&Next >\", \"Button\", 1", {}},
+      {nullptr, "\"Velmora Setup\", \"#32770\", 0, 0.5, 0.5, \"&Next >\", \"Button\", 1", {}},
+  };
+  long steps = 0;
+  desktop.onGetWindow = [&](WindowHandle) { ++steps; };
+  const long searchSteps = (Forecast_Find(engine, desktop, {{"x", "y"}, {"z", "w"}}), steps);
+  for (const auto& row : rows) {
+    SCOPED_TRACE(row.levels);
+    host.environment.erase("VELMORA_EXPLAIN");
+    if (row.explain) host.environment["VELMORA_EXPLAIN"] = row.explain;
+    engine.DebugWindow.Clear();
+    steps = 0;
+    EXPECT_FALSE(Find(std::string("findwindow: 2, ") + row.levels + ", 0.5, 0.5, 0.00"));
+    const Lines& lines = DebugLines();
+    ASSERT_EQ(lines.at(2), "The window was NOT found.");
+    EXPECT_EQ(Lines(lines.begin() + 3, lines.end()), row.info);
+    if (row.info.empty()) EXPECT_EQ(steps, searchSteps);  // no second walk when not asked
+  }
+  EXPECT_EQ(Near_Window_Lines({}, 1), Lines{"Info: No window comes near the description."});
 }
 
 class SeveralCandidatesTest : public FindWindowTest {

@@ -114,3 +114,32 @@ TEST_F(AutomationTest, KeysOrButtonsWithoutATargetAreFatalAndLeaveTheFlag) {
 
 }  // namespace
 }  // namespace velmora::testing
+
+namespace velmora::testing {
+namespace {
+
+// Input for an elevated program's window is dropped by the system: each
+// command that sends it says so once, whatever the debug state.
+TEST_F(SendKeysTest, InputForAnElevatedProgramIsNamedAsLost) {
+  const std::string kLost =
+      "Info: The target window belongs to a program running at a higher integrity level (elevated) than Velmora: "
+      "Windows drops the keys and clicks sent to it. Run Velmora as administrator.";
+  engine.state.DebugOn = false;
+  const std::pair<const char*, bool> rows[] = {{"sendkeys: \"a\"", true},      {"sendbuttons: sl", true},
+                                               {"usemouse: sl, 14000, 11100", true}, {"sendkeys: \"a\"", false},
+                                               {"usemouse: sl, 40000, 11100", false}};
+  for (const auto& [line, elevated] : rows) {
+    SCOPED_TRACE(line);
+    desktop.At(edit).elevated = elevated;
+    engine.DebugWindow.Clear();
+    const ParsedCommand command = Parsed(line);
+    bool succeeded = false;
+    if (command.CommandCode == kSendKeysCommand) automation.SendKeys_Command(engine, true, command, succeeded);
+    if (command.CommandCode == kSendButtonsCommand) automation.SendButtons_Command(engine, true, command, succeeded);
+    if (command.CommandCode == kUseMouseCommand) automation.UseMouse_Command(engine, true, command);
+    EXPECT_EQ(DebugLines(), elevated ? Lines{kLost} : Lines{});
+  }
+}
+
+}  // namespace
+}  // namespace velmora::testing

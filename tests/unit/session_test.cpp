@@ -3,6 +3,7 @@
 #include "about.h"
 #include "engine_fixture.h"
 #include "session.h"
+#include "sim_desktop.h"
 
 namespace velmora::testing {
 namespace {
@@ -70,6 +71,22 @@ TEST_F(AutomaticSessionTest, SpeedFactorLineAppearsOnlyForAUsableFactorOtherThan
     Lines expected = kHeader;
     if (line) expected.push_back("SPEED_FACTOR IN USE:  " + std::string(line));
     EXPECT_EQ(Log(), expected) << (value ? value : "(unset)");
+  }
+}
+
+// A service's session has no desktop that the user's windows are on.
+TEST_F(AutomaticSessionTest, InTheServicesSessionTheHeaderSaysThatNoWindowCanBeSeen) {
+  SimDesktop desktop{host};
+  engine.desktop = &desktop;
+  for (const bool service : {true, false}) {
+    desktop.serviceSession = service;
+    host.files = {{"a.vls", ""}};
+    Start("\"a.vls\" a.vld");
+    Lines expected = kHeader;
+    if (service)
+      expected.push_back("Info: Velmora is running in session 0, the services' session, which has no interactive "
+                         "desktop: no findwindow can see the user's windows. Start Velmora in the user's session.");
+    EXPECT_EQ(Log(), expected);
   }
 }
 

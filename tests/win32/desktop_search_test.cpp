@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "desktop_fixture.h"
+#include "near_windows.h"
 
 namespace velmora::test {
 namespace {
@@ -148,6 +149,15 @@ TEST_F(DesktopSearchTest, AnOwnedPopupIsDescribedWithItsOwner) {
       EXPECT_EQ(Window_Path_Of(desktop, Handle(row.expected[0])), row.path) << row.what;
     }
   }
+  // A near miss is judged by the same chain: the pop-up, at the top of the
+  // tree, is a level below its owner; nothing here can be elevated.
+  const auto nearest = Nearest_Windows(desktop, {{title, cls}, {popupTitle + " ", cls}}, 1);
+  ASSERT_EQ(nearest.size(), 1u);
+  EXPECT_EQ(nearest[0].window, Handle(popup));
+  EXPECT_EQ(nearest[0].matchingLevels, 1u);
+  EXPECT_EQ(nearest[0].found, popupTitle);
+  EXPECT_FALSE(desktop.RunsAtHigherIntegrity(Handle(popup)));
+  EXPECT_FALSE(desktop.InServiceSession());
 }
 
 }  // namespace

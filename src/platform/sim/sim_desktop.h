@@ -35,6 +35,7 @@ class SimDesktop : public Desktop {
     // with its owner, wherever it sits in the tree; a child with its parent.
     bool popup = false;
     WindowHandle owner = 0;
+    bool elevated = false;  // its program runs at a higher integrity level
   };
 
   struct MouseRecord {
@@ -72,6 +73,7 @@ class SimDesktop : public Desktop {
   // Called on every tree step (GetWindow, GetParent), to change the tree mid-walk.
   std::function<void(WindowHandle)> onGetWindow;
   WindowHandle pointOwnerOverride = 0;  // when set, WindowFromPoint answers this
+  bool serviceSession = false;
 
   WindowHandle DesktopWindow() override { return 1; }
   WindowHandle GetWindow(WindowHandle window, WindowRelation relation) override;
@@ -93,6 +95,8 @@ class SimDesktop : public Desktop {
   int ScreenHeight() override { return screenHeight; }
   void DrawWindowFrame(WindowHandle window) override { screenMarks.push_back("frame " + std::to_string(window)); }
   void RepaintScreenArea(const WindowRect& r) override;
+  bool InServiceSession() override { return serviceSession; }
+  bool RunsAtHigherIntegrity(WindowHandle window) override { return Exists(window) && At(window).elevated; }
 
   bool Exists(WindowHandle window) const;
 

@@ -29,6 +29,8 @@ class Win32Desktop : public Desktop {
   int ScreenHeight() override;
   void DrawWindowFrame(WindowHandle window) override;
   void RepaintScreenArea(const WindowRect& rect) override;
+  bool InServiceSession() override;
+  bool RunsAtHigherIntegrity(WindowHandle window) override;
 
  private:
   // The control brought forward last. A disabled control cannot take the

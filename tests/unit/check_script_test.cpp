@@ -1,0 +1,92 @@
+#include <gtest/gtest.h>
+
+#include "checker_cli.h"
+#include "sim_host.h"
+#include "sim_registry.h"
+
+namespace velmora::testing {
+namespace {
+
+// Each row: the scripts on file, the command line, what the checker prints
+// and its status. A script's lines are joined with CR LF as on disk.
+struct CheckerCase {
+  const char* name;
+  std::map<std::string, std::vector<std::string>> scripts;
+  std::vector<std::string> arguments;
+  std::string out;  // the whole standard output, or the start of it for --help
+  std::string err;
+  int status;
+};
+
+std::string Joined(const std::vector<std::string>& lines) {
+  std::string text;
+  for (const std::string& line : lines) text += line + "\r\n";
+  return text;
+}
+
+TEST(CheckerTest, ReportsEveryFaultyLineAndEndsWithItsStatus) {
+  const std::string kQuoteUsage =
+      "Invalid Parameters:  Quote Expected.  <##>, \"<WindowTitle>\", \"<WindowClass>\", <ChildID>, ..., "
+      "<RelativeX>, <RelativeY>, <MM.SS>";
+  const std::vector<std::string> kClean = {"run: \"setup.exe\"",
+                                           "findwindow: 1, \"Setup\", \"#32770\", 0, 0.5, 0.5, 0.30",
+                                           "if: failed", "  quit", "endif", "sendkeys: \"%n{TAB 2}~\""};
+  const CheckerCase cases[] = {
+      {"faults on lines 3, 5 and 7, the rest read on",
+       {{"a.vls",
+         {"# install", "run: \"setup.exe\"", "wait: 1:xx", "findwindow: 1, \"Setup\", \"#32770\", 0, 0.5, 0.5, 0.30",
+          "frobnicate: 1", "sendkeys: \"~\"", "findwindow: 1, Setup, \"#32770\", 0, 0.5, 0.5, 0.30"}}},
+       {"a.vls"},
+       "a.vls(3): error: Invalid Parameters:  Wait Time specifed is NOT numeric.\n"
+       "a.vls(5): error: Unknown Command:  frobnicate: 1\n"
+       "a.vls(7): error: " + kQuoteUsage + "\n"
+       "velmora-check: 3 errors, 0 warnings in 1 script\n",
+       "", kCheckErrors},
+      {"every block error, not only the first",
+       {{"b.vls", {"endif", "while: failed", "if: failed", "endwhile", "endif", "repeat"}}},
+       {"b.vls"},
+       "b.vls(1): error: ENDIF on line 1 has no matching IF!\n"
+       "b.vls(4): error: ENDWHILE on line 4 is on a different level then its matching WHILE!\n"
+       "b.vls(5): error: ENDIF on line 5 is on a different level then its matching IF!\n"
+       "b.vls(6): error: REPEAT on line 6 has no matching UNTIL!\n",
+       "", kCheckErrors},
+      {"warnings do not fail the check, and can be left out",
+       {{"w.vls",
+         {"sendbuttons: sl", "findwindow: 2, \"Setup \", \"#32770\", 0, 0.5, 0.5, \"Next\", \"Button \", 1, 0.5, 0.5, 0.30",
+          "sendkeys: \"{FOO}\"", "sendkeys: \"`KEYS`{\""}},
+        {"c.vls", kClean}},
+       {"w.vls", "c.vls"},
+       "w.vls(1): warning: sendbuttons before any findwindow line: the run ends here with "
+       "\"No Window found to SendButtons_To\"\n"
+       "w.vls(2): warning: findwindow level 1 title ends in a blank: \"Setup \"\n"
+       "w.vls(3): warning: Invalid key string:  Unknown key name {FOO} at position 1\n"
+       "velmora-check: 0 errors, 3 warnings in 2 scripts\n",
+       "", kCheckClean},
+      {"--no-warnings", {{"w.vls", {"sendkeys: \"x\""}}}, {"--no-warnings", "w.vls"},
+       "velmora-check: 0 errors, 0 warnings in 1 script\n", "", kCheckClean},
+      {"a clean script", {{"c.vls", kClean}}, {"c.vls"}, "velmora-check: 0 errors, 0 warnings in 1 script\n", "",
+       kCheckClean},
+      {"an unreadable script outweighs errors", {{"a.vls", {"frobnicate"}}}, {"missing.vls", "a.vls"},
+       "a.vls(1): error: Unknown Command:  frobnicate\nvelmora-check: 1 error, 0 warnings in 2 scripts\n",
+       "velmora-check: cannot read missing.vls: ", kCheckUsage},
+      {"no script", {}, {}, "", "velmora-check: no script named (velmora-check --help tells more)\n", kCheckUsage},
+      {"unknown option", {}, {"-x", "a.vls"}, "", "velmora-check: unknown option -x (velmora-check --help tells more)\n",
+       kCheckUsage},
+      {"help", {}, {"/?"}, "Usage: velmora-check [options] script.vls...\n", "", kCheckClean},
+      {"a name after -- is a script", {{"-a.vls", kClean}}, {"--", "-a.vls"},
+       "velmora-check: 0 errors, 0 warnings in 1 script\n", "", kCheckClean},
+  };
+  for (const CheckerCase& c : cases) {
+    SCOPED_TRACE(c.name);
+    SimHost host;
+    SimRegistry registry;
+    for (const auto& [name, lines] : c.scripts) host.files[name] = Joined(lines);
+    CheckerOutput output;
+    EXPECT_EQ(Run_Checker(host, registry, c.arguments, output), c.status);
+    EXPECT_EQ(output.out.substr(0, c.out.size()), c.out) << output.out;
+    EXPECT_EQ(output.err.substr(0, c.err.size()), c.err);
+  }
+}
+
+}  // namespace
+}  // namespace velmora::testing
