@@ -140,7 +140,7 @@ SectionEnd
   !insertmacro MUI_DESCRIPTION_TEXT ${SecProgram} "velmora.exe (player and script editor), velmora-check.exe (script checker) and wintree.exe (window tree)."
   !insertmacro MUI_DESCRIPTION_TEXT ${SecHelp} "The help file, Velmora.chm, that F1 and the Velmora menu open."
   !insertmacro MUI_DESCRIPTION_TEXT ${SecSamples} "A sample script, its batch file and the sample setup program it installs."
-  !insertmacro MUI_DESCRIPTION_TEXT ${SecGuide} "The user guide and the script reference as text (Markdown), in the Docs folder."
+  !insertmacro MUI_DESCRIPTION_TEXT ${SecGuide} "The user guide, the script reference and the guide to deploying, as text (Markdown) in the Docs folder."
   !insertmacro MUI_DESCRIPTION_TEXT ${SecShortcuts} "Velmora, its help and its uninstaller in the Start menu."
 !insertmacro MUI_FUNCTION_DESCRIPTION_END
 

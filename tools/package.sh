@@ -53,10 +53,16 @@ cp "$bin/velmora.exe" "$bin/velmora-check.exe" "$bin/wintree.exe" "$bin/Velmora.
   "$bin/velmora-sample-setup.exe" "$root/samples/install.vls" "$root/samples/install.bat" "$stage/"
 # Windows line ends for the text a user opens in Notepad (and the licence page).
 sed 's/$/\r/' "$root/LICENSE" >"$stage/LICENSE.txt"
-cp "$root/docs/user-guide.md" "$root/docs/script-reference.md" "$stage/Docs/"
-# The pictures the guides show.
-for picture in $(grep -ho '](\([a-z0-9-]*\.png\))' "$stage"/Docs/*.md | sed 's/^](\(.*\))$/\1/' | sort -u); do
-  cp "$root/docs/$picture" "$stage/Docs/"
+# The user guide and the pages and pictures it links to, and theirs.
+wanted=(user-guide.md)
+while [ "${#wanted[@]}" -gt 0 ]; do
+  name="${wanted[0]}"
+  wanted=("${wanted[@]:1}")
+  [ -f "$stage/Docs/$name" ] && continue
+  cp "$root/docs/$name" "$stage/Docs/" || die "docs/$name is missing"
+  if [[ "$name" == *.md ]]; then
+    wanted+=($(grep -o '](\([a-z0-9-]*\.\(md\|png\)\)[)#]' "$root/docs/$name" | sed 's/^](\(.*\).$/\1/'))
+  fi
 done
 
 setup="$dist/velmora-setup-$version.exe"
