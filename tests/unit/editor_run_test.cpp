@@ -25,23 +25,8 @@ class EditorRunTest : public EditorTest {
     engine.state.DebugOn = true;
     form.Load_Commands(1);
   }
-  void Script(std::vector<std::string> lines, long highlighted) {
-    engine.DebugWindow.Clear();
-    engine.TraceWindow.Clear();
-    engine.TraceWindow.Add("# heading");
-    for (const std::string& line : lines) engine.TraceWindow.Add(line);
-    engine.TraceWindow.Select(highlighted);
-  }
-  std::vector<std::string> Ran() const {
-    std::vector<std::string> ran;
-    for (const std::string& line : engine.DebugWindow.Items())
-      if (line.rfind("==> ", 0) == 0) ran.push_back(line.substr(4));
-    return ran;
-  }
-  bool Logged(const std::vector<std::string>& run) const {
-    const auto& log = engine.DebugWindow.Items();
-    return std::search(log.begin(), log.end(), run.begin(), run.end()) != log.end();
-  }
+  void Script(const Lines& lines, long highlighted) { EditorTest::Script(Joined({"# heading"}, lines), highlighted); }
+  Lines Ran() const { return Ran_In(engine.DebugWindow.Items()); }
   // What the user does once the clock has passed the time.
   void At(long long ms, std::function<void()> action) {
     host.onDoEvents = [this, ms, action, done = false]() mutable {
@@ -72,9 +57,9 @@ TEST_F(EditorRunTest, RunsStopAtTheNextMarkAQuitTheEndOrABlockError) {
     row.step ? form.ExecuteNextButton_Click() : form.ExecuteButton_Click();
     EXPECT_EQ(Ran(), row.ran);
     EXPECT_EQ(engine.TraceWindow.Selected(), row.endsOn);
-    EXPECT_TRUE(Logged({kStars, "Info: PreProcessing..."}));
-    EXPECT_EQ(Logged({"", kStars, kStars, "Info: Execution BEGINS!!"}), !row.step);
-    EXPECT_EQ(Logged({"", "Info: Execution ends.", kPluses, kPluses}), !row.step);
+    EXPECT_TRUE(Shown({kStars, "Info: PreProcessing..."}));
+    EXPECT_EQ(Shown({"", kStars, kStars, "Info: Execution BEGINS!!"}), !row.step);
+    EXPECT_EQ(Shown({"", "Info: Execution ends.", kPluses, kPluses}), !row.step);
     EXPECT_TRUE(controls[C::CommandList].Enabled && controls[C::ExecuteButton].Enabled && !form.Running);
   }
   EXPECT_EQ(window.foregroundCalls, 6);
@@ -109,7 +94,7 @@ TEST_F(EditorRunTest, AHaltOrACloseEndsTheRunAfterTheRunningLine) {
     EXPECT_EQ(during, "000100 Halt in Progress... 14");
     EXPECT_EQ(Ran(), std::vector<std::string>{row.line});
     EXPECT_LT(host.clockMs - start, row.endsBefore);
-    EXPECT_TRUE(Logged({kHalted, "", "Info: Execution ends."}));
+    EXPECT_TRUE(Shown({kHalted, "", "Info: Execution ends."}));
     EXPECT_EQ(controls[C::ExecuteNextButton].Caption + std::to_string(controls[C::ExecuteNextButton].Font.Size),
               " Execute Currently Selected Command12");
   }

@@ -1,13 +1,9 @@
-#include <gtest/gtest.h>
-
 #include <algorithm>
 
 #include "automation_fixture.h"
 
 namespace velmora::testing {
 namespace {
-
-using Lines = std::vector<std::string>;
 
 class FindWindowTest : public AutomationTest {
  protected:

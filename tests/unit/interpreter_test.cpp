@@ -1,14 +1,10 @@
-#include <gtest/gtest.h>
-
+#include "interpreter.h"
 #include "about.h"
 #include "engine_fixture.h"
-#include "interpreter.h"
 #include "session.h"
 
 namespace velmora::testing {
 namespace {
-
-using Lines = std::vector<std::string>;
 
 class InterpreterTest : public EngineTest {
  protected:
@@ -19,14 +15,6 @@ class InterpreterTest : public EngineTest {
     for (const auto& line : script) host.files["a.vls"] += line + "\r\n";
     host.commandLine = "\"a.vls\" \"a.vld\"";
     return Exit_Status_Of([&] { Form_Load(engine, interpreter); });
-  }
-
-  // The lines that ran, in order, as logged.
-  Lines Ran() const {
-    Lines ran;
-    for (const auto& line : Log())
-      if (line.rfind("==> ", 0) == 0) ran.push_back(line.substr(4));
-    return ran;
   }
 };
 
@@ -75,7 +63,7 @@ TEST_P(FlowTest, FollowsTheBlockTable) {
   const FlowCase& c = GetParam();
   host.startOutcomes.assign(c.starts.begin(), c.starts.end());
   EXPECT_EQ(Play(c.script), 0);
-  EXPECT_EQ(Ran(), c.ran);
+  EXPECT_EQ(Ran_In(Log()), c.ran);
   if (c.tenths >= 0) {
     EXPECT_EQ(host.tenthSleeps, c.tenths);
   }

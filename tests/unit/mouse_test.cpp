@@ -1,5 +1,3 @@
-#include <gtest/gtest.h>
-
 #include <tuple>
 
 #include "automation_fixture.h"
@@ -8,7 +6,6 @@
 namespace velmora::testing {
 namespace {
 
-using Lines = std::vector<std::string>;
 using Record = SimDesktop::MouseRecord;
 
 // The mouse events as (time since the first event, flags, x, y).
@@ -92,11 +89,6 @@ class SendButtonsTest : public AutomationTest {
     engine.DebugWindow.Clear();
     host.tenthSleeps = 0;
     desktop.mouseEvents.clear();
-  }
-  bool Click(const std::string& code) {
-    bool succeeded = false;
-    automation.SendButtons_Command(engine, true, Parsed("sendbuttons: " + code), succeeded);
-    return succeeded;
   }
 };
 

@@ -1,7 +1,5 @@
-#include <gtest/gtest.h>
-
-#include "engine_fixture.h"
 #include "simple_commands.h"
+#include "engine_fixture.h"
 
 namespace velmora::testing {
 namespace {
