@@ -200,15 +200,13 @@ TEST_F(EditorPanelTest, LinesGoBeforeTheHighlightOverwriteInPlaceAndRemovalNever
 }
 
 TEST_F(EditorPanelTest, DoubleClickOnABadLineReportsItAndLeavesThePanel) {
-  const struct {
-    const char* line;
-    const char* logged;
-  } rows[] = {{"jump: 5", "Unknown Command:  jump: 5."},
-              {"run: x", "Fatal Error:  Invalid Parameters:  Leading and/or Trailing quote missing.."}};
-  for (const auto& row : rows) {
-    Script({row.line}, 0);
+  const std::pair<const char*, const char*> rows[] = {
+      {"jump: 5", "Unknown Command:  jump: 5."},
+      {"run: x", "Fatal Error:  Invalid Parameters:  Leading and/or Trailing quote missing.."}};
+  for (const auto& [line, logged] : rows) {
+    Script({line}, 0);
     form.TraceWindow_DblClick();
-    EXPECT_TRUE(Shown({row.logged})) << row.line;
+    EXPECT_TRUE(Shown({logged})) << line;
     EXPECT_FALSE(form.OverwriteMode);
     EXPECT_FALSE(engine.state.StopRunning);
   }

@@ -48,8 +48,7 @@ TEST_F(EnvVarSetupTest, LoadingFramesTheFileWithTheHeadingAndTheSpareLineInTheAv
   const struct {
     const char* text;
     bool hasLucida;
-    std::vector<std::string> lines;
-    std::vector<std::string> fonts;
+    Lines lines, fonts;
   } rows[] = {{"", true, {}, {"Lucida Console"}},
               {"@echo off\r\n    SET Path = C:\\DOS\r\n",
                false,
@@ -60,10 +59,7 @@ TEST_F(EnvVarSetupTest, LoadingFramesTheFileWithTheHeadingAndTheSpareLineInTheAv
     view.hasLucida = row.hasLucida;
     view.fonts.clear();
     Open("C:\\b\\set.bat", row.text);
-    std::vector<std::string> expected = {Trace_Header_Line()};
-    expected.insert(expected.end(), row.lines.begin(), row.lines.end());
-    expected.push_back("   ");
-    EXPECT_EQ(Items(), expected);
+    EXPECT_EQ(Items(), Joined(Joined({Trace_Header_Line()}, row.lines), {"   "}));
     EXPECT_EQ(view.fonts, row.fonts);
     EXPECT_EQ(controls[C::BatchFileLabel].Caption, "Batch: C:\\b\\set.bat");
     EXPECT_EQ(form.BatchFileName, "\"C:\\b\\set.bat\"");
@@ -112,16 +108,14 @@ TEST_F(EnvVarSetupTest, AnUpdatedLineKeepsItsIndentInTheListAndIsSavedTrimmed) {
 // line or Escape abandons the edit.
 TEST_F(EnvVarSetupTest, ChoosingShowsOnlyStatementsAndLeavingTheLineAbandonsTheEdit) {
   Open("C:\\b\\set.bat", "setup=yes\r\nSET X=\r\nrem\r\n");
-  const struct {
-    long line;
-    const char* name;  // "" for the empty state
-  } rows[] = {{1, "up"}, {2, ""}, {3, ""}, {0, ""}};
-  for (const auto& row : rows) {
-    SCOPED_TRACE(row.line);
-    form.BatchWindow.Select(row.line);
+  // The line chosen and the name shown ("" for the empty state).
+  const std::pair<long, const char*> rows[] = {{1, "up"}, {2, ""}, {3, ""}, {0, ""}};
+  for (const auto& [line, name] : rows) {
+    SCOPED_TRACE(line);
+    form.BatchWindow.Select(line);
     form.BatchWindow_DblClick();
-    const bool chosen = *row.name != '\0';
-    EXPECT_EQ(controls[C::EnvVarNameLabel].Caption, chosen ? row.name : "No Variable Selected");
+    const bool chosen = *name != '\0';
+    EXPECT_EQ(controls[C::EnvVarNameLabel].Caption, chosen ? name : "No Variable Selected");
     EXPECT_EQ(controls[C::EnvVarValue].Visible, chosen);
     EXPECT_EQ(controls[C::UpdateEnvVarButton].Enabled, chosen);
   }
