@@ -121,15 +121,12 @@ TEST_F(EditorRunTest, AStillPointerPicksTheWindowWithEveryLevelAndForeseesTheCho
   desktop.Add(desktop.Add(desktop.DesktopWindow(), "Setup", "#32770", 0, {600, 100, 1000, 400}), "Next >", "Button", 1,
               {900, 350, 980, 380});
   const std::string two = "Info: 2 windows match the picked description now; the choice by the picked point lands on ";
+  const std::string button = "2, \"Setup\", \"#32770\", 0, 0.85, 0.8833, \"Next >\", \"Button\", 1, 0.5, 0.5";
   const struct {
     ScreenPoint at;
     std::string description, matches;
-  } rows[] = {{{440, 365},
-               "2, \"Setup\", \"#32770\", 0, 0.85, 0.8833, \"Next >\", \"Button\", 1, 0.5, 0.5",
-               two + "the picked window."},
-              {{940, 365},
-               "2, \"Setup\", \"#32770\", 0, 0.85, 0.8833, \"Next >\", \"Button\", 1, 0.5, 0.5",
-               two + "another window."},
+  } rows[] = {{{440, 365}, button, two + "the picked window."},
+              {{940, 365}, button, two + "another window."},
               {{100, 100}, "1, \"Setup\", \"#32770\", 0, 0, 0", two + "the picked window."}};
   for (const auto& row : rows) {
     engine.DebugWindow.Clear();
