@@ -61,14 +61,15 @@ TEST(CheckerTest, ReportsEveryFaultyLineAndEndsWithItsStatus) {
        {{"w.vls",
          {"sendbuttons: sl",
           "findwindow: 2, \"Setup \", \"#32770\", 0, 0.5, 0.5, \"Next\", \"Button \", 1, 0.5, 0.5, 0.30",
-          "sendkeys: \"{FOO}\"", "sendkeys: \"`KEYS`{\""}},
+          "sendkeys: \"{FOO}\"", "sendkeys: \"`KEYS`{\"", "debug: of"}},
         {"c.vls", kClean}},
        {"w.vls", "c.vls"},
        "w.vls(1): warning: sendbuttons before any findwindow line: the run ends here with "
        "\"No Window found to SendButtons_To\"\n"
        "w.vls(2): warning: findwindow level 1 title ends in a blank: \"Setup \"\n"
        "w.vls(3): warning: Invalid key string:  Unknown key name {FOO} at position 1\n"
-       "velmora-check: 0 errors, 3 warnings in 2 scripts\n",
+       "w.vls(5): warning: Debug state 'off' was not specified so ON is assumed!\n"
+       "velmora-check: 0 errors, 4 warnings in 2 scripts\n",
        "",
        kCheckClean},
       {"--no-warnings",
