@@ -5,11 +5,10 @@
 
 #include <gtest/gtest.h>
 
+#include <atomic>
 #include <chrono>
 #include <cstdio>
 #include <cstdlib>
-#include <mutex>
-#include <string>
 #include <thread>
 
 namespace velmora {
@@ -18,38 +17,28 @@ class TestWatchdog : public ::testing::EmptyTestEventListener {
  public:
   explicit TestWatchdog(long seconds) : limit_(seconds) {
     std::thread([seconds] {
-      for (State& state = Shared();; std::this_thread::sleep_for(std::chrono::milliseconds(100))) {
-        std::lock_guard lock(state.mutex);
-        if (Clock::now() < state.deadline) continue;
-        std::fprintf(stderr, "\n[  TIMEOUT ] %s ran longer than %ld s: the test program ends here.\n",
-                     state.test.c_str(), seconds);
+      for (;; std::this_thread::sleep_for(std::chrono::milliseconds(100))) {
+        // A test's start sets its deadline first: the one read next is this test's or a later one's.
+        const ::testing::TestInfo* test = running_;
+        if (!test || Clock::now().time_since_epoch().count() < deadline_) continue;
+        std::fprintf(stderr, "\n[  TIMEOUT ] %s.%s ran longer than %ld s: the test program ends here.\n",
+                     test->test_suite_name(), test->name(), seconds);
         std::fflush(stderr);
         std::_Exit(124);
       }
     }).detach();
   }
   void OnTestStart(const ::testing::TestInfo& test) override {
-    std::lock_guard lock(Shared().mutex);
-    Shared().test = std::string(test.test_suite_name()) + "." + test.name();
-    Shared().deadline = Clock::now() + std::chrono::seconds(limit_);
+    deadline_ = (Clock::now() + std::chrono::seconds(limit_)).time_since_epoch().count();
+    running_ = &test;
   }
-  void OnTestEnd(const ::testing::TestInfo&) override {
-    std::lock_guard lock(Shared().mutex);
-    Shared().deadline = Clock::time_point::max();
-  }
+  void OnTestEnd(const ::testing::TestInfo&) override { running_ = nullptr; }
 
  private:
   using Clock = std::chrono::steady_clock;
-  struct State {
-    std::mutex mutex;
-    std::string test;
-    Clock::time_point deadline = Clock::time_point::max();
-  };
-  // Never destroyed: the watching thread runs until the process ends.
-  static State& Shared() {
-    static State& state = *new State;
-    return state;
-  }
+  // Static: the watching thread runs until the process ends, past the listener.
+  static inline std::atomic<const ::testing::TestInfo*> running_{nullptr};
+  static inline std::atomic<Clock::rep> deadline_{0};
   long limit_;
 };
 

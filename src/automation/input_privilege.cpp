@@ -13,7 +13,9 @@ void Note_Input_Barrier(Engine& engine, Desktop& desktop, bool interactive, Wind
 }
 
 WindowHandle Window_At_Mouse_Position(Desktop& desktop, long x, long y) {
-  const auto pixel = [](long share, int size) { return static_cast<long>(static_cast<long long>(share) * size / 65536); };
+  const auto pixel = [](long share, int size) {
+    return static_cast<long>(static_cast<long long>(share) * size / 65536);
+  };
   return desktop.WindowFromPoint({pixel(x, desktop.ScreenWidth()), pixel(y, desktop.ScreenHeight())});
 }
 

@@ -69,10 +69,9 @@ class NearSearch {
   }
 
   Candidate Compare(WindowHandle window, const WindowLevel& level) {
-    const std::string fields[][2] = {
-        {level.title, desktop_.WindowText(window, kTextBufferSize)},
-        {level.className, desktop_.ClassName(window, kTextBufferSize)},
-        {std::to_string(level.childId), std::to_string(Child_Id_Of(desktop_, window))}};
+    const std::string fields[][2] = {{level.title, desktop_.WindowText(window, kTextBufferSize)},
+                                     {level.className, desktop_.ClassName(window, kTextBufferSize)},
+                                     {std::to_string(level.childId), std::to_string(Child_Id_Of(desktop_, window))}};
     static const char* const kFieldNames[] = {"title", "class", "child ID"};
     Candidate candidate;
     for (std::size_t i = 0; i < 3; ++i) {
@@ -102,7 +101,8 @@ std::vector<NearWindow> Nearest_Windows(Desktop& desktop, const std::vector<Wind
            std::make_tuple(a.miss.matchingLevels, b.differing, a.commonStart, b.order);
   };
   const std::size_t kept = std::min(most, candidates.size());
-  std::partial_sort(candidates.begin(), candidates.begin() + static_cast<std::ptrdiff_t>(kept), candidates.end(), nearer);
+  std::partial_sort(candidates.begin(), candidates.begin() + static_cast<std::ptrdiff_t>(kept), candidates.end(),
+                    nearer);
   std::vector<NearWindow> nearest;
   for (std::size_t i = 0; i < kept; ++i) nearest.push_back(std::move(candidates[i].miss));
   return nearest;

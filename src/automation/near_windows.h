@@ -24,8 +24,7 @@ struct NearWindow {
 // fields differing at the first level that does not fit, then the longest
 // common start of the first differing texts. Only the children of windows
 // that fit their level are read.
-std::vector<NearWindow> Nearest_Windows(Desktop& desktop, const std::vector<WindowLevel>& levels,
-                                        std::size_t most = 3);
+std::vector<NearWindow> Nearest_Windows(Desktop& desktop, const std::vector<WindowLevel>& levels, std::size_t most = 3);
 
 // The Info lines that say so, for the log.
 std::vector<std::string> Near_Window_Lines(const std::vector<NearWindow>& nearest, std::size_t levelCount);

@@ -1,6 +1,7 @@
 #include "script_check.h"
 
 #include <algorithm>
+#include <cstring>
 #include <exception>
 
 #include "engine.h"
@@ -21,9 +22,13 @@ class Warnings {
 
   void Line(const std::string& text, long number) {
     ParsedCommand parsed;
-    if (!Parse_Command(engine_, false, text, engine_.state.SpeedFactor, parsed, kNoEditorLine) || parsed.ParseError)
-      return;  // the line's error is reported already
+    if (!Parse_Command(engine_, false, text, engine_.state.SpeedFactor, parsed, kNoEditorLine)) return;
     number_ = number;
+    if (parsed.ParseError) {
+      // A run only logs a bad debug value; every other fault is reported already.
+      if (parsed.CommandCode == kDebugCommand) Warn(std::string(kDebugAssumedOn).substr(std::strlen("Info: ")));
+      return;
+    }
     switch (parsed.CommandCode) {
       case kFindWindowCommand:
         findWindowSeen_ = true;

@@ -31,7 +31,6 @@ constexpr char kWordEnd = ':';
 constexpr long kNoErrorCode = -1;
 constexpr char kLocationStart[] = "Velmora.(General).Parse_Command.";
 constexpr char kTrapLocation[] = "Velmora.(General).Parse_Command.TrappableErrors.1";
-constexpr char kDebugAssumedOn[] = "Info: Debug state 'off' was not specified so ON is assumed!";
 
 // quit, else, endif, endwhile and repeat take no parameters and ignore any.
 bool Takes_No_Parameters(std::uint8_t code) { return code >= kQuitCommand && code <= kRepeatCommand; }

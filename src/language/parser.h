@@ -16,6 +16,9 @@ struct Engine;
 // indexes are 32-bit so that scripts are not limited to 32767 lines.
 constexpr std::int32_t kNoEditorLine = -5;
 
+// What a debug line with a value other than on or off logs (and then takes "on").
+inline constexpr char kDebugAssumedOn[] = "Info: Debug state 'off' was not specified so ON is assumed!";
+
 // True when the code is below 255: a blank line, a comment, or a known
 // command with its parameters present (their checks may still have failed:
 // see ParseError). Parameter errors are reported as fatal.

@@ -18,10 +18,7 @@ work_root="$root/build/e2e"
 mask="$here/mask.sed"
 
 for program in velmora.exe launch.exe; do
-  if [ ! -f "$bin/$program" ]; then
-    echo "e2e: $bin/$program is missing; build the windows preset first" >&2
-    exit 2
-  fi
+  [ -f "$bin/$program" ] || { echo "e2e: $bin/$program is missing; build the windows preset first" >&2 && exit 2; }
 done
 
 # shellcheck source=../../tools/wine-env.sh
@@ -52,8 +49,7 @@ run_one() {
   local case_dir="$1" label="$2" variant="$3" want_status="$4" expected="$5" env_lines="$6" command_line="$7"
   local scratch="$work_root/$label" problems=""
   local wd="$scratch/work"
-  rm -rf "$scratch"
-  mkdir -p "$wd"
+  rm -rf "$scratch" && mkdir -p "$wd"
   [ -d "$case_dir/files" ] && cp -a "$case_dir/files/." "$wd/"
   if [ -f "$case_dir/prepare.sh" ]; then
     local prepare_output
@@ -86,9 +82,7 @@ run_one() {
   status=$?
   local seconds=$((SECONDS - started))
 
-  if [ "$status" != "$want_status" ]; then
-    problems+="exit status $status, expected $want_status"$'\n'
-  fi
+  [ "$status" == "$want_status" ] || problems+="exit status $status, expected $want_status"$'\n'
 
   if [ -n "$expected" ] && [ ! -f "$expected" ]; then
     problems+="the case has no file ${expected#"$root/"}"$'\n'
@@ -111,7 +105,7 @@ run_one() {
   if [ -f "$case_dir/check.sh" ]; then
     local check_output
     if ! check_output="$(cd "$wd" && E2E_STATUS="$status" E2E_VARIANT="$variant" E2E_BEFORE="$scratch/before.txt" E2E_SECONDS="$seconds" \
-      E2E_LIB="$here/lib.sh" bash "$case_dir/check.sh" 2>&1)"; then
+      E2E_CASE="$case_dir" E2E_LIB="$here/lib.sh" bash "$case_dir/check.sh" 2>&1)"; then
       problems+="check.sh failed:"$'\n'"$check_output"$'\n'
     fi
   fi
@@ -136,15 +130,12 @@ run_case() {
   local case_dir="$1" name
   name="$(basename "$case_dir")"
   if [ -f "$case_dir/table" ]; then
-    local row variant status log env_words env_lines command_line expected
+    local row field variant status log env_words env_lines command_line expected
     while IFS= read -r row || [ -n "$row" ]; do
       row="${row%$'\r'}"
       [[ "$(trim "$row")" == "" || "$(trim "$row")" == \#* ]] && continue
       IFS='|' read -r variant status log env_words _ <<<"$row"
-      variant="$(trim "$variant")"
-      status="$(trim "$status")"
-      log="$(trim "$log")"
-      env_words="$(trim "$env_words")"
+      for field in variant status log env_words; do printf -v "$field" '%s' "$(trim "${!field}")"; done
       command_line="${row#*|*|*|*|}"
       command_line="${command_line#"${command_line%%[! ]*}"}"
       expected=""

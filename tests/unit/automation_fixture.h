@@ -31,6 +31,16 @@ class AutomationTest : public InteractiveTest {
     automation.FindWindow_Command(engine, true, Parsed(line), succeeded);
     return succeeded;
   }
+  bool Send(const std::string& keys) {
+    bool succeeded = false;
+    automation.SendKeys_Command(engine, true, Parsed("sendkeys: \"" + keys + "\""), succeeded);
+    return succeeded;
+  }
+  bool Click(const std::string& code) {
+    bool succeeded = false;
+    automation.SendButtons_Command(engine, true, Parsed("sendbuttons: " + code), succeeded);
+    return succeeded;
+  }
 
   const std::vector<std::string>& DebugLines() const { return engine.DebugWindow.Items(); }
 

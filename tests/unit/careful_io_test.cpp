@@ -1,8 +1,4 @@
-#include <gtest/gtest.h>
-
-#include "careful_io.h"
 #include "engine_fixture.h"
-#include "trap.h"
 
 namespace velmora::testing {
 namespace {

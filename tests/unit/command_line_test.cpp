@@ -1,5 +1,3 @@
-#include <gtest/gtest.h>
-
 #include "command_line.h"
 #include "engine_fixture.h"
 #include "process_arguments.h"

@@ -60,6 +60,12 @@ class EditorTest : public EngineTest {
   }
 
   std::string Stored(const std::string& key) { return settings.GetSetting("Editor", key, "<none>"); }
+  void Script(const Lines& lines, long highlighted) {
+    engine.DebugWindow.Clear();
+    engine.TraceWindow.Clear();
+    for (const std::string& line : lines) engine.TraceWindow.Add(line);
+    engine.TraceWindow.Select(highlighted);
+  }
 };
 
 }  // namespace velmora::testing

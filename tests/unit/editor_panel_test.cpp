@@ -1,4 +1,3 @@
-#include <algorithm>
 #include <sstream>
 
 #include "command_codes.h"
@@ -19,11 +18,6 @@ class EditorPanelTest : public EditorTest {
     form.Load_Commands(1);
     Script({""}, 0);
   }
-  void Script(const std::vector<std::string>& lines, long highlighted) {
-    engine.TraceWindow.Clear();
-    for (const std::string& line : lines) engine.TraceWindow.Add(line);
-    engine.TraceWindow.Select(highlighted);
-  }
   // Through the entries that swap the catalogues, as a user gets there.
   void Choose(int catalogue, long position) {
     if (form.Catalogue != catalogue) form.CommandList_Click(catalogue == 2 ? 7 : 0);
@@ -38,10 +32,6 @@ class EditorPanelTest : public EditorTest {
       if (controls[id].Visible && controls[id].Enabled) live << name << ' ';
     if (controls[C::InsertCommandButton].Enabled) live << "ins";
     return live.str();
-  }
-  bool Logged(const std::string& line) const {
-    const auto& items = engine.DebugWindow.Items();
-    return std::find(items.begin(), items.end(), line) != items.end();
   }
 };
 
@@ -122,7 +112,7 @@ TEST_F(EditorPanelTest, ChoosingAgainKeepsTypedTextAndOverwriteModeKeepsDefaults
   Choose(1, 4);
   EXPECT_EQ(controls[C::Minutes].Caption, "");
   form.CommandList_Click(16);  // beyond the map
-  EXPECT_TRUE(Logged("Error Location:  Editor.CommandList.Click.TrappableErrors.1"));
+  EXPECT_TRUE(Shown({"Error Location:  Editor.CommandList.Click.TrappableErrors.1"}));
   EXPECT_EQ(form.CurrentCode, kWaitCommand);
 }
 
@@ -210,15 +200,13 @@ TEST_F(EditorPanelTest, LinesGoBeforeTheHighlightOverwriteInPlaceAndRemovalNever
 }
 
 TEST_F(EditorPanelTest, DoubleClickOnABadLineReportsItAndLeavesThePanel) {
-  const struct {
-    const char* line;
-    const char* logged;
-  } rows[] = {{"jump: 5", "Unknown Command:  jump: 5."},
-              {"run: x", "Fatal Error:  Invalid Parameters:  Leading and/or Trailing quote missing.."}};
-  for (const auto& row : rows) {
-    Script({row.line}, 0);
+  const std::pair<const char*, const char*> rows[] = {
+      {"jump: 5", "Unknown Command:  jump: 5."},
+      {"run: x", "Fatal Error:  Invalid Parameters:  Leading and/or Trailing quote missing.."}};
+  for (const auto& [line, logged] : rows) {
+    Script({line}, 0);
     form.TraceWindow_DblClick();
-    EXPECT_TRUE(Logged(row.logged)) << row.line;
+    EXPECT_TRUE(Shown({logged})) << line;
     EXPECT_FALSE(form.OverwriteMode);
     EXPECT_FALSE(engine.state.StopRunning);
   }

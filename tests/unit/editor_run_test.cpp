@@ -25,23 +25,8 @@ class EditorRunTest : public EditorTest {
     engine.state.DebugOn = true;
     form.Load_Commands(1);
   }
-  void Script(std::vector<std::string> lines, long highlighted) {
-    engine.DebugWindow.Clear();
-    engine.TraceWindow.Clear();
-    engine.TraceWindow.Add("# heading");
-    for (const std::string& line : lines) engine.TraceWindow.Add(line);
-    engine.TraceWindow.Select(highlighted);
-  }
-  std::vector<std::string> Ran() const {
-    std::vector<std::string> ran;
-    for (const std::string& line : engine.DebugWindow.Items())
-      if (line.rfind("==> ", 0) == 0) ran.push_back(line.substr(4));
-    return ran;
-  }
-  bool Logged(const std::vector<std::string>& run) const {
-    const auto& log = engine.DebugWindow.Items();
-    return std::search(log.begin(), log.end(), run.begin(), run.end()) != log.end();
-  }
+  void Script(const Lines& lines, long highlighted) { EditorTest::Script(Joined({"# heading"}, lines), highlighted); }
+  Lines Ran() const { return Ran_In(engine.DebugWindow.Items()); }
   // What the user does once the clock has passed the time.
   void At(long long ms, std::function<void()> action) {
     host.onDoEvents = [this, ms, action, done = false]() mutable {
@@ -53,12 +38,8 @@ class EditorRunTest : public EditorTest {
 
 TEST_F(EditorRunTest, RunsStopAtTheNextMarkAQuitTheEndOrABlockError) {
   const std::string w = "wait: 0.00", marked = ">>> wait: 0.00";
-  const struct {
-    std::vector<std::string> script;
-    bool step;
-    std::vector<std::string> ran;
-    long endsOn;
-  } rows[] = {
+  // The script, whether a step runs it, the lines that ran, and the line highlighted at the end.
+  const std::tuple<Lines, bool, Lines, long> rows[] = {
       {{marked, w, marked, w}, false, {marked, w}, 3},
       {{w, "quit", w, marked}, false, {w, "quit"}, 3},
       {{w, w}, false, {w, w}, 2},            // the end
@@ -66,15 +47,15 @@ TEST_F(EditorRunTest, RunsStopAtTheNextMarkAQuitTheEndOrABlockError) {
       {{"if: succeeded", w}, true, {}, 2},
       {{marked, w}, true, {marked}, 2},
   };
-  for (const auto& row : rows) {
-    Script(row.script, 1);
+  for (const auto& [script, step, ran, endsOn] : rows) {
+    Script(script, 1);
     engine.state.StopRunning = true;  // as a step that ran the last line leaves it
-    row.step ? form.ExecuteNextButton_Click() : form.ExecuteButton_Click();
-    EXPECT_EQ(Ran(), row.ran);
-    EXPECT_EQ(engine.TraceWindow.Selected(), row.endsOn);
-    EXPECT_TRUE(Logged({kStars, "Info: PreProcessing..."}));
-    EXPECT_EQ(Logged({"", kStars, kStars, "Info: Execution BEGINS!!"}), !row.step);
-    EXPECT_EQ(Logged({"", "Info: Execution ends.", kPluses, kPluses}), !row.step);
+    step ? form.ExecuteNextButton_Click() : form.ExecuteButton_Click();
+    EXPECT_EQ(Ran(), ran);
+    EXPECT_EQ(engine.TraceWindow.Selected(), endsOn);
+    EXPECT_TRUE(Shown({kStars, "Info: PreProcessing..."}));
+    EXPECT_EQ(Shown({"", kStars, kStars, "Info: Execution BEGINS!!"}), !step);
+    EXPECT_EQ(Shown({"", "Info: Execution ends.", kPluses, kPluses}), !step);
     EXPECT_TRUE(controls[C::CommandList].Enabled && controls[C::ExecuteButton].Enabled && !form.Running);
   }
   EXPECT_EQ(window.foregroundCalls, 6);
@@ -109,7 +90,7 @@ TEST_F(EditorRunTest, AHaltOrACloseEndsTheRunAfterTheRunningLine) {
     EXPECT_EQ(during, "000100 Halt in Progress... 14");
     EXPECT_EQ(Ran(), std::vector<std::string>{row.line});
     EXPECT_LT(host.clockMs - start, row.endsBefore);
-    EXPECT_TRUE(Logged({kHalted, "", "Info: Execution ends."}));
+    EXPECT_TRUE(Shown({kHalted, "", "Info: Execution ends."}));
     EXPECT_EQ(controls[C::ExecuteNextButton].Caption + std::to_string(controls[C::ExecuteNextButton].Font.Size),
               " Execute Currently Selected Command12");
   }
@@ -123,18 +104,15 @@ TEST_F(EditorRunTest, BreakpointsToggleAndTheHeadingIsNeverHighlighted) {
             ">>> wait: 0.01|Clear this break point");
   form.BreakPointButton_Click();
   EXPECT_EQ(engine.TraceWindow.Item(1) + "|" + controls[C::BreakPointButton].Caption, "wait: 0.01|Set Break");
-  const struct {
-    std::vector<std::string> script;
-    long clicked;
-    const char* after;  // highlight, count, caption
-  } rows[] = {
+  // The script, the line clicked, and then the highlight, the count of lines and the caption.
+  const std::tuple<Lines, long, const char*> rows[] = {
       {{}, 0, "1 2 Set Break"}, {{">>> quit"}, 0, "1 2 Clear Break"}, {{"quit", ">>>quit"}, 2, "2 3 Clear Break"}};
-  for (const auto& row : rows) {
-    Script(row.script, row.clicked);
+  for (const auto& [script, clicked, after] : rows) {
+    Script(script, clicked);
     form.TraceWindow_Click();
     EXPECT_EQ(std::to_string(engine.TraceWindow.Selected()) + " " + std::to_string(engine.TraceWindow.Count()) + " " +
                   controls[C::BreakPointButton].Caption,
-              row.after);
+              after);
   }
 }
 
@@ -143,15 +121,12 @@ TEST_F(EditorRunTest, AStillPointerPicksTheWindowWithEveryLevelAndForeseesTheCho
   desktop.Add(desktop.Add(desktop.DesktopWindow(), "Setup", "#32770", 0, {600, 100, 1000, 400}), "Next >", "Button", 1,
               {900, 350, 980, 380});
   const std::string two = "Info: 2 windows match the picked description now; the choice by the picked point lands on ";
+  const std::string button = "2, \"Setup\", \"#32770\", 0, 0.85, 0.8833, \"Next >\", \"Button\", 1, 0.5, 0.5";
   const struct {
     ScreenPoint at;
     std::string description, matches;
-  } rows[] = {{{440, 365},
-               "2, \"Setup\", \"#32770\", 0, 0.85, 0.8833, \"Next >\", \"Button\", 1, 0.5, 0.5",
-               two + "the picked window."},
-              {{940, 365},
-               "2, \"Setup\", \"#32770\", 0, 0.85, 0.8833, \"Next >\", \"Button\", 1, 0.5, 0.5",
-               two + "another window."},
+  } rows[] = {{{440, 365}, button, two + "the picked window."},
+              {{940, 365}, button, two + "another window."},
               {{100, 100}, "1, \"Setup\", \"#32770\", 0, 0, 0", two + "the picked window."}};
   for (const auto& row : rows) {
     engine.DebugWindow.Clear();
@@ -191,18 +166,16 @@ TEST_F(EditorRunTest, OnePixelRestartsTheWaitAndEachWindowIsFramedInTurn) {
 // The mouse pick, in usemouse's range; no pick where none is asked for.
 TEST_F(EditorRunTest, TheMousePickGivesUseMousesRangeAndPicksStartOnlyWhereAskedFor) {
   desktop.screenWidth = 1024, desktop.screenHeight = 768;
-  const struct {
-    ScreenPoint at;
-    std::string xy;
-  } rows[] = {{{512, 384}, "32768 32768"}, {{1023, 767}, "65472 65451"}, {{2000, -5}, "65535 0"}};
-  for (const auto& row : rows) {
+  const std::pair<ScreenPoint, std::string> rows[] = {
+      {{512, 384}, "32768 32768"}, {{1023, 767}, "65472 65451"}, {{2000, -5}, "65535 0"}};
+  for (const auto& [at, xy] : rows) {
     Choose(kUseMouseCommand);
-    desktop.cursor = row.at;
+    desktop.cursor = at;
     std::string label;
     host.onDoEvents = [&] { label = controls[C::TimeOutLabel].Caption; };
     form.Minutes_GotFocus();
     EXPECT_EQ(label, "Mouse Location*");
-    EXPECT_EQ(controls[C::Minutes].Caption + " " + controls[C::Seconds].Caption, row.xy);
+    EXPECT_EQ(controls[C::Minutes].Caption + " " + controls[C::Seconds].Caption, xy);
     EXPECT_EQ(controls.Focused(), C::InsertCommandButton);
   }
   EXPECT_EQ(controls[C::TimeOutLabel].Caption, "Mouse Location:    X                   Y");

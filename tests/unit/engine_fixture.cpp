@@ -20,8 +20,7 @@ std::vector<std::string> Fatal_Block(const std::string& message, long code, cons
           ""};
 }
 
-std::vector<std::string> Go_On_Block(const std::string& message, long code, const std::string& location,
-                                     bool closed) {
+std::vector<std::string> Go_On_Block(const std::string& message, long code, const std::string& location, bool closed) {
   std::vector<std::string> block{"",
                                  kRule,
                                  Identification_Line(),
@@ -34,6 +33,18 @@ std::vector<std::string> Go_On_Block(const std::string& message, long code, cons
     block.push_back("");
   }
   return block;
+}
+
+Lines Ran_In(const Lines& log) {
+  Lines ran;
+  for (const std::string& line : log)
+    if (line.rfind("==> ", 0) == 0) ran.push_back(line.substr(4));
+  return ran;
+}
+
+Lines Joined(Lines first, const Lines& second) {
+  first.insert(first.end(), second.begin(), second.end());
+  return first;
 }
 
 }  // namespace velmora::testing

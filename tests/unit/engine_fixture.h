@@ -3,14 +3,19 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <string>
 #include <vector>
 
+#include "careful_io.h"
 #include "engine.h"
 #include "sim_host.h"
 #include "sim_registry.h"
+#include "trap.h"
 
 namespace velmora::testing {
+
+using Lines = std::vector<std::string>;
 
 // Records what the engine asked of the editor's window: 7 pixels a character,
 // lists 300 pixels wide, and only Courier New of the fonts asked for installed.
@@ -50,8 +55,24 @@ class EngineTest : public ::testing::Test {
     return -1;
   }
 
-  std::vector<std::string> Log(const std::string& path = "a.vld") const { return host.Lines(path); }
+  Lines Log(const std::string& path = "a.vld") const { return host.Lines(path); }
+  // Opens a.vld as the automatic session's debug file, as after its header.
+  void Open_Debug_File() {
+    std::string name = "a.vld";
+    Careful_IO(engine, false, kOpenOutput, engine.state.DebugFileNumber, name, "", "", kFatal);
+    engine.state.DebugFileOpen = true;
+  }
+  // The run of lines appears in the debug window, in order and together.
+  bool Shown(const Lines& run) const {
+    const Lines& log = engine.DebugWindow.Items();
+    return std::search(log.begin(), log.end(), run.begin(), run.end()) != log.end();
+  }
 };
+
+// The lines that ran, in order, as a log shows them ("==> line").
+Lines Ran_In(const Lines& log);
+// The blocks one after the other.
+Lines Joined(Lines first, const Lines& second);
 
 // An interactive engine with debug output on, as the editor runs it.
 class InteractiveTest : public EngineTest {

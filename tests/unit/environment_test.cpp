@@ -1,12 +1,8 @@
-#include <gtest/gtest.h>
-
-#include "engine_fixture.h"
 #include "environment.h"
+#include "engine_fixture.h"
 
 namespace velmora::testing {
 namespace {
-
-using Lines = std::vector<std::string>;
 
 class EnvironmentTest : public InteractiveTest {
  protected:

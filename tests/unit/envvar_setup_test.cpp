@@ -1,8 +1,9 @@
-// The batch editor's form on the simulated platform.
+// The batch editor: the SET statements of its file, and its form on the simulated platform.
 #include "about.h"
 #include "editor_fixture.h"
 #include "envvar_setup_form.h"
 #include "envvar_setup_layout.h"
+#include "set_statements.h"
 
 namespace velmora::testing {
 namespace {
@@ -48,8 +49,7 @@ TEST_F(EnvVarSetupTest, LoadingFramesTheFileWithTheHeadingAndTheSpareLineInTheAv
   const struct {
     const char* text;
     bool hasLucida;
-    std::vector<std::string> lines;
-    std::vector<std::string> fonts;
+    Lines lines, fonts;
   } rows[] = {{"", true, {}, {"Lucida Console"}},
               {"@echo off\r\n    SET Path = C:\\DOS\r\n",
                false,
@@ -60,10 +60,7 @@ TEST_F(EnvVarSetupTest, LoadingFramesTheFileWithTheHeadingAndTheSpareLineInTheAv
     view.hasLucida = row.hasLucida;
     view.fonts.clear();
     Open("C:\\b\\set.bat", row.text);
-    std::vector<std::string> expected = {Trace_Header_Line()};
-    expected.insert(expected.end(), row.lines.begin(), row.lines.end());
-    expected.push_back("   ");
-    EXPECT_EQ(Items(), expected);
+    EXPECT_EQ(Items(), Joined(Joined({Trace_Header_Line()}, row.lines), {"   "}));
     EXPECT_EQ(view.fonts, row.fonts);
     EXPECT_EQ(controls[C::BatchFileLabel].Caption, "Batch: C:\\b\\set.bat");
     EXPECT_EQ(form.BatchFileName, "\"C:\\b\\set.bat\"");
@@ -112,16 +109,14 @@ TEST_F(EnvVarSetupTest, AnUpdatedLineKeepsItsIndentInTheListAndIsSavedTrimmed) {
 // line or Escape abandons the edit.
 TEST_F(EnvVarSetupTest, ChoosingShowsOnlyStatementsAndLeavingTheLineAbandonsTheEdit) {
   Open("C:\\b\\set.bat", "setup=yes\r\nSET X=\r\nrem\r\n");
-  const struct {
-    long line;
-    const char* name;  // "" for the empty state
-  } rows[] = {{1, "up"}, {2, ""}, {3, ""}, {0, ""}};
-  for (const auto& row : rows) {
-    SCOPED_TRACE(row.line);
-    form.BatchWindow.Select(row.line);
+  // The line chosen and the name shown ("" for the empty state).
+  const std::pair<long, const char*> rows[] = {{1, "up"}, {2, ""}, {3, ""}, {0, ""}};
+  for (const auto& [line, name] : rows) {
+    SCOPED_TRACE(line);
+    form.BatchWindow.Select(line);
     form.BatchWindow_DblClick();
-    const bool chosen = *row.name != '\0';
-    EXPECT_EQ(controls[C::EnvVarNameLabel].Caption, chosen ? row.name : "No Variable Selected");
+    const bool chosen = *name != '\0';
+    EXPECT_EQ(controls[C::EnvVarNameLabel].Caption, chosen ? name : "No Variable Selected");
     EXPECT_EQ(controls[C::EnvVarValue].Visible, chosen);
     EXPECT_EQ(controls[C::UpdateEnvVarButton].Enabled, chosen);
   }
@@ -192,6 +187,58 @@ TEST_F(EnvVarSetupTest, TheNextOpeningRestoresThePlaceAndTheFile) {
   third.Form_Load();
   third.Open_At_Start();
   EXPECT_EQ(dialogs.requests.size(), 2u);
+}
+
+TEST(SetStatementsTest, OnlyLinesStartingWithSetAndHoldingANameAndAValueAreStatements) {
+  // The line, whether it is a candidate, and name|value ("" for no statement).
+  const std::tuple<const char*, bool, const char*> rows[] = {{"    SET Path = C:\\DOS", true, "Path|C:\\DOS"},
+                                                             {"setup=yes", true, "up|yes"},
+                                                             {"Set A=B=C ", true, "A|B=C"},
+                                                             {"SETX=1", true, "X|1"},
+                                                             {"SET X=", true, ""},
+                                                             {"set =x", true, ""},
+                                                             {"set", false, ""},
+                                                             {"rem set a=b", false, ""},
+                                                             {"\tset a=b", false, ""},
+                                                             {"", false, ""}};
+  for (const auto& [line, candidate, split] : rows) {
+    SCOPED_TRACE(line);
+    EXPECT_EQ(Is_Set_Candidate(line), candidate);
+    const auto statement = Is_Set_Statement(line);
+    EXPECT_EQ(statement ? statement->name + "|" + statement->value : "", split);
+  }
+}
+
+// Stepping wraps round once in either direction; a lone statement is found
+// again from itself; a line that is a candidate but no statement still stops.
+TEST(SetStatementsTest, SteppingWrapsOnceAndFindsNothingInAFileWithoutSet) {
+  const std::vector<std::string> lines = {"# heading", "@echo off", "set A=1", "echo", "SET X=", "   "};
+  const std::vector<std::string> lone = {"# heading", "set A=1", "   "};
+  const std::vector<std::string> none = {"# heading", "echo set", "   "};
+  const std::tuple<const std::vector<std::string>*, long, std::optional<long>, std::optional<long>> rows[] = {
+      {&lines, 0, 2, 4},
+      {&lines, 2, 4, 4},
+      {&lines, 4, 2, 2},
+      {&lines, 5, 2, 4},
+      {&lines, -1, 2, 4},
+      {&lone, 1, 1, 1},
+      {&none, 1, std::nullopt, std::nullopt}};
+  for (const auto& [file, from, next, previous] : rows) {
+    SCOPED_TRACE(from);
+    EXPECT_EQ(Next_EnvVar_Statement(*file, from), next);
+    EXPECT_EQ(Previous_EnvVar_Statement(*file, from), previous);
+  }
+  EXPECT_EQ(Next_EnvVar_Statement({}, 0), std::nullopt);
+}
+
+TEST(SetStatementsTest, AnUpdateKeepsTheIndentAndASaveWritesTheFileLinesTrimmed) {
+  EXPECT_EQ(Updated_Set_Line("    SET Path = C:\\DOS", "Path", "C:\\BIN"), "    set Path=C:\\BIN");
+  EXPECT_EQ(Updated_Set_Line("setup=yes", "up", "no "), "set up=no ");
+  EXPECT_EQ(Updated_Set_Line("   ", "A", "1"), "   set A=1");
+  EXPECT_EQ(Lines_To_Save({"# heading", "    set Path=C:\\BIN", " echo  ", "   "}),
+            (std::vector<std::string>{"set Path=C:\\BIN", "echo"}));
+  EXPECT_TRUE(Lines_To_Save({"# heading", "   "}).empty());
+  EXPECT_TRUE(Lines_To_Save({}).empty());
 }
 
 }  // namespace

@@ -1,5 +1,3 @@
-#include <gtest/gtest.h>
-
 #include <algorithm>
 
 #include "automation_fixture.h"
@@ -7,8 +5,6 @@
 
 namespace velmora::testing {
 namespace {
-
-using Lines = std::vector<std::string>;
 
 class FindWindowTest : public AutomationTest {
  protected:
@@ -145,27 +141,21 @@ TEST_F(SeveralCandidatesTest, TheCandidateUnderItsPickedPointIsChosen) {
 // Once a candidate's program does not respond, the rest of the choice brings
 // nothing forward and goes by what lies at each point: within the bound.
 TEST_F(SeveralCandidatesTest, AFrozenProgramEndsTheBringingForwardWithinTheBound) {
-  struct Row {
-    bool firstMovedAway;  // else none lies at its picked point
-    WindowHandle* frozen;
-    std::vector<WindowHandle*> broughtForward;
-    WindowHandle* used;
-  };
-  const Row rows[] = {
-      {false, &dialog, {}, &next}, {false, &dialog2, {&dialog, &next}, &next}, {true, &dialog2, {}, &next2}};
-  for (const Row& row : rows) {
-    desktop.pointOwnerOverride = row.firstMovedAway ? 0 : dialog;
-    if (row.firstMovedAway) desktop.At(next).rect = {0, 0, 1, 1};
-    const long long start = Start_Frozen(*row.frozen, 60000);
+  // Whether the first candidate moved away (else none lies at its picked point),
+  // the window frozen, the windows brought forward, and the one used.
+  const std::tuple<bool, WindowHandle, std::vector<WindowHandle>, WindowHandle> rows[] = {
+      {false, dialog, {}, next}, {false, dialog2, {dialog, next}, next}, {true, dialog2, {}, next2}};
+  for (const auto& [firstMovedAway, frozen, broughtForward, used] : rows) {
+    desktop.pointOwnerOverride = firstMovedAway ? 0 : dialog;
+    if (firstMovedAway) desktop.At(next).rect = {0, 0, 1, 1};
+    const long long start = Start_Frozen(frozen, 60000);
     EXPECT_TRUE(Find(kNextLine));
-    std::vector<WindowHandle> expected;
-    for (WindowHandle* w : row.broughtForward) expected.push_back(*w);
-    EXPECT_EQ(desktop.foregroundCalls, expected);
+    EXPECT_EQ(desktop.foregroundCalls, broughtForward);
     const Lines& lines = DebugLines();
     EXPECT_EQ(std::count(lines.begin(), lines.end(), "Info: The window did not respond within 10 seconds."), 1);
-    EXPECT_EQ(lines.back(), "==>  Using Window:  " + std::to_string(*row.used));
+    EXPECT_EQ(lines.back(), "==>  Using Window:  " + std::to_string(used));
     EXPECT_EQ(host.clockMs - start, 950 + 10000);  // the search's pause and the bound
-    desktop.Freeze(*row.frozen, 0);
+    desktop.Freeze(frozen, 0);
   }
 }
 

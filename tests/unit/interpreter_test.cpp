@@ -1,14 +1,11 @@
-#include <gtest/gtest.h>
-
+#include "interpreter.h"
 #include "about.h"
 #include "engine_fixture.h"
-#include "interpreter.h"
 #include "session.h"
+#include "simple_commands.h"
 
 namespace velmora::testing {
 namespace {
-
-using Lines = std::vector<std::string>;
 
 class InterpreterTest : public EngineTest {
  protected:
@@ -19,14 +16,6 @@ class InterpreterTest : public EngineTest {
     for (const auto& line : script) host.files["a.vls"] += line + "\r\n";
     host.commandLine = "\"a.vls\" \"a.vld\"";
     return Exit_Status_Of([&] { Form_Load(engine, interpreter); });
-  }
-
-  // The lines that ran, in order, as logged.
-  Lines Ran() const {
-    Lines ran;
-    for (const auto& line : Log())
-      if (line.rfind("==> ", 0) == 0) ran.push_back(line.substr(4));
-    return ran;
   }
 };
 
@@ -75,7 +64,7 @@ TEST_P(FlowTest, FollowsTheBlockTable) {
   const FlowCase& c = GetParam();
   host.startOutcomes.assign(c.starts.begin(), c.starts.end());
   EXPECT_EQ(Play(c.script), 0);
-  EXPECT_EQ(Ran(), c.ran);
+  EXPECT_EQ(Ran_In(Log()), c.ran);
   if (c.tenths >= 0) {
     EXPECT_EQ(host.tenthSleeps, c.tenths);
   }
@@ -145,6 +134,34 @@ TEST_F(InteractiveInterpreterTest, EmptyAndUnknownLinesSaySoAndQuitOnlyLogs) {
   EXPECT_EQ(engine.DebugWindow.Items().back(), "!! Quit Encountered! I am outa here! Have a nice day :)");
   EXPECT_EQ(engine.TraceWindow.Selected(), 3);
   EXPECT_FALSE(engine.state.StopRunning);
+}
+
+using SimpleCommandsTest = InteractiveTest;
+
+TEST_F(SimpleCommandsTest, WaitLogsTheTotalFirstAndPausesAtMostAMinuteAtATime) {
+  constexpr std::int32_t kMin = INT32_MIN;
+  const std::tuple<std::int32_t, const char*, long long> cases[] = {
+      {0, "0 seconds", 0},   {1, "1 second", 10},     {90, "90 seconds", 900},         {150, "150 seconds", 1500},
+      {-4, "-4 seconds", 0}, {60, "60 seconds", 600}, {kMin, "-2147483648 seconds", 0}};
+  for (const auto& [seconds, total, tenths] : cases) {
+    engine.DebugWindow.Clear();
+    host.tenthSleeps = 0;
+    Wait_Command(engine, true, seconds);
+    EXPECT_EQ(engine.DebugWindow.Items(), std::vector<std::string>{"Total Elapsed Time:  " + std::string(total) + "."});
+    EXPECT_EQ(host.tenthSleeps, tenths) << seconds;
+  }
+}
+
+TEST_F(SimpleCommandsTest, DebugIsOffOnlyForTheWordOff) {
+  const std::pair<const char*, bool> cases[] = {
+      {"off", false}, {" off ", false}, {"on", true}, {"OFF", true}, {"", true}};
+  for (const auto& [text, on] : cases) {
+    bool debugOn = !on;
+    engine.state.LastCommandSucceeded = true;
+    Debug_Command(engine, true, debugOn, text);
+    EXPECT_EQ(debugOn, on) << '"' << text << '"';
+    EXPECT_TRUE(engine.state.LastCommandSucceeded);
+  }
 }
 
 }  // namespace

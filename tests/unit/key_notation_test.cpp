@@ -86,32 +86,30 @@ TEST(KeyNotationTest, MalformedStringsSayWhatAndWhereAndSendNothing) {
   std::string million;  // 999,900 events
   for (int repeat = 0; repeat < 50; ++repeat) million += "{x 9999}";
   EXPECT_EQ(Parse_Key_String(million + std::string(50, 'a')).inputs.size(), 1000000u);
-  const struct {
-    std::string keys;
-    std::size_t position;
-    std::string fragment;
-  } rows[] = {{"{ENTER", 1, "no closing '}'"},
-              {"ab{TAB 3", 3, "no closing '}'"},
-              {"{ENTER}}", 8, "no opening '{'"},
-              {"+(ab", 2, "no closing ')'"},
-              {"(a))", 4, "no opening '('"},
-              {"abc{Foo}", 4, "Unknown key name {Foo}"},
-              {"{F17}", 1, "Unknown key name"},
-              {"{ENTER{TAB}", 1, "Unknown key name"},
-              {"{TAB x}", 1, "Bad repeat count in {TAB x}"},
-              {"{TAB -1}", 1, "Bad repeat count"},
-              {"{TAB 10000}", 1, "from 0 to 9999"},
-              {"{TAB  3}", 1, "Bad repeat count"},
-              {"ab^", 3, "'^' at position 3 has no key after it"},
-              {"(+)", 2, "'+'"},
-              {"{}a}", 1, "Empty braces"},
-              {"a+()", 3, "Empty parentheses"},
-              {"a\x01", 2, "Control character 0x01"},
-              {"{\x7F}", 2, "Control character 0x7F"},
-              {"x\x81", 2, "Byte 0x81"},
-              {million + std::string(51, 'a'), 451, "Too many keys"},
-              {million + std::string(48, 'a') + "^+a", 451, "Too many keys"},
-              {million + "+{x 9999}", 402, "Too many keys"}};
+  // The keys, the position of the fault, and a part of the message.
+  const std::tuple<std::string, std::size_t, std::string> rows[] = {
+      {"{ENTER", 1, "no closing '}'"},
+      {"ab{TAB 3", 3, "no closing '}'"},
+      {"{ENTER}}", 8, "no opening '{'"},
+      {"+(ab", 2, "no closing ')'"},
+      {"(a))", 4, "no opening '('"},
+      {"abc{Foo}", 4, "Unknown key name {Foo}"},
+      {"{F17}", 1, "Unknown key name"},
+      {"{ENTER{TAB}", 1, "Unknown key name"},
+      {"{TAB x}", 1, "Bad repeat count in {TAB x}"},
+      {"{TAB -1}", 1, "Bad repeat count"},
+      {"{TAB 10000}", 1, "from 0 to 9999"},
+      {"{TAB  3}", 1, "Bad repeat count"},
+      {"ab^", 3, "'^' at position 3 has no key after it"},
+      {"(+)", 2, "'+'"},
+      {"{}a}", 1, "Empty braces"},
+      {"a+()", 3, "Empty parentheses"},
+      {"a\x01", 2, "Control character 0x01"},
+      {"{\x7F}", 2, "Control character 0x7F"},
+      {"x\x81", 2, "Byte 0x81"},
+      {million + std::string(51, 'a'), 451, "Too many keys"},
+      {million + std::string(48, 'a') + "^+a", 451, "Too many keys"},
+      {million + "+{x 9999}", 402, "Too many keys"}};
   for (const auto& [keys, position, fragment] : rows) {
     const std::string shown = keys.substr(0, 20);
     const KeyParseResult result = Parse_Key_String(keys);

@@ -1,5 +1,3 @@
-#include <gtest/gtest.h>
-
 #include <tuple>
 
 #include "automation_fixture.h"
@@ -8,7 +6,6 @@
 namespace velmora::testing {
 namespace {
 
-using Lines = std::vector<std::string>;
 using Record = SimDesktop::MouseRecord;
 
 // The mouse events as (time since the first event, flags, x, y).
@@ -20,36 +17,28 @@ std::vector<std::vector<long long>> Timeline(const std::vector<Record>& events) 
 }
 
 TEST(ClickTest, CodesSelectButtonsAndTheUnitIsTheDoubleClickTimeOverOneAndAHalf) {
-  struct Case {
-    const char* code;
-    int doubleClickTime;
-    Click click;
-  };
-  const Case cases[] = {{"sl", 500, {2, 4, false, 333}},   {"dl", 500, {2, 4, true, 333}},
-                        {"sm", 600, {32, 64, false, 400}}, {"dr", 250, {8, 16, true, 167}},
-                        {"nc", 501, {0, 0, false, 334}},   {"sc", 3, {0, 0, false, 2}}};
-  for (const Case& c : cases) {
-    const Click k = Click_Of(c.code, c.doubleClickTime), want = c.click;
+  const std::tuple<const char*, int, Click> cases[] = {
+      {"sl", 500, {2, 4, false, 333}}, {"dl", 500, {2, 4, true, 333}},  {"sm", 600, {32, 64, false, 400}},
+      {"dr", 250, {8, 16, true, 167}}, {"nc", 501, {0, 0, false, 334}}, {"sc", 3, {0, 0, false, 2}}};
+  for (const auto& [code, doubleClickTime, want] : cases) {
+    const Click k = Click_Of(code, doubleClickTime);
     EXPECT_EQ(std::tie(k.down, k.up, k.isDouble, k.unitMs), std::tie(want.down, want.up, want.isDouble, want.unitMs))
-        << c.code;
+        << code;
   }
   EXPECT_THROW(Click_Of("sx", 500), std::exception);
   EXPECT_THROW(Click_Of("", 500), std::exception);
 }
 
 TEST(PixelAtTest, RoundsHalvesToEvenAndKeepsTheWholeCoordinateWithin16Bits) {
-  struct Case {
-    WindowRect rect;
-    double fx, fy;
-    long x, y;
-  };
-  const Case cases[] = {{{0, 0, 101, 21}, 0.5, 0.5, 50, 10},
-                        {{11, 21, 14, 24}, 0.5, 0.5, 13, 23},
-                        {{-50, -50, 50, 50}, 0, 1, -50, 50},
-                        {{32700, 0, 32766, 10}, 1, 0, 32766, 0}};
-  for (const Case& c : cases) {
-    const ScreenPoint p = Pixel_At(c.rect, c.fx, c.fy);
-    EXPECT_EQ(std::pair(p.x, p.y), std::pair(c.x, c.y)) << c.fx << ", " << c.fy;
+  // The rectangle, the fractions across and down, and the pixel.
+  const std::tuple<WindowRect, double, double, std::pair<long, long>> cases[] = {
+      {{0, 0, 101, 21}, 0.5, 0.5, {50, 10}},
+      {{11, 21, 14, 24}, 0.5, 0.5, {13, 23}},
+      {{-50, -50, 50, 50}, 0, 1, {-50, 50}},
+      {{32700, 0, 32766, 10}, 1, 0, {32766, 0}}};
+  for (const auto& [rect, fx, fy, pixel] : cases) {
+    const ScreenPoint p = Pixel_At(rect, fx, fy);
+    EXPECT_EQ(std::pair(p.x, p.y), pixel) << fx << ", " << fy;
   }
   // The offset alone fits; the coordinate it makes does not.
   EXPECT_THROW(Pixel_At({32760, 0, 32800, 10}, 0.5, 0), std::exception);
@@ -57,26 +46,23 @@ TEST(PixelAtTest, RoundsHalvesToEvenAndKeepsTheWholeCoordinateWithin16Bits) {
 }
 
 TEST_F(AutomationTest, UseMouseMovesThenClicksWithPlainFlags) {
-  struct Case {
-    const char* line;
-    std::vector<std::vector<long long>> timeline;
-  };
   const long long move = 0xFFFF8001;
-  const Case cases[] = {{"usemouse: sl, 400, 300", {{0, move, 400, 300}, {0, 2, 400, 300}, {999, 4, 400, 300}}},
-                        {"usemouse: nc, 0, 0", {{0, move, 0, 0}, {0, 0, 0, 0}, {999, 0, 0, 0}}},
-                        {"usemouse: dr, 65535, 65535",
-                         {{0, move, 65535, 65535},
-                          {0, 8, 65535, 65535},
-                          {999, 16, 65535, 65535},
-                          {1332, 8, 65535, 65535},
-                          {2331, 16, 65535, 65535}}}};
-  for (const Case& c : cases) {
+  const std::pair<const char*, std::vector<std::vector<long long>>> cases[] = {
+      {"usemouse: sl, 400, 300", {{0, move, 400, 300}, {0, 2, 400, 300}, {999, 4, 400, 300}}},
+      {"usemouse: nc, 0, 0", {{0, move, 0, 0}, {0, 0, 0, 0}, {999, 0, 0, 0}}},
+      {"usemouse: dr, 65535, 65535",
+       {{0, move, 65535, 65535},
+        {0, 8, 65535, 65535},
+        {999, 16, 65535, 65535},
+        {1332, 8, 65535, 65535},
+        {2331, 16, 65535, 65535}}}};
+  for (const auto& [line, timeline] : cases) {
     desktop.mouseEvents.clear();
     const long long before = host.clockMs;
-    automation.UseMouse_Command(engine, true, Parsed(c.line));
-    EXPECT_EQ(Timeline(desktop.mouseEvents), c.timeline) << c.line;
-    const bool isDouble = c.line[10] == 'd';
-    EXPECT_EQ(host.clockMs - before, isDouble ? 12 * 333 : 3 * 333) << c.line;  // t, 3t, 3t and 5t for a double
+    automation.UseMouse_Command(engine, true, Parsed(line));
+    EXPECT_EQ(Timeline(desktop.mouseEvents), timeline) << line;
+    const bool isDouble = line[10] == 'd';
+    EXPECT_EQ(host.clockMs - before, isDouble ? 12 * 333 : 3 * 333) << line;  // t, 3t, 3t and 5t for a double
   }
   EXPECT_TRUE(DebugLines().empty());
 }
@@ -92,11 +78,6 @@ class SendButtonsTest : public AutomationTest {
     engine.DebugWindow.Clear();
     host.tenthSleeps = 0;
     desktop.mouseEvents.clear();
-  }
-  bool Click(const std::string& code) {
-    bool succeeded = false;
-    automation.SendButtons_Command(engine, true, Parsed("sendbuttons: " + code), succeeded);
-    return succeeded;
   }
 };
 

@@ -1,8 +1,5 @@
-#include <gtest/gtest.h>
-
-#include "engine_fixture.h"
 #include "parser.h"
-#include "trap.h"
+#include "engine_fixture.h"
 
 namespace velmora::testing {
 namespace {
@@ -78,35 +75,45 @@ TEST_F(ParserTest, AcceptedLinesGiveTheirCodeWordAndParametersWithoutAnyReport) 
     std::string line;
     CommandCode code;
     std::string word, parameters;
+    std::int32_t seconds = 0;
   };
-  const Row rows[] = {{"run: \"C:\\SETUP\\SETUP.EXE /Q\"", kRunCommand, "|run|", "C:\\SETUP\\SETUP.EXE /Q"},
-                      {"sendkeys: \"{TAB}{TAB}~\"", kSendKeysCommand, "|sendkeys|", "{TAB}{TAB}~"},
-                      {"test: \"WINDIR\" = \"C:\\WINDOWS\"", kTestCommand, "|test|", "WINDIR\nC:\\WINDOWS"},
-                      {"if: failed", kIfCommand, "|if|", "failed"},
-                      {"If: Succeeded and more", kIfCommand, "|if|", "succeeded"},
-                      {"while: SUCCEEDED", kWhileCommand, "|while|", "succeeded"},
-                      {"usemouse: nc, 0, 0", kUseMouseCommand, "|usemouse|", "nc"},
-                      {"UseMouse: SL, 65535, 65535", kUseMouseCommand, "|usemouse|", "sl"},
-                      {"sendbuttons: DLxyz", kSendButtonsCommand, "|sendbuttons|", "dl"},
-                      {"wait: 0.30", kWaitCommand, "|wait|", "0.30"},
-                      {"debug: OFF", kDebugCommand, "|debug|", "off"},
-                      {"quit", kQuitCommand, "|quit|", ""},
-                      {"else: whatever", kElseCommand, "|else|", ""},
-                      {"endif", kEndIfCommand, "|endif|", ""},
-                      {"ENDIF: anything", kEndIfCommand, "|endif|", ""},
-                      {" Repeat ", kRepeatCommand, "|repeat|", ""},
-                      {"", kBlankLine, "", ""},
-                      {"# run: x", kCommentLine, "", "run: x"},
-                      {"  #x", kCommentLine, "", "x"},
-                      {">>> quit", kQuitCommand, "|quit|", ""},  // the editor reads through the breakpoint mark
-                      {"  >>>run: \"x\"", kRunCommand, "|run|", "x"},
-                      {">>> # note", kCommentLine, "", "note"}};
+  // Findwindow parameters come back normalised level by level.
+  const Row rows[] = {
+      {"findwindow: 1, \"Setup\", \"#32770\", 0, 0.50, .25, 1.00", kFindWindowCommand, "|findwindow|",
+       "1, \"Setup\", \"#32770\", 0, 0.5, 0.25, ", 60},
+      {"findwindow: 2, \"Setup\", \"#32770\", 0, 0, 0, \"Next >\", \"Button\", 1, 0.5, 0.5, 0.30", kFindWindowCommand,
+       "|findwindow|", "2, \"Setup\", \"#32770\", 0, 0, 0, \"Next >\", \"Button\", 1, 0.5, 0.5, ", 30},
+      {"FindWindow:02 ,\"  Title \",\"\",+007,1,2,\"x\" , \"y\" , -0 , 3 , 4 , 2", kFindWindowCommand, "|findwindow|",
+       "2, \"  Title \", \"\", 7, 1, 2, \"x\", \"y\", 0, 3, 4, ", 120},
+      {"run: \"C:\\SETUP\\SETUP.EXE /Q\"", kRunCommand, "|run|", "C:\\SETUP\\SETUP.EXE /Q"},
+      {"sendkeys: \"{TAB}{TAB}~\"", kSendKeysCommand, "|sendkeys|", "{TAB}{TAB}~"},
+      {"test: \"WINDIR\" = \"C:\\WINDOWS\"", kTestCommand, "|test|", "WINDIR\nC:\\WINDOWS"},
+      {"if: failed", kIfCommand, "|if|", "failed"},
+      {"If: Succeeded and more", kIfCommand, "|if|", "succeeded"},
+      {"while: SUCCEEDED", kWhileCommand, "|while|", "succeeded"},
+      {"usemouse: nc, 0, 0", kUseMouseCommand, "|usemouse|", "nc"},
+      {"UseMouse: SL, 65535, 65535", kUseMouseCommand, "|usemouse|", "sl"},
+      {"sendbuttons: DLxyz", kSendButtonsCommand, "|sendbuttons|", "dl"},
+      {"wait: 0.30", kWaitCommand, "|wait|", "0.30", 30},
+      {"debug: OFF", kDebugCommand, "|debug|", "off"},
+      {"quit", kQuitCommand, "|quit|", ""},
+      {"else: whatever", kElseCommand, "|else|", ""},
+      {"endif", kEndIfCommand, "|endif|", ""},
+      {"ENDIF: anything", kEndIfCommand, "|endif|", ""},
+      {" Repeat ", kRepeatCommand, "|repeat|", ""},
+      {"", kBlankLine, "", ""},
+      {"# run: x", kCommentLine, "", "run: x"},
+      {"  #x", kCommentLine, "", "x"},
+      {">>> quit", kQuitCommand, "|quit|", ""},  // the editor reads through the breakpoint mark
+      {"  >>>run: \"x\"", kRunCommand, "|run|", "x"},
+      {">>> # note", kCommentLine, "", "note"}};
   for (const Row& row : rows) {
     const ParsedCommand command = Parse(row.line);
     EXPECT_TRUE(accepted) << row.line;
     EXPECT_EQ(command.CommandCode, row.code) << row.line;
     EXPECT_EQ(command.CommandWord, row.word) << row.line;
     EXPECT_EQ(command.Parameters, row.parameters) << row.line;
+    EXPECT_EQ(command.TimeOut, row.seconds) << row.line;
     EXPECT_FALSE(command.ParseError) << row.line;
     EXPECT_TRUE(engine.DebugWindow.Items().empty()) << row.line;
   }
@@ -142,22 +149,6 @@ TEST_F(ParserTest, TimesAreSecondsScaledOnlyWhenWrittenWithAFullStop) {
     const ParsedCommand find = Parse(kOneWindow + "0, 0, 0, " + time, speed);
     EXPECT_EQ(find.TimeOut, seconds) << "findwindow: " << time << " x" << speed;
     EXPECT_TRUE(engine.DebugWindow.Items().empty()) << time;
-  }
-}
-
-TEST_F(ParserTest, FindWindowParametersAreNormalisedLevelByLevel) {
-  const std::tuple<std::string, std::string, std::int32_t> rows[] = {
-      {"findwindow: 1, \"Setup\", \"#32770\", 0, 0.50, .25, 1.00", "1, \"Setup\", \"#32770\", 0, 0.5, 0.25, ", 60},
-      {"findwindow: 2, \"Setup\", \"#32770\", 0, 0, 0, \"Next >\", \"Button\", 1, 0.5, 0.5, 0.30",
-       "2, \"Setup\", \"#32770\", 0, 0, 0, \"Next >\", \"Button\", 1, 0.5, 0.5, ", 30},
-      {"FindWindow:02 ,\"  Title \",\"\",+007,1,2,\"x\" , \"y\" , -0 , 3 , 4 , 2",
-       "2, \"  Title \", \"\", 7, 1, 2, \"x\", \"y\", 0, 3, 4, ", 120}};
-  for (const auto& [line, parameters, seconds] : rows) {
-    const ParsedCommand command = Parse(line);
-    EXPECT_EQ(command.CommandCode, kFindWindowCommand) << line;
-    EXPECT_EQ(command.Parameters, parameters) << line;
-    EXPECT_EQ(command.TimeOut, seconds) << line;
-    EXPECT_FALSE(command.ParseError) << line;
   }
 }
 

@@ -1,11 +1,7 @@
 // The debug log and the error report, in both kinds of session.
-#include <gtest/gtest.h>
-
-#include "careful_io.h"
 #include "debug_log.h"
 #include "engine_fixture.h"
 #include "error_report.h"
-#include "trap.h"
 
 namespace velmora::testing {
 namespace {
@@ -15,11 +11,7 @@ constexpr const char* kLocation = "Velmora.(General).Parse_Command.UseMouseError
 // An automatic session with its debug file a.vld open, as after the header.
 class AutomaticReportTest : public EngineTest {
  protected:
-  void SetUp() override {
-    std::string name = "a.vld";
-    Careful_IO(engine, false, kOpenOutput, engine.state.DebugFileNumber, name, "", "", kFatal);
-    engine.state.DebugFileOpen = true;
-  }
+  void SetUp() override { Open_Debug_File(); }
 };
 
 TEST_F(AutomaticReportTest, FatalReportWritesTheWholeBlockClosesTheLogAndEndsWithStatusOne) {
@@ -27,10 +19,8 @@ TEST_F(AutomaticReportTest, FatalReportWritesTheWholeBlockClosesTheLogAndEndsWit
   Report_Error(engine, false, 53, "Unable to Open x for Input -> File not found", "T", "L.1", kGoOn);
   const int status = Exit_Status_Of([&] { Report_Error(engine, false, -1, "Illegal characters", "E", kLocation, 0); });
   EXPECT_EQ(status, 1);
-  std::vector<std::string> expected = Go_On_Block("Unable to Open x for Input -> File not found", 53, "L.1");
-  const auto fatal = Fatal_Block("Illegal characters", -1, kLocation);
-  expected.insert(expected.end(), fatal.begin(), fatal.end());
-  EXPECT_EQ(Log(), expected);
+  EXPECT_EQ(Log(), Joined(Go_On_Block("Unable to Open x for Input -> File not found", 53, "L.1"),
+                          Fatal_Block("Illegal characters", -1, kLocation)));
   EXPECT_EQ(host.files["a.vld"].substr(host.files["a.vld"].size() - 4), "\r\n\r\n");
   EXPECT_EQ(engine.files.Find(engine.state.DebugFileNumber), nullptr);  // closed before the end
   EXPECT_EQ(host.beeps, 1);
@@ -55,10 +45,9 @@ TEST_F(EngineTest, InteractiveFatalReportStopsTheRunAndShowsTheDebugFrame) {
   engine.state.InteractiveSession = true;
   Report_Error(engine, true, -1, "Boom", "T", kLocation, kFatal);
   Trap(engine, true, "Velmora.(General).If_Command.TrappableErrors.1", kGoOn, [] { throw OverflowError(); });
-  std::vector<std::string> expected = Fatal_Block("Boom", -1, kLocation);
-  const auto trapped = Go_On_Block("Overflow", 6, "Velmora.(General).If_Command.TrappableErrors.1", false);
-  expected.insert(expected.end(), trapped.begin(), trapped.end());
-  EXPECT_EQ(engine.DebugWindow.Items(), expected);
+  EXPECT_EQ(engine.DebugWindow.Items(),
+            Joined(Fatal_Block("Boom", -1, kLocation),
+                   Go_On_Block("Overflow", 6, "Velmora.(General).If_Command.TrappableErrors.1", false)));
   EXPECT_TRUE(engine.state.StopRunning);
   EXPECT_FALSE(engine.state.ReportingFatalError);
   EXPECT_EQ(surface.debugFrameEnabled, 1);
@@ -78,9 +67,7 @@ TEST_F(EngineTest, DebugLinesGoToFileAndWindowOnlyWhenSwitchedOn) {
     EXPECT_EQ(engine.editor.WidestDebugLine, widest) << length;
   }
   EXPECT_EQ(surface.extents, (std::vector<long>{355, 425}));
-  std::string name = "a.vld";
-  Careful_IO(engine, true, kOpenOutput, engine.state.DebugFileNumber, name, "", "", kFatal);
-  engine.state.DebugFileOpen = true;
+  Open_Debug_File();
   Print_Debug(engine, true, engine.state.DebugFileNumber, false, "hidden");
   Print_Debug(engine, true, engine.state.DebugFileNumber, true, "");
   EXPECT_EQ(host.files["a.vld"], "\r\n");

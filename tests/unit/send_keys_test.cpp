@@ -1,12 +1,8 @@
-#include <gtest/gtest.h>
-
 #include "automation_fixture.h"
 #include "key_notation.h"
 
 namespace velmora::testing {
 namespace {
-
-using Lines = std::vector<std::string>;
 
 class SendKeysTest : public AutomationTest {
  protected:
@@ -18,11 +14,6 @@ class SendKeysTest : public AutomationTest {
     ASSERT_TRUE(Find("findwindow: 2, \"Setup\", \"#32770\", 0, 0, 0, \"Folder\", \"Edit\", 1001, 0.5, 0.5, 0.05"));
     engine.DebugWindow.Clear();
     host.tenthSleeps = 0;
-  }
-  bool Send(const std::string& keys) {
-    bool succeeded = false;
-    automation.SendKeys_Command(engine, true, Parsed("sendkeys: \"" + keys + "\""), succeeded);
-    return succeeded;
   }
   Lines Identity() const {
     return {"Set Focus using:", "  Window Text   :  Folder", "  Window Class  :  Edit", "  Window ChildID:  4",
@@ -55,11 +46,8 @@ TEST_F(SendKeysTest, WaitsForTheWindowToBecomeEnabledForTenPausesAtMost) {
   EXPECT_FALSE(Send("x"));
   EXPECT_EQ(host.tenthSleeps, 50);
   EXPECT_TRUE(desktop.keys.empty());
-  Lines expected = Identity();
-  const Lines block = Go_On_Block("This window is not able to receive input:  Folder", -1,
-                                  "Velmora.(General).Send_Keys_To.IsWindowEnabledError.1");
-  expected.insert(expected.end(), block.begin(), block.end());
-  EXPECT_EQ(DebugLines(), expected);
+  EXPECT_EQ(DebugLines(), Joined(Identity(), Go_On_Block("This window is not able to receive input:  Folder", -1,
+                                                         "Velmora.(General).Send_Keys_To.IsWindowEnabledError.1")));
   EXPECT_FALSE(engine.state.StopRunning);
 }
 
@@ -102,13 +90,11 @@ TEST_F(SendKeysTest, AFrozenProgramHoldsTheScriptUpOnlyWithinTheBound) {
 TEST_F(AutomationTest, KeysOrButtonsWithoutATargetAreFatalAndLeaveTheFlag) {
   bool succeeded = true;
   automation.SendKeys_Command(engine, true, Parsed("sendkeys: \"x\""), succeeded);
-  Lines expected =
-      Fatal_Block("No Window found to SendKeys_To", -1, "Velmora.(General).SendKeys_Command.Send_Keys_ToError.1");
   automation.SendButtons_Command(engine, true, Parsed("sendbuttons: sl"), succeeded);
-  for (const auto& line : Fatal_Block("No Window found to SendButtons_To", -1,
-                                      "Velmora.(General).SendButtons_Command.Send_Buttons_ToError.1"))
-    expected.push_back(line);
-  EXPECT_EQ(DebugLines(), expected);
+  EXPECT_EQ(DebugLines(), Joined(Fatal_Block("No Window found to SendKeys_To", -1,
+                                             "Velmora.(General).SendKeys_Command.Send_Keys_ToError.1"),
+                                 Fatal_Block("No Window found to SendButtons_To", -1,
+                                             "Velmora.(General).SendButtons_Command.Send_Buttons_ToError.1")));
   EXPECT_TRUE(succeeded);
 }
 

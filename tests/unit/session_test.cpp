@@ -1,14 +1,10 @@
-#include <gtest/gtest.h>
-
+#include "session.h"
 #include "about.h"
 #include "engine_fixture.h"
-#include "session.h"
 #include "sim_desktop.h"
 
 namespace velmora::testing {
 namespace {
-
-using Lines = std::vector<std::string>;
 
 // Records the lines it is asked to run and runs each as nothing.
 class RecordingRunner : public ScriptRunner {

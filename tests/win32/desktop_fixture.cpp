@@ -23,23 +23,12 @@ LRESULT CALLBACK Recording_Procedure(HWND window, UINT message, WPARAM wParam, L
     const auto* create = reinterpret_cast<const CREATESTRUCTA*>(lParam);
     SetWindowLongPtrA(window, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(create->lpCreateParams));
   }
-  if (WindowRecord* record = Record_Of(window)) {
-    switch (message) {
-      case WM_COMMAND:
-        if (HIWORD(wParam) == BN_CLICKED && lParam != 0) ++record->clicksById[LOWORD(wParam)];
-        break;
-      case WM_LBUTTONDOWN:
-      case WM_LBUTTONUP:
-      case WM_RBUTTONDOWN:
-      case WM_RBUTTONUP:
-      case WM_MBUTTONDOWN:
-      case WM_MBUTTONUP:
-        record->buttons.push_back({message, {static_cast<short>(LOWORD(lParam)), static_cast<short>(HIWORD(lParam))}});
-        break;
-      default:
-        break;
-    }
-  }
+  WindowRecord* record = Record_Of(window);
+  if (record && message == WM_COMMAND && HIWORD(wParam) == BN_CLICKED && lParam != 0)
+    ++record->clicksById[LOWORD(wParam)];
+  // The class has no CS_DBLCLKS: the double-click messages in this range never come.
+  if (record && message >= WM_LBUTTONDOWN && message <= WM_MBUTTONDBLCLK)
+    record->buttons.push_back({message, {static_cast<short>(LOWORD(lParam)), static_cast<short>(HIWORD(lParam))}});
   return DefWindowProcA(window, message, wParam, lParam);
 }
 
@@ -107,42 +96,5 @@ HWND Windows::Child(HWND parent, const std::string& className, const std::string
 WindowHandle Handle(HWND window) { return static_cast<WindowHandle>(reinterpret_cast<INT_PTR>(window)); }
 
 std::string ProcessTag() { return std::to_string(GetCurrentProcessId()); }
-
-void DesktopEngineTest::SetUp() {
-  engine.automation = &automation;
-  engine.state.InteractiveSession = true;
-  engine.state.DebugOn = true;
-}
-
-ParsedCommand DesktopEngineTest::Parsed(const std::string& line) {
-  ParsedCommand command;
-  Parse_Command(engine, true, line, 1.0, command, kNoEditorLine);
-  return command;
-}
-
-bool DesktopEngineTest::Find(const std::string& line) {
-  bool succeeded = false;
-  automation.FindWindow_Command(engine, true, Parsed(line), succeeded);
-  return succeeded;
-}
-
-bool DesktopEngineTest::Send(const std::string& keys) {
-  bool succeeded = false;
-  automation.SendKeys_Command(engine, true, Parsed("sendkeys: \"" + keys + "\""), succeeded);
-  return succeeded;
-}
-
-std::string DesktopEngineTest::Find_Line(const std::string& title, const std::string& className,
-                                         const std::string& text, const std::string& controlClass, int id) {
-  return "findwindow: 2, \"" + title + "\", \"" + className + "\", 0, 0.5, 0.5, \"" + text + "\", \"" + controlClass +
-         "\", " + std::to_string(id) + ", 0.5, 0.5, 0.01";
-}
-
-std::vector<std::string> DesktopEngineTest::Problem_Lines() const {
-  std::vector<std::string> lines;
-  for (const std::string& line : engine.DebugWindow.Items())
-    if (line.rfind("Error Location:", 0) == 0 || line.rfind("Info:", 0) == 0) lines.push_back(line);
-  return lines;
-}
 
 }  // namespace velmora::test

@@ -92,19 +92,41 @@ class DesktopEngineTest : public testing::Test {
   Engine engine{host, registry, &desktop};
   Automation automation{engine, desktop};
 
-  void SetUp() override;
-
-  ParsedCommand Parsed(const std::string& line);
+  void SetUp() override {
+    engine.automation = &automation;
+    engine.state.InteractiveSession = engine.state.DebugOn = true;
+  }
+  ParsedCommand Parsed(const std::string& line) {
+    ParsedCommand command;
+    Parse_Command(engine, true, line, 1.0, command, kNoEditorLine);
+    return command;
+  }
   // Runs a findwindow line; true when it found a window.
-  bool Find(const std::string& line);
+  bool Find(const std::string& line) {
+    bool succeeded = false;
+    automation.FindWindow_Command(engine, true, Parsed(line), succeeded);
+    return succeeded;
+  }
   // Runs a sendkeys line with the key string; true when it succeeded.
-  bool Send(const std::string& keys);
+  bool Send(const std::string& keys) {
+    bool succeeded = false;
+    automation.SendKeys_Command(engine, true, Parsed("sendkeys: \"" + keys + "\""), succeeded);
+    return succeeded;
+  }
   // A findwindow line for a control in a top-level window, picked at the
   // control's centre, with a time-out of one second.
   static std::string Find_Line(const std::string& title, const std::string& className, const std::string& text,
-                               const std::string& controlClass, int id);
+                               const std::string& controlClass, int id) {
+    return "findwindow: 2, \"" + title + "\", \"" + className + "\", 0, 0.5, 0.5, \"" + text + "\", \"" + controlClass +
+           "\", " + std::to_string(id) + ", 0.5, 0.5, 0.01";
+  }
   // The debug lines that say something went wrong: error locations and notes.
-  std::vector<std::string> Problem_Lines() const;
+  std::vector<std::string> Problem_Lines() const {
+    std::vector<std::string> lines;
+    for (const std::string& line : engine.DebugWindow.Items())
+      if (line.rfind("Error Location:", 0) == 0 || line.rfind("Info:", 0) == 0) lines.push_back(line);
+    return lines;
+  }
 };
 
 }  // namespace velmora::test

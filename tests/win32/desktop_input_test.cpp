@@ -26,37 +26,50 @@ std::string Held_Modifiers() {
   return held;
 }
 
-// ---------------------------------------------------------------------------
-// sendkeys
-
-class DesktopKeysTest : public DesktopEngineTest {
+// One window: two edits for the keys, two buttons and a pad of our own
+// class, which records its mouse button messages, for the mouse.
+class DesktopInputTest : public DesktopEngineTest {
  protected:
   const std::string tag = ProcessTag();
-  const std::string title = "Velmora Keys Test " + tag;
-  RecordingClass windowClass{"VelmoraKeys" + tag};
+  const std::string title = "Velmora Input Test " + tag;
+  RecordingClass windowClass{"VelmoraInput" + tag};
   Windows windows;
-  HWND main = nullptr;
+  WindowRecord parent, pad;
+  HWND main = nullptr, padWindow = nullptr;
 
   void SetUp() override {
     DesktopEngineTest::SetUp();
     ASSERT_TRUE(windowClass.Registered());
-    main = windows.TopLevel(windowClass.Name(), title, {100, 100, 500, 320});
+    main = windows.TopLevel(windowClass.Name(), title, {100, 100, 700, 420}, &parent);
     ASSERT_NE(main, nullptr);
-    ASSERT_TRUE(windows.Child(main, "Edit", "", 1001, {10, 10, 380, 32}, WS_BORDER | ES_AUTOHSCROLL));
-    ASSERT_TRUE(windows.Child(main, "Edit", "", 1002, {10, 40, 380, 200},
+    padWindow = windows.Child(main, windowClass.Name(), "Pad", 20, {20, 80, 320, 280}, 0, &pad);
+    ASSERT_TRUE(windows.Child(main, "Button", "< Back", 11, {20, 20, 120, 50}) &&
+                windows.Child(main, "Button", "Next >", 12, {140, 20, 240, 50}) && padWindow);
+    ASSERT_TRUE(windows.Child(main, "Edit", "", 1001, {340, 10, 590, 32}, WS_BORDER | ES_AUTOHSCROLL));
+    ASSERT_TRUE(windows.Child(main, "Edit", "", 1002, {340, 40, 590, 200},
                               WS_BORDER | ES_MULTILINE | ES_AUTOVSCROLL | ES_WANTRETURN));
     Pump_For(50);
   }
+  bool Click(const std::string& code) {
+    bool succeeded = false;
+    automation.SendButtons_Command(engine, true, Parsed("sendbuttons: " + code), succeeded);
+    return succeeded;
+  }
+  void Use_Mouse(const std::string& code, long x, long y) {
+    automation.UseMouse_Command(engine, true,
+                                Parsed("usemouse: " + code + ", " + std::to_string(x) + ", " + std::to_string(y)));
+  }
+  // The pad's client point under a screen point.
+  POINT On_Pad(POINT screen) const {
+    ScreenToClient(padWindow, &screen);
+    return screen;
+  }
 };
 
-TEST_F(DesktopKeysTest, AnEditReceivesExactlyWhatWasTyped) {
-  struct Row {
-    int edit;  // the control identifier of the target
-    std::string keys;
-    std::wstring expected;
-  };
+TEST_F(DesktopInputTest, AnEditReceivesExactlyWhatWasTyped) {
+  // The control identifier of the target edit, the keys, and the edit's text.
   // clang-format off
-  const Row rows[] = {
+  const std::tuple<int, std::string, std::wstring> rows[] = {
       {1001, "abc", L"abc"},
       {1001, "ABC!@#", L"ABC!@#"},                               // characters that need Shift
       {1001, "a1-=,./;'", L"a1-=,./;'"},                         // and some that need none
@@ -78,98 +91,53 @@ TEST_F(DesktopKeysTest, AnEditReceivesExactlyWhatWasTyped) {
   };
   // clang-format on
   int target = 0;
-  for (const Row& row : rows) {
-    HWND edit = GetDlgItem(main, row.edit);
+  for (const auto& [id, keys, expected] : rows) {
+    HWND edit = GetDlgItem(main, id);
     SetWindowTextA(edit, "");
-    if (row.edit != target) {
+    if (id != target) {
       engine.DebugWindow.Clear();
-      ASSERT_TRUE(Find(Find_Line(title, windowClass.Name(), "", "Edit", row.edit))) << row.edit;
+      ASSERT_TRUE(Find(Find_Line(title, windowClass.Name(), "", "Edit", id))) << id;
       ASSERT_EQ(automation.Target().TargetList.at(1), Handle(edit));
-      target = row.edit;
+      target = id;
     }
     engine.DebugWindow.Clear();
-    EXPECT_TRUE(Send(row.keys)) << row.keys;
-    Pump_Until([&] { return Text_Of(edit) == row.expected; }, 1000);
-    EXPECT_EQ(Text_Of(edit), row.expected) << row.keys;
-    EXPECT_EQ(Held_Modifiers(), "") << "left down after " << row.keys;
-    EXPECT_EQ(GetForegroundWindow(), main) << row.keys;
-    EXPECT_EQ(GetFocus(), edit) << row.keys;
-    EXPECT_TRUE(Problem_Lines().empty()) << row.keys << ": " << testing::PrintToString(Problem_Lines());
+    EXPECT_TRUE(Send(keys)) << keys;
+    Pump_Until([&] { return Text_Of(edit) == expected; }, 1000);
+    EXPECT_EQ(Text_Of(edit), expected) << keys;
+    EXPECT_EQ(Held_Modifiers(), "") << "left down after " << keys;
+    EXPECT_EQ(GetForegroundWindow(), main) << keys;
+    EXPECT_EQ(GetFocus(), edit) << keys;
+    EXPECT_TRUE(Problem_Lines().empty()) << keys << ": " << testing::PrintToString(Problem_Lines());
   }
 }
 
-// ---------------------------------------------------------------------------
-// sendbuttons and usemouse
-
-class DesktopMouseTest : public DesktopEngineTest {
- protected:
-  const std::string tag = ProcessTag();
-  const std::string title = "Velmora Mouse Test " + tag;
-  RecordingClass windowClass{"VelmoraMouse" + tag};
-  Windows windows;
-  WindowRecord parent, pad;
-  HWND main = nullptr, back = nullptr, next = nullptr, padWindow = nullptr;
-
-  void SetUp() override {
-    DesktopEngineTest::SetUp();
-    ASSERT_TRUE(windowClass.Registered());
-    main = windows.TopLevel(windowClass.Name(), title, {100, 100, 600, 420}, &parent);
-    ASSERT_NE(main, nullptr);
-    back = windows.Child(main, "Button", "< Back", 11, {20, 20, 120, 50});
-    next = windows.Child(main, "Button", "Next >", 12, {140, 20, 240, 50});
-    padWindow = windows.Child(main, windowClass.Name(), "Pad", 20, {20, 80, 320, 280}, 0, &pad);
-    ASSERT_TRUE(back && next && padWindow);
-    Pump_For(50);
-  }
-
-  bool Click(const std::string& code) {
-    bool succeeded = false;
-    automation.SendButtons_Command(engine, true, Parsed("sendbuttons: " + code), succeeded);
-    return succeeded;
-  }
-  void Use_Mouse(const std::string& code, long x, long y) {
-    automation.UseMouse_Command(engine, true,
-                                Parsed("usemouse: " + code + ", " + std::to_string(x) + ", " + std::to_string(y)));
-  }
-  // The pad's client point under a screen point.
-  POINT On_Pad(POINT screen) const {
-    ScreenToClient(padWindow, &screen);
-    return screen;
-  }
-};
-
-TEST_F(DesktopMouseTest, SendButtonsClicksTheButtonThatFindWindowChose) {
-  struct Row {
-    const char* text;
-    int id;
-    const char* code;
-    std::map<int, int> clicks;  // BN_CLICKED by identifier
-  };
-  const Row rows[] = {
+TEST_F(DesktopInputTest, SendButtonsClicksTheButtonThatFindWindowChose) {
+  // The button's text and identifier, the click, and BN_CLICKED by identifier.
+  const std::tuple<const char*, int, const char*, std::map<int, int>> rows[] = {
       {"Next >", 12, "sl", {{12, 1}}},
       {"Next >", 12, "sr", {}},  // a right click does not press a button
       {"Next >", 12, "dl", {{12, 2}}},
       {"< Back", 11, "sl", {{11, 1}}},
   };
   std::string target;
-  for (const Row& row : rows) {
-    if (row.text != target) {
-      ASSERT_TRUE(Find(Find_Line(title, windowClass.Name(), row.text, "Button", row.id))) << row.text;
-      target = row.text;
+  for (const auto& [text, id, code, clicks] : rows) {
+    if (text != target) {
+      ASSERT_TRUE(Find(Find_Line(title, windowClass.Name(), text, "Button", id))) << text;
+      target = text;
     }
     engine.DebugWindow.Clear();
     parent.clicksById.clear();
-    EXPECT_TRUE(Click(row.code)) << row.code;
-    Pump_Until([&] { return parent.clicksById == row.clicks; }, 500);
-    EXPECT_EQ(parent.clicksById, row.clicks) << row.text << " " << row.code;
+    EXPECT_TRUE(Click(code)) << code;
+    Pump_Until([&] { return parent.clicksById == clicks; }, 500);
+    EXPECT_EQ(parent.clicksById, clicks) << text << " " << code;
     POINT cursor;
     GetCursorPos(&cursor);
-    EXPECT_EQ(WindowFromPoint(cursor), GetDlgItem(main, row.id)) << "the pointer rests on the button, " << row.code;
+    EXPECT_EQ(WindowFromPoint(cursor), GetDlgItem(main, id)) << "the pointer rests on the button, " << code;
     EXPECT_TRUE(Problem_Lines().empty()) << testing::PrintToString(Problem_Lines());
   }
 }
 
-TEST_F(DesktopMouseTest, UseMouseMovesToTheAbsolutePositionAndClicksThere) {
+TEST_F(DesktopInputTest, UseMouseMovesToTheAbsolutePositionAndClicksThere) {
   const long width = GetSystemMetrics(SM_CXSCREEN), height = GetSystemMetrics(SM_CYSCREEN);
   // The smallest position of the 0..65535 range that the system maps to the pixel.
   auto Absolute = [](long pixel, long extent) { return (pixel * 65536 + extent - 1) / extent; };

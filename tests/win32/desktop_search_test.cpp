@@ -26,10 +26,12 @@ class DesktopSearchTest : public DesktopEngineTest {
   const std::string tag = ProcessTag();
   const std::string title = "Velmora Search Test " + tag;
   const std::string twinTitle = "Velmora Twin " + tag;
+  const std::string popupTitle = "Velmora Owned " + tag, overlappedTitle = "Velmora Owned Overlapped " + tag;
   RecordingClass mainClass{"VelmoraSearch" + tag};
   Windows windows;
   HWND main = nullptr, ok = nullptr, label = nullptr, blank = nullptr, longText = nullptr, panel = nullptr,
-       panelOk = nullptr, panelEdit = nullptr, twin1 = nullptr, twin2 = nullptr, next1 = nullptr, next2 = nullptr;
+       panelOk = nullptr, panelEdit = nullptr, twin1 = nullptr, twin2 = nullptr, next1 = nullptr, next2 = nullptr,
+       popup = nullptr, overlapped = nullptr;
   HMENU menu = nullptr;
   std::vector<WindowHandle> found;
 
@@ -54,8 +56,15 @@ class DesktopSearchTest : public DesktopEngineTest {
     twin2 = windows.TopLevel("#32770", twinTitle, {400, 400, 700, 600});
     next1 = windows.Child(twin1, "Button", "Next >", 12, {200, 150, 280, 175});
     next2 = windows.Child(twin2, "Button", "Next >", 12, {200, 150, 280, 175});
-    for (HWND w : {ok, label, blank, longText, panel, panelOk, panelEdit, twin1, twin2, next1, next2})
+    // GetParent of an owned popup is its owner, so the owner is part of the
+    // popup's path; an owned overlapped window has no parent and stands alone.
+    popup = windows.TopLevel(mainClass.Name(), popupTitle, {460, 40, 660, 140}, nullptr, WS_POPUP | WS_BORDER, main);
+    overlapped =
+        windows.TopLevel(mainClass.Name(), overlappedTitle, {460, 160, 660, 260}, nullptr, WS_OVERLAPPED, main);
+    for (HWND w :
+         {ok, label, blank, longText, panel, panelOk, panelEdit, twin1, twin2, next1, next2, popup, overlapped})
       ASSERT_NE(w, nullptr);
+    ASSERT_EQ(GetWindow(overlapped, GW_OWNER), main);
     Pump_For(50);
   }
   void TearDown() override {
@@ -105,6 +114,11 @@ TEST_F(DesktopSearchTest, FindsExactlyTheDescribedWindows) {
       {"below the start window", panel, "inside", "Edit", 1002,
        Level(1002, "Edit", "inside") + Level(50, cls, "") + MainLevel() + "3", {panelEdit}},
       {"two identical dialogs", nullptr, "Next >", "Button", 12, nextPath, {next2, next1}},
+      {"popup with its owner", nullptr, popupTitle, cls, 0, Level(0, cls, popupTitle) + MainLevel() + "2", {popup}},
+      {"popup without its owner", nullptr, popupTitle, cls, 0, Level(0, cls, popupTitle) + "1", {}},
+      {"overlapped alone", nullptr, overlappedTitle, cls, 0, Level(0, cls, overlappedTitle) + "1", {overlapped}},
+      {"overlapped with its owner", nullptr, overlappedTitle, cls, 0,
+       Level(0, cls, overlappedTitle) + MainLevel() + "2", {}},
   };
   // clang-format on
   // Siblings come in Z order: the later dialog lies on top, so the walk meets it first.
@@ -115,42 +129,11 @@ TEST_F(DesktopSearchTest, FindsExactlyTheDescribedWindows) {
     const std::vector<WindowHandle> expected = Found_List(row.expected);
     EXPECT_EQ(count, row.expected.size()) << row.what;
     EXPECT_EQ(found, expected) << row.what;
+    for (HWND w : row.expected) EXPECT_EQ(Window_Path_Of(desktop, Handle(w)), row.path) << row.what;
   }
   EXPECT_TRUE(Problem_Lines().empty());
-}
-
-// GetParent of an owned popup is its owner, so the owner is part of the
-// popup's path; an owned overlapped window has no parent and stands alone.
-TEST_F(DesktopSearchTest, AnOwnedPopupIsDescribedWithItsOwner) {
-  const std::string cls = mainClass.Name();
-  const std::string popupTitle = "Velmora Owned " + tag, overlappedTitle = "Velmora Owned Overlapped " + tag;
-  HWND popup = windows.TopLevel(cls, popupTitle, {460, 40, 660, 140}, nullptr, WS_POPUP | WS_BORDER, main);
-  HWND overlapped = windows.TopLevel(cls, overlappedTitle, {460, 160, 660, 260}, nullptr, WS_OVERLAPPED, main);
-  ASSERT_TRUE(popup && overlapped);
-  ASSERT_EQ(GetWindow(overlapped, GW_OWNER), main);
-  struct Row {
-    const char* what;
-    std::string text;
-    std::string path;
-    std::vector<HWND> expected;
-  };
-  const Row rows[] = {
-      {"popup with its owner", popupTitle, Level(0, cls, popupTitle) + MainLevel() + "2", {popup}},
-      {"popup without its owner", popupTitle, Level(0, cls, popupTitle) + "1", {}},
-      {"overlapped alone", overlappedTitle, Level(0, cls, overlappedTitle) + "1", {overlapped}},
-      {"overlapped with its owner", overlappedTitle, Level(0, cls, overlappedTitle) + MainLevel() + "2", {}},
-  };
-  for (const Row& row : rows) {
-    const auto count = Search(GetDesktopWindow(), row.text, cls, 0, row.path);
-    const std::vector<WindowHandle> expected = Found_List(row.expected);
-    EXPECT_EQ(count, row.expected.size()) << row.what;
-    EXPECT_EQ(found, expected) << row.what;
-    if (!row.expected.empty()) {
-      EXPECT_EQ(Window_Path_Of(desktop, Handle(row.expected[0])), row.path) << row.what;
-    }
-  }
   // A near miss is judged by the same chain: the pop-up, at the top of the
-  // tree, is a level below its owner; nothing here can be elevated.
+  // tree, is a level below its owner. Nothing here can be elevated.
   const auto nearest = Nearest_Windows(desktop, {{title, cls}, {popupTitle + " ", cls}}, 1);
   ASSERT_EQ(nearest.size(), 1u);
   EXPECT_EQ(nearest[0].window, Handle(popup));

@@ -78,22 +78,18 @@ TEST(TextFileTest, WritesBytesExactlyAndAtOnce) {
 
 TEST(TextFileTest, OpeningWhatIsNotThereFailsWithCodeAndText) {
   ScratchDir dir;
-  const struct {
-    std::string path;
-    FileMode mode;
-    long code;
-  } rows[] = {
+  const std::tuple<std::string, FileMode, long> rows[] = {
       {dir.Path("missing.vls"), FileMode::Input, 2},                  // file not found
       {dir.Path("no such folder\\missing.vls"), FileMode::Input, 3},  // path not found
       {dir.Path("no such folder\\log.vld"), FileMode::Output, 3},
       {dir.Root(), FileMode::Input, 5},  // access denied: a folder
   };
   Win32Host host;
-  for (const auto& row : rows) {
+  for (const auto& [path, mode, code] : rows) {
     SystemError error;
-    EXPECT_EQ(host.OpenText(row.path, row.mode, error), nullptr) << row.path;
-    ExpectUsableSystemText(error, row.path);
-    EXPECT_EQ(error.code, row.code) << row.path;
+    EXPECT_EQ(host.OpenText(path, mode, error), nullptr) << path;
+    ExpectUsableSystemText(error, path);
+    EXPECT_EQ(error.code, code) << path;
   }
 }
 

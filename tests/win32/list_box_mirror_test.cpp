@@ -1,32 +1,17 @@
 // A list box mirroring a list model: the model's selection survives every
 // item change, and a script of 100,000 lines fills the list quickly.
-#include <windows.h>
-
-#include <gtest/gtest.h>
-
 #include <chrono>
 #include <functional>
 #include <string>
 
+#include "desktop_fixture.h"
 #include "list_box_mirror.h"
 
-namespace velmora {
+namespace velmora::test {
 namespace {
 
 class ListBoxMirrorTest : public testing::Test {
  protected:
-  void SetUp() override {
-    frame_ = CreateWindowExA(0, "STATIC", "", WS_OVERLAPPEDWINDOW | WS_VISIBLE, 0, 0, 400, 300, nullptr, nullptr,
-                             nullptr, nullptr);
-    list_ = CreateWindowExA(0, "LISTBOX", "", WS_CHILD | WS_VISIBLE | WS_VSCROLL | LBS_NOTIFY | LBS_NOINTEGRALHEIGHT, 0,
-                            0, 380, 280, frame_, nullptr, nullptr, nullptr);
-  }
-  void TearDown() override { DestroyWindow(frame_); }
-
-  static void Pump() {
-    MSG message;
-    while (PeekMessageA(&message, nullptr, 0, 0, PM_REMOVE)) DispatchMessageA(&message);
-  }
   std::string Text(long index) const {
     char text[256] = "";
     SendMessageA(list_, LB_GETTEXT, static_cast<WPARAM>(index), reinterpret_cast<LPARAM>(text));
@@ -35,8 +20,9 @@ class ListBoxMirrorTest : public testing::Test {
   long Selected() const { return static_cast<long>(SendMessageA(list_, LB_GETCURSEL, 0, 0)); }
   long Count() const { return static_cast<long>(SendMessageA(list_, LB_GETCOUNT, 0, 0)); }
 
-  HWND frame_ = nullptr;
-  HWND list_ = nullptr;
+  Windows windows_;
+  HWND list_ = windows_.Child(windows_.TopLevel("STATIC", "", {0, 0, 400, 300}), "LISTBOX", "", 0, {0, 0, 380, 280},
+                              WS_VSCROLL | LBS_NOTIFY | LBS_NOINTEGRALHEIGHT);
   ListModel model_;
 };
 
@@ -59,7 +45,7 @@ TEST_F(ListBoxMirrorTest, ShowsTheModelsSelectionAfterEveryItemChange) {
     model_.Select(row.selected);
     ListBoxMirror mirror(model_, list_);
     row.apply(model_);
-    Pump();
+    Pump_For(0);
     EXPECT_EQ(Selected(), model_.Selected()) << row.change;
     ASSERT_EQ(Count(), static_cast<long>(model_.Count())) << row.change;
     for (long i = 0; i < Count(); ++i) EXPECT_EQ(Text(i), model_.Item(i)) << row.change << ", item " << i;
@@ -74,7 +60,7 @@ TEST_F(ListBoxMirrorTest, FillsAHundredThousandLinesInUnderTwoSeconds) {
   for (long i = 0; i < kLines; ++i) model_.Add("sendkeys: line " + std::to_string(i));
   model_.Select(0);
   for (long i = 0; i < kLines; i += 2) model_.Set(static_cast<std::size_t>(i), "  changed " + std::to_string(i));
-  Pump();
+  Pump_For(0);
   const auto elapsed = std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count();
   RecordProperty("seconds", std::to_string(elapsed));
   printf("filled in %.3f s\n", elapsed);
@@ -85,4 +71,4 @@ TEST_F(ListBoxMirrorTest, FillsAHundredThousandLinesInUnderTwoSeconds) {
 }
 
 }  // namespace
-}  // namespace velmora
+}  // namespace velmora::test

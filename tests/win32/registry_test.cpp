@@ -126,12 +126,6 @@ TEST_F(RegistryTest, SettingsStoreReadsTheStoredSizeLessOneCharacter) {
     EXPECT_EQ(settings.GetSetting(row.section, row.key, "(default)"), row.read) << row.key;
   }
   EXPECT_EQ(Raw(HKEY_CURRENT_USER, editor, "Empty"), std::pair(DWORD{REG_SZ}, std::string()));
-  EXPECT_FALSE(settings.DeleteSetting("A"));  // has the subkey B
-  EXPECT_TRUE(RawKeyExists(HKEY_CURRENT_USER, kBase + "\\Velmora\\A\\B"));
-  EXPECT_TRUE(settings.DeleteSetting("Editor", "Bare"));
-  EXPECT_TRUE(settings.DeleteSetting("A\\B"));
-  EXPECT_TRUE(settings.DeleteSetting("A"));
-  EXPECT_FALSE(settings.DeleteSetting("A"));
 }
 
 }  // namespace

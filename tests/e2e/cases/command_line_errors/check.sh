@@ -1,3 +1,1 @@
-set -e
-source "$E2E_LIB"
-expect_no_new_files
+source "$E2E_LIB" && expect_no_new_files

@@ -4,14 +4,12 @@
 # plays the sample itself: its command line names samples/install.vls from
 # the working folder, build/e2e/installer/work.
 set -e
-here="$(cd "$(dirname "${BASH_SOURCE[0]}")" && pwd)"
-root="$(cd "$here/../../../.." && pwd)"
+root="$(cd "$E2E_CASE/../../../.." && pwd)"
 bin="${VELMORA_BIN:-$root/build/windows/bin}"
-# shellcheck source=../../../../tools/wine-env.sh
-source "$root/tools/wine-env.sh"
+source "$E2E_LIB"
 
 : "${WINEPREFIX:?no Wine session}"
-target="$(sed -n 's/^TARGETDIR=//p' "$here/env" | tr -d '\r')"
+target="$(sed -n 's/^TARGETDIR=//p' "$E2E_CASE/env" | tr -d '\r')"
 relative="${target#C:\\}"
 folder="$WINEPREFIX/drive_c/${relative//\\//}"
 # The prefix may be kept between runs: leave nothing behind for the next one.
@@ -25,12 +23,7 @@ for name in readme.txt velmora-hello.exe; do
 done
 cmp "$root/samples/installer/readme.txt" "$folder/readme.txt"
 cmp "$bin/velmora-hello.exe" "$folder/velmora-hello.exe"
-if [ -e "$folder/notes.txt" ]; then
-  echo "notes.txt was installed, although the script left out its component"
-  exit 1
-fi
+expect_absent "$folder/notes.txt"  # the script left out its component
 greeting="$(wine_run "$(wine_winpath "$folder/velmora-hello.exe")" | tr -d '\r')"
-if [ "$greeting" != "Hello from the Velmora sample installation." ]; then
-  echo "the installed velmora-hello.exe printed: $greeting"
-  exit 1
-fi
+[ "$greeting" == "Hello from the Velmora sample installation." ] ||
+  { echo "the installed velmora-hello.exe printed: $greeting" && exit 1; }

@@ -1,4 +1,2 @@
-if [ -e after.txt ]; then
-  echo "the line after quit ran"
-  exit 1
-fi
+# The line after quit did not run.
+source "$E2E_LIB" && expect_absent after.txt
