@@ -53,7 +53,7 @@ run_one() {
   [ -d "$case_dir/files" ] && cp -a "$case_dir/files/." "$wd/"
   if [ -f "$case_dir/prepare.sh" ]; then
     local prepare_output
-    if ! prepare_output="$(cd "$wd" && E2E_LIB="$here/lib.sh" bash "$case_dir/prepare.sh" 2>&1)"; then
+    if ! prepare_output="$(cd "$wd" && E2E_CASE="$case_dir" E2E_LIB="$here/lib.sh" bash "$case_dir/prepare.sh" 2>&1)"; then
       echo "FAIL $label (prepare.sh failed)"
       printf '%s\n' "$prepare_output" | sed 's/^/    /'
       failed=$((failed + 1))

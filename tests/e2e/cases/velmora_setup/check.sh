@@ -4,14 +4,12 @@
 # installs silently and lets velmora.exe uninstall through the wizard,
 # answering Yes to removing the settings.
 set -e
-here="$(cd "$(dirname "${BASH_SOURCE[0]}")" && pwd)"
-root="$(cd "$here/../../../.." && pwd)"
+root="$(cd "$E2E_CASE/../../../.." && pwd)"
 bin="${VELMORA_BIN:-$root/build/windows/bin}"
-# shellcheck source=../../../../tools/wine-env.sh
-source "$root/tools/wine-env.sh"
+source "$E2E_LIB"
 : "${WINEPREFIX:?no Wine session}"
 
-wizard_dir="$(sed -n 's/^INSTALLDIR=//p' "$here/env" | tr -d '\r')"
+wizard_dir="$(sed -n 's/^INSTALLDIR=//p' "$E2E_CASE/env" | tr -d '\r')"
 silent_dir='C:\Velmora Test'
 sample_dir='C:\Velmora Wizard Sample'
 stage=("$root"/build/dist/velmora-*/) # the packaged files, as staged for the installer
