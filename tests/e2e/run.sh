@@ -47,18 +47,14 @@ all_lines_end_in_crlf() {
 #   run_one <case dir> <label> <variant> <expected status> <expected log or ""> <KEY=VALUE lines> <command line>
 run_one() {
   local case_dir="$1" label="$2" variant="$3" want_status="$4" expected="$5" env_lines="$6" command_line="$7"
-  local scratch="$work_root/$label" problems=""
+  local scratch="$work_root/$label" problems="" prepared
   local wd="$scratch/work"
   rm -rf "$scratch" && mkdir -p "$wd"
   [ -d "$case_dir/files" ] && cp -a "$case_dir/files/." "$wd/"
-  if [ -f "$case_dir/prepare.sh" ]; then
-    local prepare_output
-    if ! prepare_output="$(cd "$wd" && E2E_CASE="$case_dir" E2E_LIB="$here/lib.sh" bash "$case_dir/prepare.sh" 2>&1)"; then
-      echo "FAIL $label (prepare.sh failed)"
-      printf '%s\n' "$prepare_output" | sed 's/^/    /'
-      failed=$((failed + 1))
-      return
-    fi
+  if [ -f "$case_dir/prepare.sh" ] &&
+    ! prepared="$(cd "$wd" && E2E_CASE="$case_dir" E2E_LIB="$here/lib.sh" bash "$case_dir/prepare.sh" 2>&1)"; then
+    echo "FAIL $label (prepare.sh failed)" && printf '%s\n' "$prepared" | sed 's/^/    /'
+    failed=$((failed + 1)) && return
   fi
   printf '%s\n' "$command_line" >"$scratch/cmdline.txt"
   (cd "$wd" && find . -type f | sort) >"$scratch/before.txt"
