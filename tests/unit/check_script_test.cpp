@@ -28,40 +28,28 @@ TEST(CheckerTest, ReportsEveryFaultyLineAndEndsWithItsStatus) {
   const std::string kQuoteUsage =
       "Invalid Parameters:  Quote Expected.  <##>, \"<WindowTitle>\", \"<WindowClass>\", <ChildID>, ..., "
       "<RelativeX>, <RelativeY>, <MM.SS>";
-  const std::vector<std::string> kClean = {"run: \"setup.exe\"",
-                                           "findwindow: 1, \"Setup\", \"#32770\", 0, 0.5, 0.5, 0.30",
-                                           "if: failed",
-                                           "  quit",
-                                           "endif",
-                                           "sendkeys: \"%n{TAB 2}~\""};
+  const std::vector<std::string> kClean = {"run: \"setup.exe\"", "findwindow: 1, \"Setup\", \"#32770\", 0, 0.5, 0.5, 0.30",
+                                           "if: failed", "  quit", "endif", "sendkeys: \"%n{TAB 2}~\""};
+  const std::string kNone = "velmora-check: 0 errors, 0 warnings in 1 script\n";
+  // clang-format off
   const CheckerCase cases[] = {
       {"faults on lines 3, 5 and 7, the rest read on",
-       {{"a.vls",
-         {"# install", "run: \"setup.exe\"", "wait: 1:xx", "findwindow: 1, \"Setup\", \"#32770\", 0, 0.5, 0.5, 0.30",
-          "frobnicate: 1", "sendkeys: \"~\"", "findwindow: 1, Setup, \"#32770\", 0, 0.5, 0.5, 0.30"}}},
+       {{"a.vls", {"# install", "run: \"setup.exe\"", "wait: 1:xx", "findwindow: 1, \"Setup\", \"#32770\", 0, 0.5, 0.5, 0.30",
+                   "frobnicate: 1", "sendkeys: \"~\"", "findwindow: 1, Setup, \"#32770\", 0, 0.5, 0.5, 0.30"}}},
        {"a.vls"},
        "a.vls(3): error: Invalid Parameters:  Wait Time specifed is NOT numeric.\n"
        "a.vls(5): error: Unknown Command:  frobnicate: 1\n"
-       "a.vls(7): error: " +
-           kQuoteUsage +
-           "\n"
-           "velmora-check: 3 errors, 0 warnings in 1 script\n",
-       "",
-       kCheckErrors},
+       "a.vls(7): error: " + kQuoteUsage + "\n"
+       "velmora-check: 3 errors, 0 warnings in 1 script\n", "", kCheckErrors},
       {"every block error, not only the first",
-       {{"b.vls", {"endif", "while: failed", "if: failed", "endwhile", "endif", "repeat"}}},
-       {"b.vls"},
+       {{"b.vls", {"endif", "while: failed", "if: failed", "endwhile", "endif", "repeat"}}}, {"b.vls"},
        "b.vls(1): error: ENDIF on line 1 has no matching IF!\n"
        "b.vls(4): error: ENDWHILE on line 4 is on a different level then its matching WHILE!\n"
        "b.vls(5): error: ENDIF on line 5 is on a different level then its matching IF!\n"
-       "b.vls(6): error: REPEAT on line 6 has no matching UNTIL!\n",
-       "",
-       kCheckErrors},
-      {"warnings do not fail the check, and can be left out",
-       {{"w.vls",
-         {"sendbuttons: sl",
-          "findwindow: 2, \"Setup \", \"#32770\", 0, 0.5, 0.5, \"Next\", \"Button \", 1, 0.5, 0.5, 0.30",
-          "sendkeys: \"{FOO}\"", "sendkeys: \"`KEYS`{\"", "debug: of"}},
+       "b.vls(6): error: REPEAT on line 6 has no matching UNTIL!\n", "", kCheckErrors},
+      {"warnings do not fail the check",
+       {{"w.vls", {"sendbuttons: sl", "findwindow: 2, \"Setup \", \"#32770\", 0, 0.5, 0.5, \"Next\", \"Button \", 1, 0.5, 0.5, 0.30",
+                   "sendkeys: \"{FOO}\"", "sendkeys: \"`KEYS`{\"", "debug: of"}},
         {"c.vls", kClean}},
        {"w.vls", "c.vls"},
        "w.vls(1): warning: sendbuttons before any findwindow line: the run ends here with "
@@ -69,42 +57,18 @@ TEST(CheckerTest, ReportsEveryFaultyLineAndEndsWithItsStatus) {
        "w.vls(2): warning: findwindow level 1 title ends in a blank: \"Setup \"\n"
        "w.vls(3): warning: Invalid key string:  Unknown key name {FOO} at position 1\n"
        "w.vls(5): warning: Debug state 'off' was not specified so ON is assumed!\n"
-       "velmora-check: 0 errors, 4 warnings in 2 scripts\n",
-       "",
-       kCheckClean},
-      {"--no-warnings",
-       {{"w.vls", {"sendkeys: \"x\""}}},
-       {"--no-warnings", "w.vls"},
-       "velmora-check: 0 errors, 0 warnings in 1 script\n",
-       "",
-       kCheckClean},
-      {"a clean script",
-       {{"c.vls", kClean}},
-       {"c.vls"},
-       "velmora-check: 0 errors, 0 warnings in 1 script\n",
-       "",
-       kCheckClean},
-      {"an unreadable script outweighs errors",
-       {{"a.vls", {"frobnicate"}}},
-       {"missing.vls", "a.vls"},
+       "velmora-check: 0 errors, 4 warnings in 2 scripts\n", "", kCheckClean},
+      {"--no-warnings", {{"w.vls", {"sendkeys: \"x\""}}}, {"--no-warnings", "w.vls"}, kNone, "", kCheckClean},
+      {"an unreadable script outweighs errors", {{"a.vls", {"frobnicate"}}}, {"missing.vls", "a.vls"},
        "a.vls(1): error: Unknown Command:  frobnicate\nvelmora-check: 1 error, 0 warnings in 2 scripts\n",
-       "velmora-check: cannot read missing.vls: ",
-       kCheckUsage},
+       "velmora-check: cannot read missing.vls: ", kCheckUsage},
       {"no script", {}, {}, "", "velmora-check: no script named (velmora-check --help tells more)\n", kCheckUsage},
-      {"unknown option",
-       {},
-       {"-x", "a.vls"},
-       "",
-       "velmora-check: unknown option -x (velmora-check --help tells more)\n",
+      {"unknown option", {}, {"-x", "a.vls"}, "", "velmora-check: unknown option -x (velmora-check --help tells more)\n",
        kCheckUsage},
       {"help", {}, {"/?"}, "Usage: velmora-check [options] script.vls...\n", "", kCheckClean},
-      {"a name after -- is a script",
-       {{"-a.vls", kClean}},
-       {"--", "-a.vls"},
-       "velmora-check: 0 errors, 0 warnings in 1 script\n",
-       "",
-       kCheckClean},
+      {"a name after -- is a script", {{"-a.vls", kClean}}, {"--", "-a.vls"}, kNone, "", kCheckClean},
   };
+  // clang-format on
   for (const CheckerCase& c : cases) {
     SCOPED_TRACE(c.name);
     SimHost host;
