@@ -2,6 +2,7 @@
 
 #include "debug_log.h"
 #include "engine.h"
+#include "screen_point.h"
 
 namespace velmora {
 
@@ -13,10 +14,8 @@ void Note_Input_Barrier(Engine& engine, Desktop& desktop, bool interactive, Wind
 }
 
 WindowHandle Window_At_Mouse_Position(Desktop& desktop, long x, long y) {
-  const auto pixel = [](long share, int size) {
-    return static_cast<long>(static_cast<long long>(share) * size / 65536);
-  };
-  return desktop.WindowFromPoint({pixel(x, desktop.ScreenWidth()), pixel(y, desktop.ScreenHeight())});
+  return desktop.WindowFromPoint(
+      {Pixel_Of_Mouse_Share(x, desktop.ScreenWidth()), Pixel_Of_Mouse_Share(y, desktop.ScreenHeight())});
 }
 
 }  // namespace velmora

@@ -15,6 +15,10 @@ long Rounded_Within(double value, double low, double high) {
 
 double Mouse_Share(long pixel, double screenPixels) { return static_cast<double>(pixel) * 65536.0 / screenPixels; }
 
+long Pixel_Of_Mouse_Share(long share, int screenPixels) {
+  return static_cast<long>(static_cast<long long>(share) * screenPixels / 65536);
+}
+
 ScreenPoint Pixel_At(const WindowRect& rect, double fx, double fy) {
   const auto along = [](long start, long end, double fraction) {
     return Rounded_Within(static_cast<double>(start) + Round_Half_Even(static_cast<double>(end - start) * fraction),

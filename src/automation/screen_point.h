@@ -12,6 +12,8 @@ long Rounded_Within(double value, double low, double high);
 // A pixel's place across a screen of the given size, as a share of the 65536
 // steps that absolute mouse positions count (not rounded).
 double Mouse_Share(long pixel, double screenPixels);
+// The pixel that a share of those 65536 steps falls on (rounded down).
+long Pixel_Of_Mouse_Share(long share, int screenPixels);
 
 // The pixel at the fractions of a rectangle's width and height: left +
 // round(width × fx), top + round(height × fy), each a 16-bit integer.

@@ -1,6 +1,5 @@
 #include "checker_cli.h"
 
-#include <algorithm>
 #include <optional>
 
 #include "host.h"

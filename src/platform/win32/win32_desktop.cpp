@@ -11,9 +11,6 @@ namespace velmora {
 
 namespace {
 
-HWND Window_Of(WindowHandle window) { return reinterpret_cast<HWND>(static_cast<INT_PTR>(window)); }
-WindowHandle Handle_Of(HWND window) { return static_cast<WindowHandle>(reinterpret_cast<INT_PTR>(window)); }
-
 std::string Text_Of(int length, const char* buffer) { return std::string(buffer, length > 0 ? length : 0); }
 
 // Lets this thread's own windows handle what was sent to them.

@@ -5,6 +5,7 @@
 
 #include "win32_desktop.h"
 #include "win32_handles.h"
+#include "win32_text.h"
 
 namespace velmora {
 
@@ -40,8 +41,8 @@ bool Win32Desktop::InServiceSession() {
 // being refused it, by a process that can be opened, tells as much as its level.
 bool Win32Desktop::RunsAtHigherIntegrity(WindowHandle window) {
   DWORD processId = 0;
-  if (!GetWindowThreadProcessId(reinterpret_cast<HWND>(static_cast<INT_PTR>(window)), &processId)) return false;
-  const DWORD own = Own_Integrity();
+  if (!GetWindowThreadProcessId(Window_Of(window), &processId)) return false;
+  static const DWORD own = Own_Integrity();  // a process keeps its level for life
   if (own == kUnknownIntegrity || own >= SECURITY_MANDATORY_HIGH_RID) return false;
   ScopedHandle process(OpenProcess(PROCESS_QUERY_LIMITED_INFORMATION, FALSE, processId));
   if (!process) return false;
