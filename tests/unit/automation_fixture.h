@@ -2,44 +2,22 @@
 // automation attached.
 #pragma once
 
-#include "automation.h"
+#include "automation_commands.h"
 #include "engine_fixture.h"
-#include "parser.h"
 #include "sim_desktop.h"
 
 namespace velmora::testing {
 
-class AutomationTest : public InteractiveTest {
+class AutomationTest : public InteractiveTest, protected AutomationCommands {
  protected:
+  AutomationTest() : AutomationCommands(engine, automation) {}
+
   SimDesktop desktop{host};
   Automation automation{engine, desktop};
 
   void SetUp() override {
     engine.desktop = &desktop;
     engine.automation = &automation;
-  }
-
-  // Parses a script line as the interpreter would.
-  ParsedCommand Parsed(const std::string& line) {
-    ParsedCommand command;
-    Parse_Command(engine, true, line, 1.0, command, kNoEditorLine);
-    return command;
-  }
-
-  bool Find(const std::string& line) {
-    bool succeeded = false;
-    automation.FindWindow_Command(engine, true, Parsed(line), succeeded);
-    return succeeded;
-  }
-  bool Send(const std::string& keys) {
-    bool succeeded = false;
-    automation.SendKeys_Command(engine, true, Parsed("sendkeys: \"" + keys + "\""), succeeded);
-    return succeeded;
-  }
-  bool Click(const std::string& code) {
-    bool succeeded = false;
-    automation.SendButtons_Command(engine, true, Parsed("sendbuttons: " + code), succeeded);
-    return succeeded;
   }
 
   const std::vector<std::string>& DebugLines() const { return engine.DebugWindow.Items(); }

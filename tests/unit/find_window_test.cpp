@@ -112,7 +112,9 @@ TEST_F(FindWindowTest, NearestWindowsExplainAFailedSearchOnlyOnRequest) {
     const Lines& lines = DebugLines();
     ASSERT_EQ(lines.at(2), "The window was NOT found.");
     EXPECT_EQ(Lines(lines.begin() + 3, lines.end()), row.info);
-    if (row.info.empty()) EXPECT_EQ(steps, searchSteps);  // no second walk when not asked
+    if (row.info.empty()) {
+      EXPECT_EQ(steps, searchSteps);  // no second walk when not asked
+    }
   }
   EXPECT_EQ(Near_Window_Lines({}, 1), Lines{"Info: No window comes near the description."});
 }

@@ -13,9 +13,7 @@
 #include <string>
 #include <vector>
 
-#include "automation.h"
-#include "engine.h"
-#include "parser.h"
+#include "automation_commands.h"
 #include "win32_desktop.h"
 #include "win32_host.h"
 #include "win32_registry.h"
@@ -84,8 +82,10 @@ std::string ProcessTag();  // this process's identifier, to make titles and clas
 
 // An interactive engine on the real host and desktop with the automation
 // attached: what the commands report goes to engine.DebugWindow.
-class DesktopEngineTest : public testing::Test {
+class DesktopEngineTest : public testing::Test, protected AutomationCommands {
  protected:
+  DesktopEngineTest() : AutomationCommands(engine, automation) {}
+
   Win32Host host;
   Win32Registry registry;
   Win32Desktop desktop;
@@ -95,23 +95,6 @@ class DesktopEngineTest : public testing::Test {
   void SetUp() override {
     engine.automation = &automation;
     engine.state.InteractiveSession = engine.state.DebugOn = true;
-  }
-  ParsedCommand Parsed(const std::string& line) {
-    ParsedCommand command;
-    Parse_Command(engine, true, line, 1.0, command, kNoEditorLine);
-    return command;
-  }
-  // Runs a findwindow line; true when it found a window.
-  bool Find(const std::string& line) {
-    bool succeeded = false;
-    automation.FindWindow_Command(engine, true, Parsed(line), succeeded);
-    return succeeded;
-  }
-  // Runs a sendkeys line with the key string; true when it succeeded.
-  bool Send(const std::string& keys) {
-    bool succeeded = false;
-    automation.SendKeys_Command(engine, true, Parsed("sendkeys: \"" + keys + "\""), succeeded);
-    return succeeded;
   }
   // A findwindow line for a control in a top-level window, picked at the
   // control's centre, with a time-out of one second.

@@ -50,11 +50,6 @@ class DesktopInputTest : public DesktopEngineTest {
                               WS_BORDER | ES_MULTILINE | ES_AUTOVSCROLL | ES_WANTRETURN));
     Pump_For(50);
   }
-  bool Click(const std::string& code) {
-    bool succeeded = false;
-    automation.SendButtons_Command(engine, true, Parsed("sendbuttons: " + code), succeeded);
-    return succeeded;
-  }
   void Use_Mouse(const std::string& code, long x, long y) {
     automation.UseMouse_Command(engine, true,
                                 Parsed("usemouse: " + code + ", " + std::to_string(x) + ", " + std::to_string(y)));
