@@ -134,5 +134,46 @@ TEST_F(FrozenProgramTest, EveryCommandGivesUpWithinItsBound) {
   }
 }
 
+// A program busy for six seconds (as a setup copying files on its window's
+// thread), which then sends to one of our windows, taking no message until
+// we answer: it answers well within the bound, so it is responsive, and
+// waiting for it must not stop us answering.
+TEST(ResponsivenessTest, AProgramThatAnswersWithinTheBoundIsResponsive) {
+  Win32Desktop desktop;
+  RecordingClass ourClass("VelmoraOurs" + ProcessTag());
+  Windows windows;
+  const HWND ours = windows.TopLevel(ourClass.Name(), "Ours", {0, 0, 20, 20});
+  const ScopedHandle ready(CreateEventA(nullptr, TRUE, FALSE, nullptr)), wake(CreateEventA(nullptr, TRUE, FALSE, nullptr));
+  HWND busy = nullptr;
+  DWORD busyThread = 0;
+  std::thread program([&] {
+    busy = CreateWindowExA(0, "STATIC", "Busy", WS_POPUP | WS_VISIBLE, 300, 300, 100, 50, nullptr, nullptr, nullptr, nullptr);
+    busyThread = GetCurrentThreadId();
+    SetEvent(ready.get());
+    WaitForSingleObject(wake.get(), 30000);
+    DWORD_PTR result = 0;
+    SendMessageTimeoutA(ours, WM_NULL, 0, 0, SMTO_BLOCK, 20000, &result);
+    MSG message;
+    while (GetMessageA(&message, nullptr, 0, 0) > 0) DispatchMessageA(&message);
+    DestroyWindow(busy);
+  });
+  ASSERT_EQ(WaitForSingleObject(ready.get(), 5000), WAIT_OBJECT_0);
+  Sleep(5500);  // past the five seconds after which the system calls a thread hung
+  std::thread waker([&] {
+    Sleep(300);
+    SetEvent(wake.get());
+  });
+  const DWORD start = GetTickCount();
+  EXPECT_TRUE(desktop.WaitUntilResponsive(Handle(busy), 10000));
+  EXPECT_LT(GetTickCount() - start, 3000u);
+  waker.join();
+  SetEvent(wake.get());
+  PostThreadMessageA(busyThread, WM_QUIT, 0, 0);
+  // Answers what the program sends to us until it has ended.
+  const ScopedHandle thread(OpenThread(SYNCHRONIZE, FALSE, busyThread));
+  Pump_Until([&] { return !thread || WaitForSingleObject(thread.get(), 0) == WAIT_OBJECT_0; }, 10000);
+  program.join();
+}
+
 }  // namespace
 }  // namespace velmora::test

@@ -6,6 +6,7 @@
 #include "win32_handles.h"
 #include "win32_keyboard.h"
 #include "win32_text.h"
+#include "win32_waits.h"
 
 namespace velmora {
 
@@ -74,16 +75,13 @@ bool Win32Desktop::SetForegroundWindow(WindowHandle window) {
   return Give_Focus_Within(target, kFocusBoundMilliseconds) == FocusOutcome::Focused;
 }
 
-// A hung program is known at once; any other gets the time to take a
-// message that waits for everything queued before it.
+// Only a message round trip tells: IsHungAppWindow calls a thread hung
+// that idled for five seconds and was woken a moment ago (by the pointer
+// moving onto its window, say) until it takes its next message.
 bool Win32Desktop::WaitUntilResponsive(WindowHandle window, int timeoutMilliseconds) {
   const HWND root = GetAncestor(Window_Of(window), GA_ROOT);
   if (!root || !IsWindow(root)) return true;
-  if (IsHungAppWindow(root)) return false;
-  DWORD_PTR result = 0;
-  const UINT timeout = timeoutMilliseconds > 0 ? static_cast<UINT>(timeoutMilliseconds) : 0;
-  if (SendMessageTimeoutA(root, WM_NULL, 0, 0, SMTO_ABORTIFHUNG | SMTO_BLOCK, timeout, &result)) return true;
-  return !IsWindow(root);
+  return Round_Trip(root, timeoutMilliseconds) || !IsWindow(root);
 }
 
 bool Win32Desktop::SetCursorPos(ScreenPoint point) { return ::SetCursorPos(point.x, point.y) != FALSE; }
@@ -128,15 +126,13 @@ bool Win32Desktop::WaitForInputIdle(int timeoutMilliseconds) {
   if (processId == GetCurrentProcessId()) return Pump_Until_Idle(timeoutMilliseconds);
   const DWORD start = GetTickCount();
   if (const ScopedHandle process(OpenProcess(SYNCHRONIZE | PROCESS_QUERY_INFORMATION, FALSE, processId)); process) {
-    if (::WaitForInputIdle(process.get(), static_cast<DWORD>(timeoutMilliseconds)) == WAIT_TIMEOUT) return false;
+    if (!Wait_For_Input_Idle(process.get(), static_cast<DWORD>(timeoutMilliseconds))) return false;
   }
   // A message sent to the window returns only after what was queued before it.
   const DWORD spent = GetTickCount() - start;
   const DWORD left = spent < static_cast<DWORD>(timeoutMilliseconds) ? timeoutMilliseconds - spent : 1;
-  DWORD_PTR result = 0;
-  if (SendMessageTimeoutA(foreground, WM_NULL, 0, 0, SMTO_ABORTIFHUNG | SMTO_BLOCK, left, &result)) return true;
   // A window that closed on its keys (Enter on a Finish button) took them all.
-  return !IsWindow(foreground);
+  return Round_Trip(foreground, static_cast<int>(left)) || !IsWindow(foreground);
 }
 
 int Win32Desktop::DoubleClickTime() { return static_cast<int>(GetDoubleClickTime()); }

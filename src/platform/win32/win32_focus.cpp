@@ -1,6 +1,7 @@
 #include "win32_focus.h"
 
 #include "win32_handles.h"
+#include "win32_waits.h"
 
 namespace velmora {
 
@@ -49,7 +50,7 @@ FocusOutcome Give_Focus_Within(HWND window, DWORD milliseconds) {
     delete job;
     return FocusOutcome::Refused;
   }
-  const bool finished = WaitForSingleObject(thread.get(), milliseconds) == WAIT_OBJECT_0;
+  const bool finished = Wait_For_Object(thread.get(), milliseconds);
   const bool focused = finished && job->focused;
   Release(job);
   if (!finished) return FocusOutcome::TimedOut;
