@@ -272,4 +272,19 @@ KeyParseResult Parse_Key_String(std::string_view keys) {
   return result;
 }
 
+std::vector<std::vector<KeyInput>> Key_Groups(const std::vector<KeyInput>& inputs) {
+  std::vector<std::vector<KeyInput>> groups;
+  std::size_t held = 0;
+  for (const KeyInput& input : inputs) {
+    if (held == 0) groups.emplace_back();
+    groups.back().push_back(input);
+    if (!input.up) {
+      ++held;
+    } else if (held > 0) {
+      --held;
+    }
+  }
+  return groups;
+}
+
 }  // namespace velmora

@@ -31,4 +31,9 @@ struct KeyParseResult {
 // reaches the target window.
 KeyParseResult Parse_Key_String(std::string_view keys);
 
+// The events cut where no key is held down: each group can be sent whole
+// and, between groups, the sending can stop without leaving Shift, Ctrl or
+// Alt pressed. "+(ab)c" gives two groups, Shift with a and b, then c.
+std::vector<std::vector<KeyInput>> Key_Groups(const std::vector<KeyInput>& inputs);
+
 }  // namespace velmora

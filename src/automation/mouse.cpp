@@ -3,6 +3,7 @@
 #include "debug_log.h"
 #include "engine.h"
 #include "error_report.h"
+#include "input_guard.h"
 #include "numeric.h"
 #include "screen_point.h"
 #include "send_keys.h"
@@ -33,22 +34,30 @@ Click Click_Of(const std::string& clickCode, int doubleClickTime) {
 }
 
 // Down, three units, up; a double click adds a unit, down, three units, up
-// and five units.
-void Mouse::Click_At(const Click& click, std::uint32_t down, std::uint32_t up, long x, long y, bool yieldAfterEach) {
+// and five units. Each event is sent only when mayGoOn (given whether it is
+// a button release) allows it; false when one was held back.
+bool Mouse::Click_At(const Click& click, std::uint32_t down, std::uint32_t up, long x, long y, bool yieldAfterEach,
+                     const MayGoOn& mayGoOn) {
   Host& host = engine_.host;
-  desktop_.MouseEvent(down, x, y);
+  const auto send = [&](std::uint32_t flags, bool release) {
+    if (mayGoOn && !mayGoOn(release)) return false;
+    desktop_.MouseEvent(flags, x, y);
+    return true;
+  };
+  if (!send(down, false)) return false;
   host.Sleep(3 * click.unitMs);
   host.DoEvents();
-  desktop_.MouseEvent(up, x, y);
-  if (!click.isDouble) return;
+  if (!send(up, true)) return false;
+  if (!click.isDouble) return true;
   host.Sleep(click.unitMs);
   host.DoEvents();
-  desktop_.MouseEvent(down, x, y);
+  if (!send(down, false)) return false;
   host.Sleep(3 * click.unitMs);
   if (yieldAfterEach) host.DoEvents();
-  desktop_.MouseEvent(up, x, y);
+  if (!send(up, true)) return false;
   host.Sleep(5 * click.unitMs);
   if (yieldAfterEach) host.DoEvents();
+  return true;
 }
 
 void Mouse::UseMouse_Command(bool Interactive, const std::string& clickCode, std::int32_t X, std::int32_t Y) {
@@ -56,7 +65,7 @@ void Mouse::UseMouse_Command(bool Interactive, const std::string& clickCode, std
     const Click click = Click_Of(clickCode, desktop_.DoubleClickTime());
     desktop_.MouseEvent(kMoveFlags, X, Y);
     engine_.host.DoEvents();
-    Click_At(click, click.down, click.up, X, Y, false);
+    Click_At(click, click.down, click.up, X, Y, false, nullptr);
   });
 }
 
@@ -91,10 +100,10 @@ void Mouse::SendButtons_Command(bool Interactive, std::int32_t foundCount, const
     ScreenPoint point = Normalised(pixel);
     desktop_.MouseEvent(kMoveFlags, point.x, point.y);
     host.DoEvents();
+    WaitBudget budget(host);
     if (desktop_.WindowFromPoint(pixel) != window) {
       // A click for a program that does not respond could land on whatever
       // lies at the point: none is sent.
-      WaitBudget budget(host);
       if (!budget.Bring_Forward(desktop_, window)) {
         Log_Trace(engine_, Interactive, Not_Responding_Line("no click was sent"));
         LastCommandSucceeded = false;
@@ -108,13 +117,23 @@ void Mouse::SendButtons_Command(bool Interactive, std::int32_t foundCount, const
       return;
     }
     Pause_Tenths(engine_, 3);
-    desktop_.GetWindowRect(window, r);  // the window may have moved meanwhile
-    pixel = Pixel_At(r, relativeX, relativeY);
+    // Taken again: the window may have moved meanwhile, and it must stand still.
+    InputGuard guard(engine_, desktop_, budget, window);
+    if (!guard.Ready_For_Click(relativeX, relativeY, r, pixel)) {
+      Log_Always(engine_, Interactive, guard.Problem());
+      LastCommandSucceeded = false;
+      return;
+    }
     point = Normalised(pixel);
     desktop_.MouseEvent(kMoveFlags, point.x, point.y);
     host.DoEvents();
     Log_Trace(engine_, Interactive, "Mouse X, Y:  " + std::to_string(point.x) + ", " + std::to_string(point.y));
-    Click_At(click, kMoveFlags | click.down, kMoveFlags | click.up, point.x, point.y, true);
+    const bool whole = Click_At(click, kMoveFlags | click.down, kMoveFlags | click.up, point.x, point.y, true,
+                                [&](bool release) { return guard.May_Go_On_Clicking(pixel, release); });
+    if (!whole || guard.Click_Interrupted()) {
+      Log_Always(engine_, Interactive, guard.Problem());
+      LastCommandSucceeded = false;
+    }
   });
 }
 

@@ -3,6 +3,7 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 #include <string>
 
 #include "target_state.h"
@@ -35,7 +36,9 @@ class Mouse {
                            double relativeY, bool& LastCommandSucceeded);
 
  private:
-  void Click_At(const Click& click, std::uint32_t down, std::uint32_t up, long x, long y, bool yieldAfterEach);
+  using MayGoOn = std::function<bool(bool release)>;
+  bool Click_At(const Click& click, std::uint32_t down, std::uint32_t up, long x, long y, bool yieldAfterEach,
+                const MayGoOn& mayGoOn);
   ScreenPoint Normalised(ScreenPoint pixel);
 
   Engine& engine_;

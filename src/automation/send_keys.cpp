@@ -4,10 +4,12 @@
 #include "engine.h"
 #include "environment.h"
 #include "error_report.h"
+#include "input_guard.h"
 #include "key_notation.h"
 #include "screen_point.h"
 #include "session.h"
 #include "trap.h"
+#include "virtual_keys.h"
 
 namespace velmora {
 
@@ -58,7 +60,7 @@ bool SendKeys::Point_At_And_Focus(WindowHandle window, WaitBudget& budget) {
 
 int SendKeys::Send_Keys_To(bool Interactive, const std::string& keys, WindowHandle window,
                            bool& LastCommandSucceeded) {
-  int status = 0;
+  int status = kKeysSent;
   Trap(engine_, Interactive, "Velmora.(General).Send_Keys_To.TrappableErrors.1", kFatal, [&] {
     LastCommandSucceeded = true;
     const std::string text = desktop_.WindowText(window, kTextBufferSize);
@@ -76,41 +78,81 @@ int SendKeys::Send_Keys_To(bool Interactive, const std::string& keys, WindowHand
     if (!Point_At_And_Focus(window, budget)) {
       Log(Interactive, Not_Responding_Line("no keys were sent"));
       LastCommandSucceeded = false;
-      status = 4;
+      status = kNotResponding;
       return;
     }
     if (!Wait_Until_Enabled(engine_, desktop_, window)) {
       Report_Error(engine_, Interactive, -1, "This window is not able to receive input:  " + text,
                    "Is Window Enabled Error!", "Velmora.(General).Send_Keys_To.IsWindowEnabledError.1", kGoOn);
       LastCommandSucceeded = false;
-      status = 2;
+      status = kNotEnabled;
       return;
     }
     Pause_Tenths(engine_, 3);
-    status = Type(Interactive, keys, budget, LastCommandSucceeded);
+    status = Type(Interactive, keys, window, budget, LastCommandSucceeded);
   });
   return status;
 }
 
-// Sends the keys to the foreground window and waits, within what is left of
-// the budget, until they are processed. A malformed key string sends nothing.
-int SendKeys::Type(bool interactive, const std::string& keys, WaitBudget& budget, bool& succeeded) {
+namespace {
+
+// The keys a group presses as the script author counts them: Shift, Ctrl
+// and Alt held for others are not counted.
+std::size_t Presses(const std::vector<KeyInput>& group) {
+  std::size_t presses = 0;
+  for (const KeyInput& input : group) {
+    const bool modifier = !input.isCharacter && (input.virtualKey == virtual_key::kShift ||
+                                                 input.virtualKey == virtual_key::kControl ||
+                                                 input.virtualKey == virtual_key::kMenu);
+    if (!input.up && !modifier) ++presses;
+  }
+  return presses;
+}
+
+}  // namespace
+
+// Sends the keys, a group at a time, while they reach the target, and waits,
+// within what is left of the budget, until they are processed. A malformed
+// key string sends nothing.
+int SendKeys::Type(bool interactive, const std::string& keys, WindowHandle window, WaitBudget& budget,
+                   bool& succeeded) {
   const KeyParseResult parsed = Parse_Key_String(keys);
   if (!parsed.ok) {
     Report_Error(engine_, interactive, -1, "Invalid key string:  " + parsed.error, "Bad Key String Error!",
                  "Velmora.(General).Send_Keys_To.Send_Keys_ToError.1", kGoOn);
     succeeded = false;
-    return 3;
+    return kBadKeyString;
   }
-  // Sending may give a control the focus again, which counts as waiting.
-  if (!budget.Spend([&](int) { return desktop_.SendKeyInputs(parsed.inputs); })) {
-    Log(interactive, "Info: Not all keys could be sent to the window.");
+  if (parsed.inputs.empty()) return kKeysSent;
+  InputGuard guard(engine_, desktop_, budget, window);
+  if (!guard.Ready_For_Keys()) {
+    Log_Always(engine_, interactive, guard.Problem());
     succeeded = false;
+    return kNotDelivered;
+  }
+  const auto groups = Key_Groups(parsed.inputs);
+  std::size_t total = 0, sent = 0;
+  for (const auto& group : groups) total += Presses(group);
+  for (std::size_t i = 0; i < groups.size(); ++i) {
+    if (i > 0 && !guard.Keys_Still_Reach_Target()) {
+      Log_Always(engine_, interactive,
+                 "Info: " + guard.Problem() + " took the keyboard focus; " + std::to_string(total - sent) + " of " +
+                     std::to_string(total) + " keys were not sent.");
+      succeeded = false;
+      return kNotDelivered;
+    }
+    // Sending may give a control the focus again, which counts as waiting.
+    if (!budget.Spend([&](int) { return desktop_.SendKeyInputs(groups[i]); })) {
+      Log(interactive, "Info: Not all keys could be sent to the window.");
+      succeeded = false;
+      break;
+    }
+    sent += Presses(groups[i]);
   }
   if (!budget.Spend([&](int left) { return desktop_.WaitForInputIdle(left); }))
     Log(interactive, "Info: The window did not finish processing the keys within " +
                          std::to_string(kInputIdleBoundMilliseconds / 1000) + " seconds.");
-  return 0;
+  return kKeysSent;
 }
 
 }  // namespace velmora

@@ -55,6 +55,22 @@ class Desktop {
   // holds nobody up.
   virtual bool WaitUntilResponsive(WindowHandle window, int timeoutMilliseconds) = 0;
 
+  // Where input would go, for the checks made before it is sent.
+  // The top-level window that holds the window (the window itself when it is one).
+  virtual WindowHandle RootWindow(WindowHandle window) = 0;
+  // True when the window is the ancestor or lies anywhere below it.
+  virtual bool IsWithin(WindowHandle window, WindowHandle ancestor) = 0;
+  // The program that owns the window, as a number: the same number, the same
+  // program; 0 for no window.
+  virtual std::uint32_t ProgramOf(WindowHandle window) = 0;
+  virtual WindowHandle ForegroundWindow() = 0;
+  // The window that keys would reach now: the keyboard focus of the
+  // foreground window's program (0 when it has none).
+  virtual WindowHandle FocusWindow() = 0;
+  // Puts a top-level window above all others but those kept on top, without
+  // waiting for its program.
+  virtual void RaiseToTop(WindowHandle window) = 0;
+
   virtual bool SetCursorPos(ScreenPoint point) = 0;
   virtual ScreenPoint GetCursorPos() = 0;
   // One mouse event with the given flag word at a normalised or pixel position.

@@ -97,9 +97,9 @@ TEST_F(SendButtonsTest, ClicksThePickedPointOfTheTargetInNormalisedUnits) {
 
 TEST_F(SendButtonsTest, AWindowThatMovesMeanwhileIsClickedAtItsNewPlace) {
   desktop.At(button).movesAt = host.clockMs + 100;
-  desktop.At(button).movedRect = {0, 0, 100, 30};
+  desktop.At(button).movedRect = {200, 300, 300, 330};
   EXPECT_TRUE(Click("sl"));
-  EXPECT_EQ(DebugLines().back(), "Mouse X, Y:  3200, 1280");  // (50, 15)
+  EXPECT_EQ(DebugLines().back(), "Mouse X, Y:  16000, 26880");  // (250, 315)
 }
 
 TEST_F(SendButtonsTest, ADisabledTargetIsReportedAndNotClicked) {
@@ -115,24 +115,26 @@ TEST_F(SendButtonsTest, ADisabledTargetIsReportedAndNotClicked) {
 // program that stays frozen is not sent, and the script goes on.
 TEST_F(SendButtonsTest, AFrozenProgramIsWaitedForOnlyWithinTheBound) {
   struct Row {
-    WindowHandle atThePoint;  // 0: the target itself
+    bool covered;  // another program's window lies over the point; else the target is in front
     long long frozenForMs;
     bool clicked;
     long long elapsedMs;  // the 10 ms sleep, the wait, 285 ms before the click and the click
   };
-  const Row rows[] = {
-      {0, 60000, true, 10 + 285 + 999}, {dialog, 60000, false, 10 + 10000}, {dialog, 2500, true, 2500 + 285 + 999}};
+  const Row rows[] = {{false, 60000, true, 10 + 285 + 999}, {true, 60000, false, 10 + 10000},
+                      {true, 2500, true, 2500 + 285 + 999}};
   for (const Row& row : rows) {
-    desktop.pointOwnerOverride = row.atThePoint;
+    const WindowHandle cover = desktop.Add(1, "Other", "#32770", 0, {0, 0, 1024, 768});
+    desktop.TakeForeground(row.covered ? cover : dialog);
     const long long start = Start_Frozen(dialog, row.frozenForMs);
-    EXPECT_EQ(Click("sl"), row.clicked) << row.atThePoint << " " << row.frozenForMs;
+    EXPECT_EQ(Click("sl"), row.clicked) << row.covered << " " << row.frozenForMs;
     EXPECT_EQ(desktop.mouseEvents.size(), row.clicked ? 4u : 1u) << row.frozenForMs;
     // Brought forward only when another window is at the point and the program responds.
-    EXPECT_EQ(desktop.foregroundCalls.size(), row.atThePoint && row.clicked ? 1u : 0u) << row.frozenForMs;
+    EXPECT_EQ(desktop.foregroundCalls.size(), row.covered && row.clicked ? 1u : 0u) << row.frozenForMs;
     EXPECT_EQ(DebugLines().back(), row.clicked
                                        ? "Mouse X, Y:  22400, 31232"
                                        : "Info: The window did not respond within 10 seconds; no click was sent.");
     EXPECT_EQ(host.clockMs - start, row.elapsedMs) << row.frozenForMs;
+    desktop.At(cover).vanishesAt = host.clockMs;
   }
 }
 

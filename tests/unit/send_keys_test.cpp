@@ -30,7 +30,8 @@ TEST_F(SendKeysTest, FocusesTheTargetAndTypesTheKeys) {
   ASSERT_EQ(desktop.cursorMoves.size(), 2u);
   EXPECT_EQ(desktop.cursorMoves[1].x, centre.x);
   EXPECT_EQ(desktop.cursorMoves[1].y, centre.y);
-  EXPECT_EQ(desktop.foreground, edit);
+  EXPECT_EQ(desktop.foreground, dialog);
+  EXPECT_EQ(desktop.focus, edit);
   EXPECT_EQ(host.tenthSleeps, 3);  // enabled at once: only the 0.3 s before typing
   EXPECT_EQ(automation.Search().TargetChildID, 1001);
 }

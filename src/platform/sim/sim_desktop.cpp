@@ -114,11 +114,44 @@ WindowHandle SimDesktop::WindowFromPoint(ScreenPoint point) {
   return found ? found : 1;
 }
 
+// Like the system, which raises a window only when it becomes the foreground one.
 bool SimDesktop::SetForegroundWindow(WindowHandle window) {
   foregroundCalls.push_back(window);
-  if (!Exists(window)) return false;
-  foreground = window;
+  if (!Exists(window) || foregroundRefused) return false;
+  TakeForeground(window);
   return true;
+}
+
+void SimDesktop::TakeForeground(WindowHandle window) {
+  const WindowHandle root = Top_Level_Of(window);
+  if (foreground != root) RaiseToTop(root);
+  foreground = root;
+  focus = window;
+}
+
+bool SimDesktop::IsWithin(WindowHandle window, WindowHandle ancestor) {
+  if (!Exists(window) || !Exists(ancestor)) return false;
+  for (; window > 1; window = At(window).parent)
+    if (window == ancestor) return true;
+  return false;
+}
+
+std::uint32_t SimDesktop::ProgramOf(WindowHandle window) {
+  if (!Exists(window) || window == 1) return 0;
+  const WindowHandle root = Top_Level_Of(window);
+  return At(root).program ? At(root).program : static_cast<std::uint32_t>(root);
+}
+
+// Before the other top-level windows, behind those kept on top (unless it is one).
+void SimDesktop::RaiseToTop(WindowHandle window) {
+  const WindowHandle root = Top_Level_Of(window);
+  if (!Exists(root) || root == 1) return;
+  auto& order = At(1).children;
+  order.erase(order.begin() + static_cast<std::ptrdiff_t>(At(root).placeAmongSiblings));
+  std::size_t place = 0;
+  while (!At(root).topmost && place < order.size() && At(order[place]).topmost) ++place;
+  order.insert(order.begin() + static_cast<std::ptrdiff_t>(place), root);
+  for (std::size_t i = 0; i < order.size(); ++i) At(order[i]).placeAmongSiblings = i;
 }
 
 bool SimDesktop::SetCursorPos(ScreenPoint point) {
@@ -129,11 +162,14 @@ bool SimDesktop::SetCursorPos(ScreenPoint point) {
 
 void SimDesktop::MouseEvent(std::uint32_t flags, long x, long y) {
   mouseEvents.push_back({host_.clockMs, flags, x, y});
+  if (afterInput) afterInput();
 }
 
 bool SimDesktop::SendKeyInputs(const std::vector<KeyInput>& inputs) {
   keys.insert(keys.end(), inputs.begin(), inputs.end());
   keysSentAt.push_back(host_.clockMs);
+  keysSentTo.push_back(FocusWindow());
+  if (afterInput) afterInput();
   return true;
 }
 

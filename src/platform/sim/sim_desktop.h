@@ -36,6 +36,8 @@ class SimDesktop : public Desktop {
     bool popup = false;
     WindowHandle owner = 0;
     bool elevated = false;  // its program runs at a higher integrity level
+    bool topmost = false;   // a top-level window kept above the others
+    std::uint32_t program = 0;  // of a top-level window; 0: a program of its own
   };
 
   struct MouseRecord {
@@ -55,12 +57,14 @@ class SimDesktop : public Desktop {
 
   // What the engine did.
   ScreenPoint cursor{0, 0};
-  WindowHandle foreground = 0;
+  WindowHandle foreground = 0;  // a top-level window
+  WindowHandle focus = 0;
   std::vector<WindowHandle> foregroundCalls;
   std::vector<ScreenPoint> cursorMoves;
   std::vector<MouseRecord> mouseEvents;
   std::vector<KeyInput> keys;
   std::vector<long long> keysSentAt;
+  std::vector<WindowHandle> keysSentTo;  // the keyboard focus when each group was sent
   int inputIdleWaits = 0;
   // Frames drawn and areas repainted, in order: "frame <handle>" and
   // "repaint <left>,<top>,<right>,<bottom>".
@@ -74,6 +78,13 @@ class SimDesktop : public Desktop {
   std::function<void(WindowHandle)> onGetWindow;
   WindowHandle pointOwnerOverride = 0;  // when set, WindowFromPoint answers this
   bool serviceSession = false;
+  // Another program keeps the foreground: bringing a window forward fails.
+  bool foregroundRefused = false;
+  // Called after every key group and mouse event sent, to change the desktop meanwhile.
+  std::function<void()> afterInput;
+
+  // Another program's window takes the foreground (and the keyboard focus).
+  void TakeForeground(WindowHandle window);
 
   WindowHandle DesktopWindow() override { return 1; }
   WindowHandle GetWindow(WindowHandle window, WindowRelation relation) override;
@@ -85,6 +96,12 @@ class SimDesktop : public Desktop {
   bool IsWindowEnabled(WindowHandle window) override;
   WindowHandle WindowFromPoint(ScreenPoint point) override;
   bool SetForegroundWindow(WindowHandle window) override;
+  WindowHandle RootWindow(WindowHandle window) override { return Exists(window) ? Top_Level_Of(window) : 0; }
+  bool IsWithin(WindowHandle window, WindowHandle ancestor) override;
+  std::uint32_t ProgramOf(WindowHandle window) override;
+  WindowHandle ForegroundWindow() override { return Exists(foreground) ? foreground : 0; }
+  WindowHandle FocusWindow() override { return Exists(focus) ? focus : 0; }
+  void RaiseToTop(WindowHandle window) override;
   bool SetCursorPos(ScreenPoint point) override;
   ScreenPoint GetCursorPos() override { return cursor; }
   void MouseEvent(std::uint32_t flags, long x, long y) override;

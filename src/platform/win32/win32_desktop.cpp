@@ -67,10 +67,8 @@ WindowHandle Win32Desktop::WindowFromPoint(ScreenPoint point) { return Handle_Of
 // the keys sent next must reach the control, not whichever one had the focus.
 bool Win32Desktop::SetForegroundWindow(WindowHandle window) {
   const HWND target = Window_Of(window);
-  focusControl_ = 0;
   if ((GetWindowLongA(target, GWL_STYLE) & (WS_CHILD | WS_POPUP)) != WS_CHILD)
     return ::SetForegroundWindow(target) != FALSE;
-  focusControl_ = window;
   if (!::SetForegroundWindow(GetAncestor(target, GA_ROOT))) return false;
   return Give_Focus_Within(target, kFocusBoundMilliseconds) == FocusOutcome::Focused;
 }
@@ -105,12 +103,6 @@ void Win32Desktop::MouseEvent(std::uint32_t flags, long x, long y) {
 
 bool Win32Desktop::SendKeyInputs(const std::vector<KeyInput>& inputs) {
   if (inputs.empty()) return true;
-  const HWND control = Window_Of(focusControl_);
-  // Keys typed while the focus may still move would land in the wrong control.
-  if (focusControl_ && IsWindow(control) && ::IsWindowEnabled(control) &&
-      GetForegroundWindow() == GetAncestor(control, GA_ROOT) &&
-      Give_Focus_Within(control, kFocusBoundMilliseconds) == FocusOutcome::TimedOut)
-    return false;
   std::vector<INPUT> records = Keyboard_Inputs(inputs, GetKeyboardLayout(0));
   const UINT sent = SendInput(static_cast<UINT>(records.size()), records.data(), sizeof(INPUT));
   return sent == records.size();

@@ -19,6 +19,12 @@ class Win32Desktop : public Desktop {
   WindowHandle WindowFromPoint(ScreenPoint point) override;
   bool SetForegroundWindow(WindowHandle window) override;
   bool WaitUntilResponsive(WindowHandle window, int timeoutMilliseconds) override;
+  WindowHandle RootWindow(WindowHandle window) override;
+  bool IsWithin(WindowHandle window, WindowHandle ancestor) override;
+  std::uint32_t ProgramOf(WindowHandle window) override;
+  WindowHandle ForegroundWindow() override;
+  WindowHandle FocusWindow() override;
+  void RaiseToTop(WindowHandle window) override;
   bool SetCursorPos(ScreenPoint point) override;
   ScreenPoint GetCursorPos() override;
   void MouseEvent(std::uint32_t flags, long x, long y) override;
@@ -33,9 +39,6 @@ class Win32Desktop : public Desktop {
   bool RunsAtHigherIntegrity(WindowHandle window) override;
 
  private:
-  // The control brought forward last. A disabled control cannot take the
-  // focus, so it takes it again when the keys are sent.
-  WindowHandle focusControl_ = 0;
   FrameMarker frame_;  // the mark of a pick
 };
 

@@ -1,0 +1,155 @@
+#include "input_guard.h"
+
+#include <algorithm>
+
+#include "engine.h"
+#include "screen_point.h"
+
+namespace velmora {
+
+namespace {
+
+constexpr int kTextBufferSize = 256;
+constexpr int kLookAgainMilliseconds = 100;  // between two looks at a desktop that is not ready
+
+bool Same(const WindowRect& a, const WindowRect& b) {
+  return a.left == b.left && a.top == b.top && a.right == b.right && a.bottom == b.bottom;
+}
+
+}  // namespace
+
+std::string Window_Description(Desktop& desktop, WindowHandle window) {
+  if (window == 0) return "no window";
+  if (window == desktop.DesktopWindow()) return "the desktop";
+  const auto quoted = [&](WindowHandle w) { return "\"" + desktop.WindowText(w, kTextBufferSize) + "\""; };
+  std::string text = quoted(window) + " (" + desktop.ClassName(window, kTextBufferSize) + ")";
+  const WindowHandle root = desktop.RootWindow(window);
+  if (root != 0 && root != window) text += " of " + quoted(root);
+  return text;
+}
+
+InputGuard::InputGuard(Engine& engine, Desktop& desktop, WaitBudget& budget, WindowHandle target)
+    : engine_(engine),
+      desktop_(desktop),
+      budget_(budget),
+      target_(target),
+      root_(desktop.RootWindow(target)),
+      program_(desktop.ProgramOf(target)) {}
+
+// The target, a window inside it, or another window of its own program
+// standing over it (its tooltip, say); not a sibling that covers it.
+bool InputGuard::Hits_Target(WindowHandle hit) {
+  if (hit == 0) return false;
+  if (desktop_.IsWithin(hit, target_)) return true;
+  return program_ != 0 && desktop_.ProgramOf(hit) == program_ && desktop_.RootWindow(hit) != root_;
+}
+
+// A top-level target without a focused control still gets the keys.
+bool InputGuard::Focus_Inside_Target() {
+  const WindowHandle focus = desktop_.FocusWindow();
+  return focus != 0 ? desktop_.IsWithin(focus, target_) : target_ == root_;
+}
+
+bool InputGuard::Retry(const char* consequence) {
+  if (!budget_.Bring_Forward(desktop_, target_)) {
+    problem_ = Not_Responding_Line(consequence);
+    return false;
+  }
+  desktop_.RaiseToTop(root_);
+  // Whatever the raise and the activation left queued for the program is done
+  // once it has answered.
+  budget_.Responds(desktop_, target_);
+  return true;
+}
+
+bool InputGuard::Pause() {
+  if (budget_.Left() <= 0) return false;
+  Host& host = engine_.host;
+  budget_.Spend([&](int left) {
+    host.Sleep(std::min(left, kLookAgainMilliseconds));
+    host.DoEvents();
+    return true;
+  });
+  return true;
+}
+
+bool InputGuard::Ready_For_Click(double fx, double fy, WindowRect earlier, ScreenPoint& pixel) {
+  desktop_.RaiseToTop(root_);
+  for (int look = 0;; ++look) {
+    WindowRect now;
+    desktop_.GetWindowRect(target_, now);
+    pixel = Pixel_At(now, fx, fy);
+    const WindowHandle hit = desktop_.WindowFromPoint(pixel);
+    const bool still = Same(now, earlier), hits = Hits_Target(hit);
+    const WindowHandle foreground = desktop_.ForegroundWindow();
+    if (still && hits && foreground == root_) return true;
+    earlier = now;
+    if (!still) {
+      problem_ = "Info: The window did not stand still within " + std::to_string(kWaitBoundMilliseconds / 1000) +
+                 " seconds; no click was sent.";
+    } else if (!hits) {
+      problem_ = "Info: The click point is covered by " + Window_Description(desktop_, hit) + "; no click was sent.";
+    } else {
+      problem_ = "Info: The foreground stays with " + Window_Description(desktop_, foreground) + "; no click was sent.";
+    }
+    // A covered point or another foreground window is worth a retry at once;
+    // a moving window only time can settle.
+    if (still && !Retry("no click was sent")) return false;
+    if ((look > 0 || !still) && !Pause()) return false;
+  }
+}
+
+bool InputGuard::May_Go_On_Clicking(ScreenPoint pixel, bool release) {
+  if (foregroundLost_ && !release) return false;
+  const WindowHandle hit = desktop_.WindowFromPoint(pixel);
+  if (!Hits_Target(hit)) {
+    problem_ = "Info: The click point was covered by " + Window_Description(desktop_, hit) +
+               " during the click; the click was not completed.";
+    return false;
+  }
+  const WindowHandle foreground = desktop_.ForegroundWindow();
+  if (foreground != root_ && !foregroundLost_) {
+    foregroundLost_ = true;
+    problem_ = "Info: " + Window_Description(desktop_, foreground) +
+               " took the foreground during the click; the click was not completed.";
+    return release;
+  }
+  return true;
+}
+
+bool InputGuard::Ready_For_Keys() {
+  for (int look = 0;; ++look) {
+    const WindowHandle foreground = desktop_.ForegroundWindow();
+    if (foreground == root_ && Focus_Inside_Target()) {
+      lastFocus_ = desktop_.FocusWindow();
+      return true;
+    }
+    const WindowHandle receiver = desktop_.FocusWindow() ? desktop_.FocusWindow() : foreground;
+    problem_ = receiver ? "Info: The keys would go to " + Window_Description(desktop_, receiver) + "; no keys were sent."
+                        : "Info: No window has the keyboard focus; no keys were sent.";
+    if (!Retry("no keys were sent")) return false;
+    if (look > 0 && !Pause()) return false;
+  }
+}
+
+bool InputGuard::Keys_Still_Reach_Target() {
+  for (int look = 0;; ++look) {
+    const WindowHandle foreground = desktop_.ForegroundWindow();
+    if (foreground != 0 && desktop_.ProgramOf(foreground) == program_) {
+      if (const WindowHandle focus = desktop_.FocusWindow()) lastFocus_ = focus;
+      return true;
+    }
+    if (look == 0) {
+      const WindowHandle taker = desktop_.FocusWindow() ? desktop_.FocusWindow() : foreground;
+      problem_ = taker ? Window_Description(desktop_, taker) : std::string("No window");
+    }
+    // Given back to the control that had the keys, while the target is there.
+    if (desktop_.ProgramOf(root_) != program_ || (look > 0 && !Pause())) return false;
+    const WindowHandle focus = lastFocus_ && desktop_.ProgramOf(lastFocus_) == program_ ? lastFocus_ : target_;
+    if (!budget_.Bring_Forward(desktop_, focus)) return false;
+    desktop_.RaiseToTop(root_);
+    budget_.Responds(desktop_, focus);
+  }
+}
+
+}  // namespace velmora

@@ -1,0 +1,67 @@
+// Keys and clicks reach the window the script found, or no window. Before
+// input is sent, the target's top-level window is raised and in the
+// foreground, and the input would land in the target; a desktop that does
+// not allow it within the command's wait budget gets nothing, and the log
+// names the window that would have received the input.
+#pragma once
+
+#include <cstdint>
+#include <string>
+
+#include "desktop.h"
+#include "wait_budget.h"
+
+namespace velmora {
+
+struct Engine;
+
+// `"Cancel" (Button) of "Other Setup"`: a window as the log names it, with
+// its top-level window when it is not one itself.
+std::string Window_Description(Desktop& desktop, WindowHandle window);
+
+class InputGuard {
+ public:
+  InputGuard(Engine& engine, Desktop& desktop, WaitBudget& budget, WindowHandle target);
+
+  // Waits until a click at the fractions of the target's rectangle would hit
+  // the target (or one of its own program's windows over it) and the
+  // rectangle stood still since `earlier`; gives the pixel to click. False,
+  // with Problem() set, when the budget ran out first.
+  bool Ready_For_Click(double fx, double fy, WindowRect earlier, ScreenPoint& pixel);
+  // Before each button event of a click: true when it may be sent. A press
+  // needs the target hit and in the foreground; a release only the target
+  // hit, so that a press is released where it began. A click whose target
+  // lost the foreground meanwhile is not complete (Click_Interrupted()).
+  bool May_Go_On_Clicking(ScreenPoint pixel, bool release);
+
+  // Waits until the keyboard focus is inside the target in the foreground.
+  bool Ready_For_Keys();
+  // Between groups of keys: the target's program still has the keyboard, or
+  // gets it back within the budget. On false, Problem() names the window
+  // that took it.
+  bool Keys_Still_Reach_Target();
+  bool Click_Interrupted() const { return foregroundLost_; }
+
+  // The Info line that says what stopped the input.
+  const std::string& Problem() const { return problem_; }
+
+ private:
+  bool Hits_Target(WindowHandle hit);
+  bool Focus_Inside_Target();
+  // Brings the target forward and raises it; false, with the not-responding
+  // line and its consequence, when its program did not answer in time.
+  bool Retry(const char* consequence);
+  // Lets a moment pass, within the budget; false when it is spent.
+  bool Pause();
+
+  Engine& engine_;
+  Desktop& desktop_;
+  WaitBudget& budget_;
+  WindowHandle target_, root_;
+  std::uint32_t program_;
+  WindowHandle lastFocus_ = 0;
+  bool foregroundLost_ = false;
+  std::string problem_;
+};
+
+}  // namespace velmora

@@ -1,0 +1,151 @@
+// Keys and clicks reach the window the script found, or none is sent: the
+// decisions on a simulated desktop where other programs cover the target or
+// take the foreground.
+#include <functional>
+
+#include "automation_fixture.h"
+#include "key_notation.h"
+
+namespace velmora::testing {
+namespace {
+
+class InputGuardTest : public AutomationTest {
+ protected:
+  WindowHandle dialog = 0, next = 0, folder = 0, other = 0, cancel = 0;
+  void SetUp() override {
+    AutomationTest::SetUp();
+    Arrange_Windows();
+  }
+  // Each row its own windows: the last row's vanish, and no program meddles.
+  void Next_Row() {
+    desktop.At(dialog).vanishesAt = desktop.At(other).vanishesAt = host.clockMs;
+    desktop.foregroundRefused = false;
+    desktop.afterInput = nullptr;
+    Arrange_Windows();
+  }
+  void Arrange_Windows() {
+    dialog = desktop.Add(1, "Setup", "#32770", 0, {100, 100, 500, 400});
+    next = desktop.Add(dialog, "Next >", "Button", 12, {300, 350, 400, 382});
+    folder = desktop.Add(dialog, "Folder", "Edit", 1001, {110, 120, 310, 141});
+    other = desktop.Add(1, "Other Setup", "#32770", 0, {600, 500, 900, 700});
+    cancel = desktop.Add(other, "Cancel", "Button", 2, {610, 510, 700, 540});
+  }
+  // Puts the other program's window over the point the click aims at.
+  void Cover_Next(bool topmost) {
+    desktop.At(other).rect = {250, 300, 550, 500};
+    desktop.At(cancel).rect = {300, 340, 420, 390};
+    desktop.At(other).topmost = topmost;
+    desktop.TakeForeground(cancel);
+  }
+  bool Run(const std::string& findLine, const std::string& line, const std::function<void()>& arrange) {
+    EXPECT_TRUE(Find(findLine));
+    arrange();
+    engine.DebugWindow.Clear(), desktop.mouseEvents.clear(), desktop.keys.clear(), desktop.keysSentTo.clear();
+    return line.rfind("sendkeys", 0) == 0 ? Send(line.substr(11, line.size() - 12)) : Click(line.substr(13));
+  }
+  std::vector<std::string> Info_Lines() const {
+    std::vector<std::string> lines;
+    for (const std::string& l : DebugLines())
+      if (l.rfind("Info:", 0) == 0) lines.push_back(l);
+    return lines;
+  }
+};
+
+constexpr char kFindNext[] = R"(findwindow: 2, "Setup", "#32770", 0, 0.5, 0.9, "Next >", "Button", 12, 0.5, 0.5, 0.05)";
+constexpr char kFindFolder[] = R"(findwindow: 2, "Setup", "#32770", 0, 0, 0, "Folder", "Edit", 1001, 0.5, 0.5, 0.05)";
+
+TEST_F(InputGuardTest, ClicksReachTheTargetOrAreNotSent) {
+  struct Row {
+    const char* what;
+    std::function<void()> arrange;
+    bool succeeds;
+    std::size_t mouseEvents;  // the first move, the move to the point, the press and the release
+    std::string info;
+  };
+  const Row rows[] = {
+      {"another program's window over the point is put behind", [&] { Cover_Next(false); }, true, 4, ""},
+      {"a window kept on top over the point stops the click", [&] { Cover_Next(true); }, false, 1,
+       R"(Info: The click point is covered by "Cancel" (Button) of "Other Setup"; no click was sent.)"},
+      {"a window of the target's own program over it (a tooltip) is no cover",
+       [&] {
+         Cover_Next(true);
+         desktop.At(other).program = static_cast<std::uint32_t>(dialog);
+       },
+       true, 4, ""},
+      {"a sibling control covering the target is",
+       [&] {
+         desktop.Add(dialog, "Banner", "Static", 5, {290, 340, 410, 390});
+         desktop.SetParent(next, dialog);  // the last child lies below its siblings
+       },
+       false, 1,
+       R"(Info: The click point is covered by "Banner" (Static) of "Setup"; no click was sent.)"},
+      {"another program keeping the foreground",
+       [&] {
+         desktop.TakeForeground(cancel);
+         desktop.foregroundRefused = true;
+       },
+       false, 1, R"(Info: The foreground stays with "Other Setup" (#32770); no click was sent.)"},
+      {"the foreground taken during the press: released on the target, and failed",
+       [&] {
+         desktop.afterInput = [&] {
+           if (desktop.mouseEvents.size() == 3) desktop.TakeForeground(cancel);
+         };
+       },
+       false, 4,
+       R"(Info: "Other Setup" (#32770) took the foreground during the click; the click was not completed.)"},
+  };
+  for (const Row& row : rows) {
+    SCOPED_TRACE(row.what);
+    const long long start = host.clockMs;
+    EXPECT_EQ(Run(kFindNext, "sendbuttons: sl", row.arrange), row.succeeds);
+    EXPECT_EQ(desktop.mouseEvents.size(), row.mouseEvents);
+    EXPECT_EQ(Info_Lines(), row.info.empty() ? Lines{} : Lines{row.info});
+    EXPECT_LE(host.clockMs - start, 1000 + 10 + 10000 + 285 + 999);  // findwindow, the budget, the click
+    Next_Row();
+  }
+}
+
+TEST_F(InputGuardTest, EveryKeyReachesTheTargetOrTheRestIsNotSent) {
+  const std::string keys = "ab+(cd)e";  // four groups: a, b, Shift with c and d, e
+  struct Row {
+    const char* what;
+    std::function<void()> arrange;
+    bool succeeds;
+    std::size_t groupsSent;
+    std::string info;
+  };
+  const auto steal_after_first_group = [&](bool keep) {
+    desktop.afterInput = [&, keep] {
+      if (desktop.keysSentTo.size() != 1) return;
+      desktop.TakeForeground(cancel);
+      desktop.foregroundRefused = keep;
+    };
+  };
+  const Row rows[] = {
+      {"a quiet desktop", [] {}, true, 4, ""},
+      {"another program keeps the keyboard: none is sent",
+       [&] {
+         desktop.TakeForeground(cancel);
+         desktop.foregroundRefused = true;
+       },
+       false, 0, R"(Info: The keys would go to "Cancel" (Button) of "Other Setup"; no keys were sent.)"},
+      {"the keyboard taken between groups is taken back", [&] { steal_after_first_group(false); }, true, 4, ""},
+      {"the keyboard taken for good: the rest is not sent", [&] { steal_after_first_group(true); }, false, 1,
+       R"(Info: "Cancel" (Button) of "Other Setup" took the keyboard focus; 4 of 5 keys were not sent.)"},
+  };
+  for (const Row& row : rows) {
+    SCOPED_TRACE(row.what);
+    EXPECT_EQ(Run(kFindFolder, "sendkeys: \"" + keys + "\"", row.arrange), row.succeeds);
+    EXPECT_EQ(desktop.keysSentTo, std::vector<WindowHandle>(row.groupsSent, folder));
+    const auto groups = Key_Groups(Parse_Key_String(keys).inputs);
+    EXPECT_EQ(groups.size(), 4u);
+    std::vector<KeyInput> expected;
+    for (std::size_t i = 0; i < row.groupsSent; ++i) expected.insert(expected.end(), groups[i].begin(), groups[i].end());
+    EXPECT_EQ(desktop.keys, expected);
+    EXPECT_EQ(Info_Lines(), row.info.empty() ? Lines{} : Lines{row.info});
+    Next_Row();
+  }
+}
+
+}  // namespace
+}  // namespace velmora::testing
