@@ -44,6 +44,12 @@ bool InputGuard::Hits_Target(WindowHandle hit) {
   return program_ != 0 && desktop_.ProgramOf(hit) == program_ && desktop_.RootWindow(hit) != root_;
 }
 
+// The desktop window is nobody's: the system hands it the foreground for a
+// moment when the foreground window's program loses the X focus under Wine.
+bool InputGuard::Another_Program_Has(WindowHandle foreground) {
+  return foreground != 0 && foreground != desktop_.DesktopWindow() && desktop_.ProgramOf(foreground) != program_;
+}
+
 // A top-level target without a focused control still gets the keys.
 bool InputGuard::Focus_Inside_Target() {
   const WindowHandle focus = desktop_.FocusWindow();
@@ -108,7 +114,7 @@ bool InputGuard::May_Go_On_Clicking(ScreenPoint pixel, bool release) {
     return false;
   }
   const WindowHandle foreground = desktop_.ForegroundWindow();
-  if (foreground != root_ && !foregroundLost_) {
+  if (Another_Program_Has(foreground) && !foregroundLost_) {
     foregroundLost_ = true;
     problem_ = "Info: " + Window_Description(desktop_, foreground) +
                " took the foreground during the click; the click was not completed.";

@@ -48,6 +48,7 @@ class InputGuard {
  private:
   bool Hits_Target(WindowHandle hit);
   bool Focus_Inside_Target();
+  bool Another_Program_Has(WindowHandle foreground);
   // Brings the target forward and raises it; false, with the not-responding
   // line and its consequence, when its program did not answer in time.
   bool Retry(const char* consequence);

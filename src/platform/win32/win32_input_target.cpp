@@ -1,7 +1,7 @@
 // Where input would go: the desktop's answers for the checks made before
 // keys and clicks are sent.
 #include "win32_desktop.h"
-#include "win32_handles.h"
+#include "win32_text.h"
 
 namespace velmora {
 
