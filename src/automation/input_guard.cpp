@@ -128,6 +128,7 @@ bool InputGuard::Ready_For_Keys() {
     const WindowHandle foreground = desktop_.ForegroundWindow();
     if (foreground == root_ && Focus_Inside_Target()) {
       lastFocus_ = desktop_.FocusWindow();
+      foreground_ = foreground;
       return true;
     }
     const WindowHandle receiver = desktop_.FocusWindow() ? desktop_.FocusWindow() : foreground;
@@ -138,17 +139,20 @@ bool InputGuard::Ready_For_Keys() {
   }
 }
 
+void InputGuard::Name_Keyboard_Holder() {
+  const WindowHandle holder = desktop_.FocusWindow() ? desktop_.FocusWindow() : desktop_.ForegroundWindow();
+  problem_ = holder ? Window_Description(desktop_, holder) : std::string("No window");
+}
+
 bool InputGuard::Keys_Still_Reach_Target() {
   for (int look = 0;; ++look) {
     const WindowHandle foreground = desktop_.ForegroundWindow();
     if (foreground != 0 && desktop_.ProgramOf(foreground) == program_) {
       if (const WindowHandle focus = desktop_.FocusWindow()) lastFocus_ = focus;
+      foreground_ = foreground;
       return true;
     }
-    if (look == 0) {
-      const WindowHandle taker = desktop_.FocusWindow() ? desktop_.FocusWindow() : foreground;
-      problem_ = taker ? Window_Description(desktop_, taker) : std::string("No window");
-    }
+    if (look == 0) Name_Keyboard_Holder();
     // Given back to the control that had the keys, while the target is there.
     if (desktop_.ProgramOf(root_) != program_ || (look > 0 && !Pause())) return false;
     const WindowHandle focus = lastFocus_ && desktop_.ProgramOf(lastFocus_) == program_ ? lastFocus_ : target_;

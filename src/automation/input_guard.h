@@ -40,7 +40,12 @@ class InputGuard {
   // gets it back within the budget. On false, Problem() names the window
   // that took it.
   bool Keys_Still_Reach_Target();
+  // Sets Problem() to the window that has the keyboard now.
+  void Name_Keyboard_Holder();
   bool Click_Interrupted() const { return foregroundLost_; }
+  // The foreground window that the last passed check saw: keys are sent only
+  // while it still is.
+  WindowHandle Foreground() const { return foreground_; }
 
   // The Info line that says what stopped the input.
   const std::string& Problem() const { return problem_; }
@@ -61,6 +66,7 @@ class InputGuard {
   WindowHandle target_, root_;
   std::uint32_t program_;
   WindowHandle lastFocus_ = 0;
+  WindowHandle foreground_ = 0;
   bool foregroundLost_ = false;
   std::string problem_;
 };

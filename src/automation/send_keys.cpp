@@ -96,6 +96,10 @@ int SendKeys::Send_Keys_To(bool Interactive, const std::string& keys, WindowHand
 
 namespace {
 
+// How often a group goes again after the foreground changed at the moment of
+// sending, before the keys are given up.
+constexpr std::size_t kMostResends = 100;
+
 // The keys a group presses as the script author counts them: Shift, Ctrl
 // and Alt held for others are not counted.
 std::size_t Presses(const std::vector<KeyInput>& group) {
@@ -133,21 +137,30 @@ int SendKeys::Type(bool interactive, const std::string& keys, WindowHandle windo
   const auto groups = Key_Groups(parsed.inputs);
   std::size_t total = 0, sent = 0;
   for (const auto& group : groups) total += Presses(group);
-  for (std::size_t i = 0; i < groups.size(); ++i) {
-    if (i > 0 && !guard.Keys_Still_Reach_Target()) {
+  bool recheck = false;
+  for (std::size_t i = 0, retries = 0; i < groups.size();) {
+    if (retries > kMostResends) guard.Name_Keyboard_Holder();
+    if ((i > 0 || recheck) && (retries > kMostResends || !guard.Keys_Still_Reach_Target())) {
       Log_Always(engine_, interactive,
                  "Info: " + guard.Problem() + " took the keyboard focus; " + std::to_string(total - sent) + " of " +
                      std::to_string(total) + " keys were not sent.");
       succeeded = false;
       return kNotDelivered;
     }
-    // Sending may give a control the focus again, which counts as waiting.
-    if (!budget.Spend([&](int) { return desktop_.SendKeyInputs(groups[i]); })) {
+    const KeysOutcome outcome = desktop_.SendKeyInputs(groups[i], guard.Foreground());
+    // Taken by another window since the check: the group goes again once the
+    // target has the keyboard back.
+    recheck = outcome == KeysOutcome::ForegroundChanged;
+    if (recheck) {
+      ++retries;
+      continue;
+    }
+    if (outcome == KeysOutcome::NotAllSent) {
       Log(interactive, "Info: Not all keys could be sent to the window.");
       succeeded = false;
       break;
     }
-    sent += Presses(groups[i]);
+    sent += Presses(groups[i++]);
   }
   if (!budget.Spend([&](int left) { return desktop_.WaitForInputIdle(left); }))
     Log(interactive, "Info: The window did not finish processing the keys within " +

@@ -33,6 +33,8 @@ struct KeyInput {
   bool operator==(const KeyInput&) const = default;
 };
 
+enum class KeysOutcome { Sent, NotAllSent, ForegroundChanged };
+
 class Desktop {
  public:
   virtual ~Desktop() = default;
@@ -75,8 +77,9 @@ class Desktop {
   virtual ScreenPoint GetCursorPos() = 0;
   // One mouse event with the given flag word at a normalised or pixel position.
   virtual void MouseEvent(std::uint32_t flags, long x, long y) = 0;
-  // Sends the keys to the foreground window; false when not all were sent.
-  virtual bool SendKeyInputs(const std::vector<KeyInput>& inputs) = 0;
+  // Sends the keys to the foreground window, unless that is no longer the
+  // given one (0: whichever it is) at the moment of sending: then none is sent.
+  virtual KeysOutcome SendKeyInputs(const std::vector<KeyInput>& inputs, WindowHandle foreground) = 0;
   // Waits until the foreground window has processed its input, at most the
   // given time; false when the time ran out.
   virtual bool WaitForInputIdle(int timeoutMilliseconds) = 0;

@@ -165,12 +165,13 @@ void SimDesktop::MouseEvent(std::uint32_t flags, long x, long y) {
   if (afterInput) afterInput();
 }
 
-bool SimDesktop::SendKeyInputs(const std::vector<KeyInput>& inputs) {
+KeysOutcome SimDesktop::SendKeyInputs(const std::vector<KeyInput>& inputs, WindowHandle expected) {
+  if (expected && ForegroundWindow() != expected) return KeysOutcome::ForegroundChanged;
   keys.insert(keys.end(), inputs.begin(), inputs.end());
   keysSentAt.push_back(host_.clockMs);
   keysSentTo.push_back(FocusWindow());
   if (afterInput) afterInput();
-  return true;
+  return KeysOutcome::Sent;
 }
 
 bool SimDesktop::WaitForInputIdle(int timeoutMilliseconds) {

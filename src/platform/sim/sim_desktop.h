@@ -105,7 +105,7 @@ class SimDesktop : public Desktop {
   bool SetCursorPos(ScreenPoint point) override;
   ScreenPoint GetCursorPos() override { return cursor; }
   void MouseEvent(std::uint32_t flags, long x, long y) override;
-  bool SendKeyInputs(const std::vector<KeyInput>& inputs) override;
+  KeysOutcome SendKeyInputs(const std::vector<KeyInput>& inputs, WindowHandle foreground) override;
   bool WaitForInputIdle(int timeoutMilliseconds) override;
   int DoubleClickTime() override { return doubleClickTime; }
   int ScreenWidth() override { return screenWidth; }

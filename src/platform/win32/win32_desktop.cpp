@@ -101,11 +101,14 @@ void Win32Desktop::MouseEvent(std::uint32_t flags, long x, long y) {
   SendInput(1, &input, sizeof input);
 }
 
-bool Win32Desktop::SendKeyInputs(const std::vector<KeyInput>& inputs) {
-  if (inputs.empty()) return true;
+KeysOutcome Win32Desktop::SendKeyInputs(const std::vector<KeyInput>& inputs, WindowHandle foreground) {
+  if (inputs.empty()) return KeysOutcome::Sent;
   std::vector<INPUT> records = Keyboard_Inputs(inputs, GetKeyboardLayout(0));
+  // Read last before sending: the time for another program to take the
+  // foreground unseen is as short as it can be.
+  if (foreground && GetForegroundWindow() != Window_Of(foreground)) return KeysOutcome::ForegroundChanged;
   const UINT sent = SendInput(static_cast<UINT>(records.size()), records.data(), sizeof(INPUT));
-  return sent == records.size();
+  return sent == records.size() ? KeysOutcome::Sent : KeysOutcome::NotAllSent;
 }
 
 // Waits until the foreground window's program has taken all its input and

@@ -28,7 +28,7 @@ class Win32Desktop : public Desktop {
   bool SetCursorPos(ScreenPoint point) override;
   ScreenPoint GetCursorPos() override;
   void MouseEvent(std::uint32_t flags, long x, long y) override;
-  bool SendKeyInputs(const std::vector<KeyInput>& inputs) override;
+  KeysOutcome SendKeyInputs(const std::vector<KeyInput>& inputs, WindowHandle foreground) override;
   bool WaitForInputIdle(int timeoutMilliseconds) override;
   int DoubleClickTime() override;
   int ScreenWidth() override;
