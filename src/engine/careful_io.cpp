@@ -97,15 +97,15 @@ bool Perform(Engine& engine, int operation, FileNumber& number, std::string& fir
 }  // namespace
 
 long Careful_IO(Engine& engine, bool interactive, int operation, FileNumber& fileNumber, std::string& first,
-                const std::string& second, const std::string& location, int kind) {
+                const std::string& second, const std::string& location, int kind, SystemError* failure) {
   long result = 0;
   Trap(engine, interactive, "Velmora.(General).Careful_IO.TrappableErrors.1", kFatal, [&] {
     SystemError error;
-    Failure failure{};
-    if (Perform(engine, operation, fileNumber, first, second, result, error, failure)) return;
+    Failure report{};
+    if (Perform(engine, operation, fileNumber, first, second, result, error, report)) return;
     if (operation == kShell) result = -1;
-    Report_Error(engine, interactive, error.code, failure.message + " -> " + error.text, failure.title, location,
-                 kind);
+    if (failure) *failure = error;
+    Report_Error(engine, interactive, error.code, report.message + " -> " + error.text, report.title, location, kind);
   });
   return result;
 }

@@ -4,6 +4,7 @@
 
 #include <string>
 
+#include "host.h"
 #include "run_state.h"
 
 namespace velmora {
@@ -27,9 +28,10 @@ enum CarefulOperation : int {
 
 // Returns the task identifier for kShell (-1 when the program could not be
 // started) and 0 for every other operation. For kShell the file number
-// carries the window style.
+// carries the window style. A caller that explains a failure further gets
+// the platform's error through `failure`.
 long Careful_IO(Engine& engine, bool interactive, int operation, FileNumber& fileNumber, std::string& first,
-                const std::string& second, const std::string& location, int kind);
+                const std::string& second, const std::string& location, int kind, SystemError* failure = nullptr);
 
 // True when the numbered file has no more lines, or is not open.
 bool At_End_Of_File(Engine& engine, FileNumber fileNumber);

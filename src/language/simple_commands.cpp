@@ -7,6 +7,7 @@
 #include "engine.h"
 #include "environment.h"
 #include "session.h"
+#include "start_info.h"
 #include "text.h"
 #include "trap.h"
 
@@ -18,7 +19,8 @@ constexpr std::int64_t kLongestPauseSeconds = 60;  // keeps each pause within 16
 
 void Wait_Command(Engine& engine, bool Interactive, std::int32_t seconds) {
   Trap(engine, Interactive, "Velmora.(General).Wait_Command.TrappableErrors.1", kFatal, [&] {
-    Log_Trace(engine, Interactive, "Total Elapsed Time:  " + std::to_string(seconds) + (seconds == 1 ? " second." : " seconds."));
+    Log_Trace(engine, Interactive,
+              "Total Elapsed Time:  " + std::to_string(seconds) + (seconds == 1 ? " second." : " seconds."));
     std::int64_t remaining = seconds;
     do {
       Pause_Tenths(engine, static_cast<int>(std::clamp<std::int64_t>(remaining, 0, kLongestPauseSeconds) * 10));
@@ -31,9 +33,11 @@ void RunProgram_Command(Engine& engine, bool Interactive, const std::string& Par
   Trap(engine, Interactive, "Velmora.(General).RunProgram_Command.TrappableErrors.1", kFatal, [&] {
     std::string commandLine = Convert_EnvVars(engine, Interactive, Parameters);
     FileNumber style = static_cast<FileNumber>(WindowStyle::NormalFocus);
+    SystemError failure;
     const long task = Careful_IO(engine, Interactive, kShell, style, commandLine, "",
-                                 "Velmora.(General).RunProgram_Command.Shell.1", kGoOn);
+                                 "Velmora.(General).RunProgram_Command.Shell.1", kGoOn, &failure);
     LastCommandSucceeded = task != -1;
+    Explain_Start(engine, Interactive, commandLine, task == -1 ? std::optional(failure) : std::nullopt);
   });
 }
 

@@ -12,6 +12,8 @@ struct Engine;
 void Wait_Command(Engine& engine, bool Interactive, std::int32_t seconds);
 
 // Starts the program named by the expanded command line; does not wait for it.
+// A failed start, or a 32-bit program that the system cannot run, gets an
+// "Info: " line after the report that says why (start_info.h).
 void RunProgram_Command(Engine& engine, bool Interactive, const std::string& Parameters, bool& LastCommandSucceeded);
 
 void Debug_Command(Engine& engine, bool Interactive, bool& DebugOn, const std::string& Parameters);

@@ -3,6 +3,7 @@
 // the end of the process. Win32 and simulated implementations live beside it.
 #pragma once
 
+#include <cstdint>
 #include <memory>
 #include <optional>
 #include <string>
@@ -31,6 +32,14 @@ enum class FileMode { Input, Output };
 
 // How a started program's main window is shown.
 enum class WindowStyle { Hidden = 0, NormalFocus = 1, MinimizedFocus = 2, MaximizedFocus = 3 };
+
+// What a program's file is, as far as starting it goes.
+struct ProgramFile {
+  enum class Kind { Missing, Unreadable, Folder, NotAProgram, Program };
+  Kind kind = Kind::Missing;
+  std::uint16_t machine = 0;  // a program's processor (the machine field of its header)
+  bool machineRuns = true;    // whether this system runs programs for that processor
+};
 
 // Thrown by EndProcess where the platform cannot end the process for real
 // (the simulated host), so tests can observe the exit status. It is not a
@@ -62,6 +71,11 @@ class Host {
 
   // Starts a program from a command line; returns its task identifier, or -1.
   virtual long StartProgram(const std::string& commandLine, WindowStyle style, SystemError& error) = 0;
+  // Finds the file that a program name or path names, where starting a
+  // program looks for it (a name without a folder beside this program, in the
+  // current folder, the system folders and the PATH; ".exe" added to a name
+  // without an extension), and reads its header.
+  virtual ProgramFile InspectProgram(const std::string& path) = 0;
 
   virtual void Sleep(int milliseconds) = 0;
   // Milliseconds since a fixed moment: what a wait measures itself against.

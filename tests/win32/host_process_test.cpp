@@ -67,6 +67,40 @@ TEST(StartProgramTest, StartsTheProgramWithItsArgumentsAtOnceOrSaysWhyNot) {
   }
 }
 
+// Found where starting a program looks, and told apart by the file's header.
+// Whether this system runs the 32-bit header depends on the system (Wine's
+// 32-bit part), so that row asks only for its processor.
+TEST(InspectProgramTest, FindsTheFileAsStartingAProgramWouldAndReadsItsHeader) {
+  using Kind = ProgramFile::Kind;
+  test::ScratchDir dir;
+  std::string header32(0x40, '\0');
+  header32.replace(0, 2, "MZ");
+  header32[0x3C] = 0x40;  // where the PE header starts
+  test::WriteBytes(dir.Path("old setup.exe"), header32 + std::string("PE\0\0\x4c\x01", 6) + std::string(20, '\0'));
+  test::WriteBytes(dir.Path("readme.txt"), "Read me.\r\n");
+  test::WriteBytes(dir.Path("dos.exe"), "MZ" + std::string(0x3E, '\0'));
+  Win32Host host;
+  const std::string self = host.ProgramPath();
+  const struct {
+    std::string path;
+    Kind kind;
+    unsigned machine;
+  } rows[] = {{self, Kind::Program, 0x8664},
+              {"velmora_win32_tests", Kind::Program, 0x8664},  // beside this program, ".exe" added
+              {dir.Path("old setup"), Kind::Program, 0x014c},
+              {dir.Path("readme.txt"), Kind::NotAProgram, 0},
+              {dir.Path("dos.exe"), Kind::NotAProgram, 0},
+              {dir.Root(), Kind::Folder, 0},
+              {dir.Path("missing.exe"), Kind::Missing, 0},
+              {"velmora_no_such_program", Kind::Missing, 0}};
+  for (const auto& row : rows) {
+    const ProgramFile file = host.InspectProgram(row.path);
+    EXPECT_EQ(file.kind, row.kind) << row.path;
+    EXPECT_EQ(file.machine, row.machine) << row.path;
+    if (row.machine == 0x8664) EXPECT_TRUE(file.machineRuns) << row.path;
+  }
+}
+
 class CurrentDirectoryTest : public testing::Test {
  protected:
   void TearDown() override { fs::current_path(previous_); }

@@ -133,12 +133,21 @@ long SimHost::StartProgram(const std::string& line, WindowStyle, SystemError& er
       return -1;
     }
   }
+  if (const auto failure = startFailures.find(line); failure != startFailures.end()) {
+    error = failure->second;
+    return -1;
+  }
   if (unstartable.count(line) || line.empty()) {
     error = NotFound();
     return -1;
   }
   startedPrograms.push_back(line);
   return 1000 + static_cast<long>(startedPrograms.size());
+}
+
+ProgramFile SimHost::InspectProgram(const std::string& path) {
+  const auto it = programFiles.find(path);
+  return it == programFiles.end() ? ProgramFile{} : it->second;
 }
 
 void SimHost::Sleep(int milliseconds) {

@@ -26,6 +26,10 @@ class SimHost : public Host {
   std::set<std::string> unstartable;         // programs that cannot be started
   bool throwFromFileOperations = false;      // rename, delete, copy throw, as a broken layer would
   std::deque<bool> startOutcomes;            // outcomes of the next program starts, taken in order
+  // Command lines whose start fails with this error.
+  std::map<std::string, SystemError> startFailures;
+  // What InspectProgram finds; every other path is missing.
+  std::map<std::string, ProgramFile> programFiles;
   std::string dateTimeText = "21/11/2026 10:20:30";
   std::string decimalSeparator = ".";
   std::string currentDirectory = "C:\\Work";
@@ -55,6 +59,7 @@ class SimHost : public Host {
   bool ChangeDrive(const std::string& drive, SystemError& error) override;
 
   long StartProgram(const std::string& commandLine, WindowStyle style, SystemError& error) override;
+  ProgramFile InspectProgram(const std::string& path) override;
 
   void Sleep(int milliseconds) override;
   long long ClockMilliseconds() override { return clockMs; }

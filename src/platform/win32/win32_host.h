@@ -19,6 +19,7 @@ class Win32Host : public Host {
   bool ChangeDrive(const std::string& drive, SystemError& error) override;
 
   long StartProgram(const std::string& commandLine, WindowStyle style, SystemError& error) override;
+  ProgramFile InspectProgram(const std::string& path) override;  // win32_program_file.cpp
 
   void Sleep(int milliseconds) override;
   long long ClockMilliseconds() override;
