@@ -5,6 +5,7 @@
 #   source tools/wine-env.sh
 #   wine_start                      # display, server, prefix; installs an EXIT trap
 #   wine_run path/to/prog.exe args  # runs a Windows program; returns its exit status
+#   wine_programs                   # lists the Windows programs running in the session
 #   wine_stop                       # also run by the trap
 #
 # The prefix (build/wineprefix) is recreated by every run, so no run sees
@@ -173,6 +174,26 @@ wine_run() {
   else
     timeout -k 5 "${VELMORA_WINE_TIMEOUT:-120}" "$VELMORA_WINE" "$program" "$@" </dev/null
   fi
+}
+
+# Wine's own processes, which come and go with the session, not with a test.
+_velmora_wine_services=" services.exe winedevice.exe plugplay.exe svchost.exe rpcss.exe conhost.exe "
+
+# Prints "<Linux pid> <program name>" for each Windows program running in this
+# session (a Wine process with its WINEPREFIX), Wine's own services and the
+# desktop's explorer.exe aside.
+wine_programs() {
+  local environ proc exe arg0 name
+  for environ in $(grep -lzxF "WINEPREFIX=${WINEPREFIX:?no Wine session}" /proc/[0-9]*/environ 2>/dev/null); do
+    proc="${environ%/environ}"
+    exe="$(readlink "$proc/exe" 2>/dev/null)" || continue
+    [[ "${exe##*/}" == wine* && "${exe##*/}" != wineserver* ]] || continue
+    IFS= read -r -d '' arg0 <"$proc/cmdline" 2>/dev/null || continue
+    name="${arg0##*[\\/]}"
+    [[ "$_velmora_wine_services" != *" ${name,,} "* ]] || continue
+    [[ "${name,,}" == explorer.exe && "$(tr '\0' ' ' <"$proc/cmdline")" == *" /desktop"* ]] && continue
+    echo "${proc#/proc/} $name"
+  done
 }
 
 wine_stop() {

@@ -9,6 +9,14 @@
 // the quoted program name exactly as written. A program still running after
 // <seconds> (default 60) is terminated and launch.exe returns 124; a failure
 // of launch.exe itself returns 125.
+//
+// The program runs in a job object, which every program it starts joins. A
+// time-out ends the whole job, not the program alone: a wizard that a script
+// started must not outlive its case. So does the end of launch.exe itself
+// (the job is killed when its last handle closes), should launch.exe be
+// killed from outside. When the program ends by itself, the programs it left
+// running are left to the caller, which may still inspect or end them (and
+// reports those it finds as left running).
 #include <windows.h>
 #include <shellapi.h>
 
@@ -45,6 +53,27 @@ std::wstring Widen(const std::string& utf8) {
   return wide;
 }
 
+// A job that ends its processes when its last handle closes, unless
+// Release_Job lifts that first.
+HANDLE Create_Job() {
+  HANDLE job = CreateJobObjectW(nullptr, nullptr);
+  if (!job) return nullptr;
+  JOBOBJECT_EXTENDED_LIMIT_INFORMATION limits{};
+  limits.BasicLimitInformation.LimitFlags = JOB_OBJECT_LIMIT_KILL_ON_JOB_CLOSE;
+  if (!SetInformationJobObject(job, JobObjectExtendedLimitInformation, &limits, sizeof limits)) {
+    CloseHandle(job);
+    return nullptr;
+  }
+  return job;
+}
+
+// Closes the job without ending the processes still in it.
+void Release_Job(HANDLE job) {
+  JOBOBJECT_EXTENDED_LIMIT_INFORMATION limits{};
+  SetInformationJobObject(job, JobObjectExtendedLimitInformation, &limits, sizeof limits);
+  CloseHandle(job);
+}
+
 }  // namespace
 
 int main() {
@@ -66,23 +95,35 @@ int main() {
   std::wstring commandLine = L"\"" + program + L"\"";
   if (!arguments.empty()) commandLine += L" " + Widen(arguments);
 
+  HANDLE job = Create_Job();
+  if (!job) return Fail(L"cannot create a job object for", program);
+  // Suspended until it is in the job, so that nothing it starts escapes.
   STARTUPINFOW startup{};
   startup.cb = sizeof startup;
   PROCESS_INFORMATION process{};
-  if (!CreateProcessW(program.c_str(), commandLine.data(), nullptr, nullptr, FALSE, 0, nullptr, nullptr, &startup,
-                      &process))
+  if (!CreateProcessW(program.c_str(), commandLine.data(), nullptr, nullptr, FALSE, CREATE_SUSPENDED, nullptr,
+                      nullptr, &startup, &process))
     return Fail(L"cannot start", program);
+  if (!AssignProcessToJobObject(job, process.hProcess)) {
+    const int failed = Fail(L"cannot put into a job object:", program);
+    TerminateProcess(process.hProcess, kLaunchFailed);
+    return failed;
+  }
+  ResumeThread(process.hThread);
   CloseHandle(process.hThread);
 
   int status = kLaunchFailed;
   if (WaitForSingleObject(process.hProcess, seconds * 1000) == WAIT_TIMEOUT) {
-    std::fwprintf(stderr, L"launch: %ls still running after %lu s; terminated\n", program.c_str(), seconds);
-    TerminateProcess(process.hProcess, kTimedOut);
+    std::fwprintf(stderr, L"launch: %ls still running after %lu s; it and the programs it started terminated\n",
+                  program.c_str(), seconds);
+    TerminateJobObject(job, kTimedOut);
     WaitForSingleObject(process.hProcess, 10000);  // a process that will not die must not hold the run
+    CloseHandle(job);
     status = kTimedOut;
   } else {
     DWORD code = 0;
     if (GetExitCodeProcess(process.hProcess, &code)) status = static_cast<int>(code);
+    Release_Job(job);
   }
   CloseHandle(process.hProcess);
   return status;

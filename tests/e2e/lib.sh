@@ -48,6 +48,14 @@ expect_line() {
   return 1
 }
 
+# Waits until no program of the name runs in the Wine session (a program that
+# the script started may still be at work when velmora.exe ends): wait_for_end <name.exe>
+wait_for_end() {
+  _wine_wait_for "! wine_programs | cut -d' ' -f2- | grep -qixF '$1'" 300 && return 0
+  echo "$1 still runs after 30 s"
+  return 1
+}
+
 # Deletes the stored settings of the named forms, so that the next case starts fresh.
 forget_settings() {
   local section

@@ -9,6 +9,12 @@
 # Logs are compared after mask.sed (time stamps, window handles). Needs
 # build/windows/bin/{velmora,launch}.exe; starts its own Wine session unless a
 # calling script already has one. Ends with "e2e: N passed, N failed".
+#
+# A case ends with none of its programs running, whatever its outcome. A
+# time-out ends velmora.exe and every program it started (launch.exe runs
+# them in one job). Then, after check.sh (which may end programs itself),
+# every Windows program that was not running before the case and still runs
+# fails the case ("left running: wizard.exe (pid N)") and is killed.
 set -uo pipefail
 
 here="$(cd "$(dirname "${BASH_SOURCE[0]}")" && pwd)"
@@ -43,6 +49,30 @@ all_lines_end_in_crlf() {
     [ "$(tr -cd '\r' <"$1" | wc -c)" -eq "$(wc -l <"$1")" ]; }
 }
 
+# Seconds that the programs a case leaves may take to end by themselves (one
+# closed by the script's last line may still be on its way out).
+readonly ending_seconds=5
+
+# Reports and kills the session's Windows programs that run now and are not
+# listed in the file $1 (wine_programs before the case).
+end_left_programs() {
+  local before="$1" left pid name tries
+  for ((tries = ending_seconds * 5; tries >= 0; tries--)); do
+    left="$(wine_programs | grep -vxFf "$before")"
+    [ -z "$left" ] && return 0
+    [ "$tries" -gt 0 ] && sleep 0.2
+  done
+  while read -r pid name; do
+    echo "left running: $name (pid $pid)"
+    kill -KILL "$pid" 2>/dev/null
+  done <<<"$left"
+  # Gone before the next case starts (a killed process may linger as a zombie).
+  for pid in $(cut -d' ' -f1 <<<"$left"); do
+    _wine_wait_for "! [ -e /proc/$pid ] || grep -q '^State:.*zombie' /proc/$pid/status 2>/dev/null" 100 ||
+      echo "pid $pid did not end when killed"
+  done
+}
+
 # Runs one variant of a case and prints its verdict.
 #   run_one <case dir> <label> <variant> <expected status> <expected log or ""> <KEY=VALUE lines> <command line>
 run_one() {
@@ -51,9 +81,11 @@ run_one() {
   local wd="$scratch/work"
   rm -rf "$scratch" && mkdir -p "$wd"
   [ -d "$case_dir/files" ] && cp -a "$case_dir/files/." "$wd/"
+  wine_programs >"$scratch/programs_before.txt"
   if [ -f "$case_dir/prepare.sh" ] &&
     ! prepared="$(cd "$wd" && E2E_CASE="$case_dir" E2E_LIB="$here/lib.sh" bash "$case_dir/prepare.sh" 2>&1)"; then
     echo "FAIL $label (prepare.sh failed)" && printf '%s\n' "$prepared" | sed 's/^/    /'
+    end_left_programs "$scratch/programs_before.txt" | sed 's/^/    /'
     failed=$((failed + 1)) && return
   fi
   printf '%s\n' "$command_line" >"$scratch/cmdline.txt"
@@ -105,6 +137,9 @@ run_one() {
       problems+="check.sh failed:"$'\n'"$check_output"$'\n'
     fi
   fi
+  local left_running
+  left_running="$(end_left_programs "$scratch/programs_before.txt")"
+  [ -z "$left_running" ] || problems+="$left_running"$'\n'
 
   if [ -z "$problems" ]; then
     echo "PASS $label"
