@@ -9,6 +9,10 @@ end_windows_process "$record.pid"
 [ -f "$record" ] || { echo "the other program did not run (no $record)" && exit 1; }
 [ ! -s "$record" ] || { echo "the other program received input:" && cat "$record" && exit 1; }
 if [ "$E2E_VARIANT" = cover ]; then
+  # The covered click alone was refused; the keys and the click beside the cover went in.
+  expect_line "$(grep '^Info:' a.vld | tr -d '\r')" \
+    'Info: The click point is covered by "Hostile cover" (VelmoraHostile); no click was sent.'
+  [ "$(grep -c '^Info:' a.vld)" = 1 ] || { echo "more than one Info line:" && grep '^Info:' a.vld && exit 1; }
   expect_text result.txt $'name=Ada\r\nfolder=C:\\Program Files\\Velmora Wizard\r\nshortcut=0\r'
   exit 0
 fi
