@@ -87,8 +87,11 @@ bool InputGuard::Ready_For_Click(double fx, double fy, WindowRect earlier, Scree
     pixel = Pixel_At(now, fx, fy);
     const WindowHandle hit = desktop_.WindowFromPoint(pixel);
     const bool still = Same(now, earlier), hits = Hits_Target(hit);
+    // A pop-up of the target's own program (a drop-down list, a menu) is
+    // clicked while its owner keeps the foreground: taking it would close it.
     const WindowHandle foreground = desktop_.ForegroundWindow();
-    if (still && hits && foreground == root_) return true;
+    const bool forward = foreground == root_ || (foreground != 0 && desktop_.ProgramOf(foreground) == program_);
+    if (still && hits && forward) return true;
     earlier = now;
     if (!still) {
       problem_ = "Info: The window did not stand still within " + std::to_string(kWaitBoundMilliseconds / 1000) +

@@ -72,6 +72,13 @@ TEST_F(InputGuardTest, ClicksReachTheTargetOrAreNotSent) {
          desktop.At(other).program = static_cast<std::uint32_t>(dialog);
        },
        true, 4, ""},
+      {"a drop-down of the target's program is clicked while its owner keeps the foreground",
+       [&] {
+         desktop.At(other).program = static_cast<std::uint32_t>(dialog);
+         desktop.TakeForeground(cancel);
+         desktop.foregroundRefused = true;
+       },
+       true, 4, ""},
       {"a sibling control covering the target is",
        [&] {
          desktop.Add(dialog, "Banner", "Static", 5, {290, 340, 410, 390});
