@@ -17,6 +17,11 @@
 // killed from outside. When the program ends by itself, the programs it left
 // running are left to the caller, which may still inspect or end them (and
 // reports those it finds as left running).
+//
+// Under Wine a new process now and then dies while Wine itself starts it,
+// before any of its code runs; CreateProcess then fails with
+// ERROR_INTERNAL_ERROR. Such a start is tried again, with a note on stderr:
+// the program under test never ran, so there is nothing of it to judge.
 #include <windows.h>
 #include <shellapi.h>
 
@@ -31,6 +36,7 @@ namespace {
 constexpr int kTimedOut = 124;
 constexpr int kLaunchFailed = 125;
 constexpr DWORD kDefaultSeconds = 60;
+constexpr int kStartAttempts = 3;
 
 int Fail(const wchar_t* what, const std::wstring& detail) {
   std::fwprintf(stderr, L"launch: %ls %ls (error %lu)\n", what, detail.c_str(), GetLastError());
@@ -74,6 +80,22 @@ void Release_Job(HANDLE job) {
   CloseHandle(job);
 }
 
+// Starts the program suspended, trying again when Wine lost it on the way.
+bool Start_Suspended(const std::wstring& program, std::wstring commandLine, PROCESS_INFORMATION& process) {
+  for (int attempt = 1;; ++attempt) {
+    STARTUPINFOW startup{};
+    startup.cb = sizeof startup;
+    std::wstring line = commandLine;  // CreateProcessW may write into it
+    if (CreateProcessW(program.c_str(), line.data(), nullptr, nullptr, FALSE, CREATE_SUSPENDED, nullptr, nullptr,
+                       &startup, &process))
+      return true;
+    const DWORD error = GetLastError();
+    if (error != ERROR_INTERNAL_ERROR || attempt == kStartAttempts) return false;
+    std::fwprintf(stderr, L"launch: %ls died while starting (error %lu); starting it again\n", program.c_str(), error);
+    Sleep(500);
+  }
+}
+
 }  // namespace
 
 int main() {
@@ -98,12 +120,8 @@ int main() {
   HANDLE job = Create_Job();
   if (!job) return Fail(L"cannot create a job object for", program);
   // Suspended until it is in the job, so that nothing it starts escapes.
-  STARTUPINFOW startup{};
-  startup.cb = sizeof startup;
   PROCESS_INFORMATION process{};
-  if (!CreateProcessW(program.c_str(), commandLine.data(), nullptr, nullptr, FALSE, CREATE_SUSPENDED, nullptr,
-                      nullptr, &startup, &process))
-    return Fail(L"cannot start", program);
+  if (!Start_Suspended(program, commandLine, process)) return Fail(L"cannot start", program);
   if (!AssignProcessToJobObject(job, process.hProcess)) {
     const int failed = Fail(L"cannot put into a job object:", program);
     TerminateProcess(process.hProcess, kLaunchFailed);

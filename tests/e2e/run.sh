@@ -143,6 +143,8 @@ run_one() {
 
   if [ -z "$problems" ]; then
     echo "PASS $label"
+    # A start that Wine lost and launch.exe made again is worth seeing.
+    grep -h 'died while starting' "$scratch/launch.log" | sed 's/^/    note: /'
     passed=$((passed + 1))
   else
     echo "FAIL $label (command line: $command_line)"

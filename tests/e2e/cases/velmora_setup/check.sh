@@ -56,7 +56,8 @@ $uninstall_key|QuietUninstallString|"$wizard_dir\uninstall.exe" /S
 ROWS
 
 # The installed velmora.exe plays the installed sample, which installs the sample program.
-TARGETDIR="$sample_dir" launch "$wizard_dir\\velmora.exe" "\"$wizard_dir\\install.vls\" \"sample.vld\"" 90 || fail "status $?: $(cat sample.vld)"
+TARGETDIR="$sample_dir" launch "$wizard_dir\\velmora.exe" "\"$wizard_dir\\install.vls\" \"sample.vld\"" 90 ||
+  fail "status $?: $(cat sample.vld 2>&1)"$'\n'"output: $(cat wine.txt)"$'\n'"here: $(ls -l)"$'\n'"installed: $(ls -l "$folder")"
 cmp "$bin/velmora-hello.exe" "$(unix "$sample_dir")/velmora-hello.exe"
 wait_for '[ -z "$(session_pids "velmora-sample-setup\\.exe")" ]' "the sample setup still runs" # its file is in use
 
