@@ -51,21 +51,23 @@ bool InputGuard::Another_Program_Has(WindowHandle foreground) {
 }
 
 // A top-level target without a focused control still gets the keys.
-bool InputGuard::Focus_Inside_Target() {
-  const WindowHandle focus = desktop_.FocusWindow();
+bool InputGuard::Focus_Inside_Target(WindowHandle focus) {
   return focus != 0 ? desktop_.IsWithin(focus, target_) : target_ == root_;
 }
 
-bool InputGuard::Retry(const char* consequence) {
-  if (!budget_.Bring_Forward(desktop_, target_)) {
-    problem_ = Not_Responding_Line(consequence);
-    return false;
-  }
+bool InputGuard::Bring_Back(WindowHandle window) {
+  if (!budget_.Bring_Forward(desktop_, window)) return false;
   desktop_.RaiseToTop(root_);
   // Whatever the raise and the activation left queued for the program is done
   // once it has answered.
-  budget_.Responds(desktop_, target_);
+  budget_.Responds(desktop_, window);
   return true;
+}
+
+bool InputGuard::Retry(const char* consequence) {
+  if (Bring_Back(target_)) return true;
+  problem_ = Not_Responding_Line(consequence);
+  return false;
 }
 
 bool InputGuard::Pause() {
@@ -129,12 +131,13 @@ bool InputGuard::May_Go_On_Clicking(ScreenPoint pixel, bool release) {
 bool InputGuard::Ready_For_Keys() {
   for (int look = 0;; ++look) {
     const WindowHandle foreground = desktop_.ForegroundWindow();
-    if (foreground == root_ && Focus_Inside_Target()) {
-      lastFocus_ = desktop_.FocusWindow();
+    const WindowHandle focus = desktop_.FocusWindow();
+    if (foreground == root_ && Focus_Inside_Target(focus)) {
+      lastFocus_ = focus;
       foreground_ = foreground;
       return true;
     }
-    const WindowHandle receiver = desktop_.FocusWindow() ? desktop_.FocusWindow() : foreground;
+    const WindowHandle receiver = focus ? focus : foreground;
     problem_ = receiver ? "Info: The keys would go to " + Window_Description(desktop_, receiver) + "; no keys were sent."
                         : "Info: No window has the keyboard focus; no keys were sent.";
     if (!Retry("no keys were sent")) return false;
@@ -143,7 +146,8 @@ bool InputGuard::Ready_For_Keys() {
 }
 
 void InputGuard::Name_Keyboard_Holder() {
-  const WindowHandle holder = desktop_.FocusWindow() ? desktop_.FocusWindow() : desktop_.ForegroundWindow();
+  WindowHandle holder = desktop_.FocusWindow();
+  if (holder == 0) holder = desktop_.ForegroundWindow();
   problem_ = holder ? Window_Description(desktop_, holder) : std::string("No window");
 }
 
@@ -159,9 +163,7 @@ bool InputGuard::Keys_Still_Reach_Target() {
     // Given back to the control that had the keys, while the target is there.
     if (desktop_.ProgramOf(root_) != program_ || (look > 0 && !Pause())) return false;
     const WindowHandle focus = lastFocus_ && desktop_.ProgramOf(lastFocus_) == program_ ? lastFocus_ : target_;
-    if (!budget_.Bring_Forward(desktop_, focus)) return false;
-    desktop_.RaiseToTop(root_);
-    budget_.Responds(desktop_, focus);
+    if (!Bring_Back(focus)) return false;
   }
 }
 

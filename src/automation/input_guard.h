@@ -52,10 +52,13 @@ class InputGuard {
 
  private:
   bool Hits_Target(WindowHandle hit);
-  bool Focus_Inside_Target();
+  bool Focus_Inside_Target(WindowHandle focus);
   bool Another_Program_Has(WindowHandle foreground);
-  // Brings the target forward and raises it; false, with the not-responding
-  // line and its consequence, when its program did not answer in time.
+  // Brings the window forward and raises the target's top-level window; false
+  // when its program did not answer in time.
+  bool Bring_Back(WindowHandle window);
+  // Bring_Back for the target; on false, the not-responding line with its
+  // consequence.
   bool Retry(const char* consequence);
   // Lets a moment pass, within the budget; false when it is spent.
   bool Pause();

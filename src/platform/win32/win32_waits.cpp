@@ -40,8 +40,8 @@ bool Wait_For_Object(HANDLE object, DWORD milliseconds) {
 bool Wait_For_Input_Idle(HANDLE process, DWORD milliseconds) {
   const DWORD start = GetTickCount();
   for (;;) {
-    const DWORD slice = Left_Of(start, milliseconds) < kSliceMilliseconds ? Left_Of(start, milliseconds) : kSliceMilliseconds;
-    if (::WaitForInputIdle(process, slice) != WAIT_TIMEOUT) return true;
+    const DWORD left = Left_Of(start, milliseconds);
+    if (::WaitForInputIdle(process, left < kSliceMilliseconds ? left : kSliceMilliseconds) != WAIT_TIMEOUT) return true;
     Answer_Sent_Messages();
     if (Left_Of(start, milliseconds) == 0) return false;
   }
