@@ -155,6 +155,14 @@ int SendKeys::Type(bool interactive, const std::string& keys, WindowHandle windo
       ++retries;
       continue;
     }
+    if (outcome == KeysOutcome::LostForeground) {
+      guard.Name_Keyboard_Holder();
+      Log_Always(engine_, interactive,
+                 "Info: " + guard.Problem() + " took the keyboard focus while keys were sent; " +
+                     std::to_string(total - sent) + " of " + std::to_string(total) + " keys may not have arrived.");
+      succeeded = false;
+      return kNotDelivered;
+    }
     if (outcome == KeysOutcome::NotAllSent) {
       Log(interactive, "Info: Not all keys could be sent to the window.");
       succeeded = false;

@@ -33,7 +33,11 @@ struct KeyInput {
   bool operator==(const KeyInput&) const = default;
 };
 
-enum class KeysOutcome { Sent, NotAllSent, ForegroundChanged };
+// ForegroundChanged: nothing was sent, another window had the foreground.
+// LostForeground: sent, but another program had the foreground right after:
+// some keys may have gone to it (each key goes where the foreground is when
+// it is queued).
+enum class KeysOutcome { Sent, NotAllSent, ForegroundChanged, LostForeground };
 
 class Desktop {
  public:

@@ -169,8 +169,11 @@ KeysOutcome SimDesktop::SendKeyInputs(const std::vector<KeyInput>& inputs, Windo
   if (expected && ForegroundWindow() != expected) return KeysOutcome::ForegroundChanged;
   keys.insert(keys.end(), inputs.begin(), inputs.end());
   keysSentAt.push_back(host_.clockMs);
+  if (whileKeysQueued) whileKeysQueued();
   keysSentTo.push_back(FocusWindow());
   if (afterInput) afterInput();
+  if (whileKeysQueued && expected && ProgramOf(ForegroundWindow()) != ProgramOf(expected))
+    return KeysOutcome::LostForeground;
   return KeysOutcome::Sent;
 }
 

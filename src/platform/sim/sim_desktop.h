@@ -82,6 +82,9 @@ class SimDesktop : public Desktop {
   bool foregroundRefused = false;
   // Called after every key group and mouse event sent, to change the desktop meanwhile.
   std::function<void()> afterInput;
+  // Runs as keys are queued, before they reach a window: a change of the
+  // foreground here sends them to the new one.
+  std::function<void()> whileKeysQueued;
 
   // Another program's window takes the foreground (and the keyboard focus).
   void TakeForeground(WindowHandle window);

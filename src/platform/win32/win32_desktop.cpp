@@ -108,7 +108,13 @@ KeysOutcome Win32Desktop::SendKeyInputs(const std::vector<KeyInput>& inputs, Win
   // foreground unseen is as short as it can be.
   if (foreground && GetForegroundWindow() != Window_Of(foreground)) return KeysOutcome::ForegroundChanged;
   const UINT sent = SendInput(static_cast<UINT>(records.size()), records.data(), sizeof(INPUT));
-  return sent == records.size() ? KeysOutcome::Sent : KeysOutcome::NotAllSent;
+  if (sent != records.size()) return KeysOutcome::NotAllSent;
+  // Keys that close or hide the target's window (which moves the foreground
+  // on), or move the foreground within its program, are no loss.
+  const HWND target = Window_Of(foreground), now = GetForegroundWindow();
+  if (foreground && now != target && IsWindowVisible(target) && ProgramOf(Handle_Of(now)) != ProgramOf(foreground))
+    return KeysOutcome::LostForeground;
+  return KeysOutcome::Sent;
 }
 
 // Waits until the foreground window's program has taken all its input and
