@@ -47,17 +47,23 @@ TEST(CheckerTest, ReportsEveryFaultyLineAndEndsWithItsStatus) {
        "b.vls(4): error: ENDWHILE on line 4 is on a different level then its matching WHILE!\n"
        "b.vls(5): error: ENDIF on line 5 is on a different level then its matching IF!\n"
        "b.vls(6): error: REPEAT on line 6 has no matching UNTIL!\n", "", kCheckErrors},
-      {"warnings do not fail the check",
+      {"warnings do not fail the check; a title may end in a blank",
        {{"w.vls", {"sendbuttons: sl", "findwindow: 2, \"Setup \", \"#32770\", 0, 0.5, 0.5, \"Next\", \"Button \", 1, 0.5, 0.5, 0.30",
-                   "sendkeys: \"{FOO}\"", "sendkeys: \"`KEYS`{\"", "debug: of"}},
+                   "debug: of"}},
         {"c.vls", kClean}},
        {"w.vls", "c.vls"},
        "w.vls(1): warning: sendbuttons before any findwindow line: the run ends here with "
        "\"No Window found to SendButtons_To\"\n"
-       "w.vls(2): warning: findwindow level 1 title ends in a blank: \"Setup \"\n"
-       "w.vls(3): warning: Invalid key string:  Unknown key name {FOO} at position 1\n"
-       "w.vls(5): warning: Debug state 'off' was not specified so ON is assumed!\n"
-       "velmora-check: 0 errors, 4 warnings in 2 scripts\n", "", kCheckClean},
+       "w.vls(3): warning: Debug state 'off' was not specified so ON is assumed!\n"
+       "velmora-check: 0 errors, 2 warnings in 2 scripts\n", "", kCheckClean},
+      {"a key string the run refuses is an error, unless a variable supplies it",
+       {{"k.vls", {"findwindow: 1, \"Setup\", \"#32770\", 0, 0.5, 0.5, 0.30", "sendkeys: \"{FOO}\"",
+                   "sendkeys: \"`KEYS`{\"", "sendkeys: \"``{\"", "sendkeys: \"`{}\""}}},
+       {"k.vls"},
+       "k.vls(2): error: Invalid key string:  Unknown key name {FOO} at position 1\n"
+       "k.vls(4): error: Invalid key string:  '{' at position 2 has no closing '}'\n"
+       "k.vls(5): error: Invalid key string:  Empty braces {} at position 2 (type {{} or {}} for a brace)\n"
+       "velmora-check: 3 errors, 0 warnings in 1 script\n", "", kCheckErrors},
       {"--no-warnings", {{"w.vls", {"sendkeys: \"x\""}}}, {"--no-warnings", "w.vls"}, kNone, "", kCheckClean},
       {"an unreadable script outweighs errors", {{"a.vls", {"frobnicate"}}}, {"missing.vls", "a.vls"},
        "a.vls(1): error: Unknown Command:  frobnicate\nvelmora-check: 1 error, 0 warnings in 2 scripts\n",
