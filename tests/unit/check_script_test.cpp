@@ -64,7 +64,11 @@ TEST(CheckerTest, ReportsEveryFaultyLineAndEndsWithItsStatus) {
        "k.vls(4): error: Invalid key string:  '{' at position 2 has no closing '}'\n"
        "k.vls(5): error: Invalid key string:  Empty braces {} at position 2 (type {{} or {}} for a brace)\n"
        "velmora-check: 3 errors, 0 warnings in 1 script\n", "", kCheckErrors},
-      {"--no-warnings", {{"w.vls", {"sendkeys: \"x\""}}}, {"--no-warnings", "w.vls"}, kNone, "", kCheckClean},
+      {"--no-warnings leaves out warnings only",
+       {{"w.vls", {"sendkeys: \"x\"", "wait: x"}}}, {"--no-warnings", "w.vls"},
+       "w.vls(2): error: Invalid Parameters:  Wait Time specifed is NOT numeric.\n"
+       "velmora-check: 1 error, 0 warnings in 1 script\n", "", kCheckErrors},
+      {"--no-warnings, nothing else", {{"w.vls", {"sendkeys: \"x\""}}}, {"--no-warnings", "w.vls"}, kNone, "", kCheckClean},
       {"an unreadable script outweighs errors", {{"a.vls", {"frobnicate"}}}, {"missing.vls", "a.vls"},
        "a.vls(1): error: Unknown Command:  frobnicate\nvelmora-check: 1 error, 0 warnings in 2 scripts\n",
        "velmora-check: cannot read missing.vls: ", kCheckUsage},
