@@ -47,6 +47,10 @@ TEST(CheckerTest, ReportsEveryFaultyLineAndEndsWithItsStatus) {
        "b.vls(4): error: ENDWHILE on line 4 is on a different level then its matching WHILE!\n"
        "b.vls(5): error: ENDIF on line 5 is on a different level then its matching IF!\n"
        "b.vls(6): error: REPEAT on line 6 has no matching UNTIL!\n", "", kCheckErrors},
+      {"an if past its else without endif is named, after an earlier block error too",
+       {{"e.vls", {"if: failed", "else", "else"}}}, {"e.vls"},
+       "e.vls(1): error: IF on line 1 has no matching ENDIF!\n"
+       "e.vls(3): error: ELSE on line 3 has no matching IF!\n", "", kCheckErrors},
       {"warnings do not fail the check; a title may end in a blank",
        {{"w.vls", {"sendbuttons: sl", "findwindow: 2, \"Setup \", \"#32770\", 0, 0.5, 0.5, \"Next\", \"Button \", 1, 0.5, 0.5, 0.30",
                    "debug: of"}},
