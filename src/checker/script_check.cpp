@@ -5,9 +5,11 @@
 
 #include "engine.h"
 #include "environment.h"
+#include "findwindow_place.h"
 #include "key_notation.h"
 #include "parser.h"
 #include "preprocessor.h"
+#include "script_text.h"
 #include "session.h"
 
 namespace velmora {
@@ -21,8 +23,10 @@ class RunChecks {
 
   void Line(const std::string& text, long number) {
     ParsedCommand parsed;
-    if (!Parse_Command(engine_, false, text, engine_.state.SpeedFactor, parsed, kNoEditorLine)) return;
+    const bool known = Parse_Command(engine_, false, text, engine_.state.SpeedFactor, parsed, kNoEditorLine);
     number_ = number;
+    if (parsed.ParseError && parsed.CommandWord == "|findwindow|") return Place_FindWindow_Fault(text);
+    if (!known) return;
     if (parsed.ParseError) {
       // A run only logs a bad debug value; every other fault is reported already.
       if (parsed.CommandCode == kDebugCommand) Warn(std::string(kDebugAssumedOn).substr(std::strlen("Info: ")));
@@ -49,6 +53,19 @@ class RunChecks {
   void Target(const char* command, const char* runError) {
     if (findWindowSeen_) return;
     Warn(std::string(command) + " before any findwindow line: the run ends here with \"" + runError + "\"");
+  }
+
+  // The run's complaint about a findwindow line names no level or field:
+  // the first report on the line is told which.
+  void Place_FindWindow_Fault(const std::string& text) {
+    const auto colon = text.find(':');
+    const std::string place = FindWindow_Fault_Place(Trim_Blanks(std::string_view(text).substr(colon + 1)),
+                                                     engine_.state.SpeedFactor);
+    for (CheckFinding& finding : findings_) {
+      if (finding.line != number_ || !finding.error) continue;
+      finding.text += " (" + place + ")";
+      return;
+    }
   }
 
   // A run refuses a malformed key string and types nothing. A string that

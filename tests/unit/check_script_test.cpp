@@ -39,8 +39,22 @@ TEST(CheckerTest, ReportsEveryFaultyLineAndEndsWithItsStatus) {
        {"a.vls"},
        "a.vls(3): error: Invalid Parameters:  Wait Time specifed is NOT numeric.\n"
        "a.vls(5): error: Unknown Command:  frobnicate: 1\n"
-       "a.vls(7): error: " + kQuoteUsage + "\n"
+       "a.vls(7): error: " + kQuoteUsage + " (level 1, the title reads Setup)\n"
        "velmora-check: 3 errors, 0 warnings in 1 script\n", "", kCheckErrors},
+      {"a refused findwindow line says at which level and field, and how many fields it lacks",
+       {{"f.vls", {"findwindow: 1, \"Setup\", \"#32770\", 0.5, 0.5, 0.30",
+                   "findwindow: 2, \"Setup\", \"#32770\", 0, 0.5, 0.5, \"Next\", 1, 0.5, 0.5, 0.30",
+                   "findwindow: 1, \"Set, up\", \"#32770\", 0, 0.5, 0.5", "findwindow: 1"}}},
+       {"f.vls"},
+       "f.vls(1): error: Invalid Parameters:  ChildID must be a positive integer. (level 1, the ChildID reads 0.5; "
+       "the line has 6 fields where 1 level and the time take 7)\n"
+       "f.vls(2): error: " + kQuoteUsage + " (level 2, the class reads 1; the line has 11 fields where 2 levels and "
+       "the time take 12)\n"
+       "f.vls(3): error: Invalid Parameters:  Invalid procedure call or argument in line:  findwindow: 1, \"Set, up\", "
+       "\"#32770\", 0, 0.5, 0.5 (level 1, the RelativeY reads 0.5; the line has 6 fields where 1 level and the time take 7)\n"
+       "f.vls(3): error: Unknown Command:  findwindow: 1, \"Set, up\", \"#32770\", 0, 0.5, 0.5\n"
+       "f.vls(4): error: Invalid Parameters:  Invalid procedure call or argument in line:  findwindow: 1 "
+       "(the levels and the time are missing)\n", "", kCheckErrors},
       {"every block error, not only the first",
        {{"b.vls", {"endif", "while: failed", "if: failed", "endwhile", "endif", "repeat"}}}, {"b.vls"},
        "b.vls(1): error: ENDIF on line 1 has no matching IF!\n"
