@@ -1,0 +1,102 @@
+// wintree.exe --lines on windows of this test: every line it prints is a
+// comment or a findwindow line that finds its window again, with the texts
+// in the ANSI code page that the search compares.
+#include <gtest/gtest.h>
+
+#include <sstream>
+#include <string>
+#include <vector>
+
+#include "desktop_fixture.h"
+
+namespace velmora::test {
+namespace {
+
+// What wintree.exe (beside this program) prints for the arguments. This
+// thread's messages are dispatched meanwhile: wintree reads our windows.
+std::string Wintree_Output(const std::wstring& arguments) {
+  wchar_t self[MAX_PATH] = {};
+  GetModuleFileNameW(nullptr, self, MAX_PATH);
+  std::wstring command = self;
+  command = L"\"" + command.substr(0, command.rfind(L'\\') + 1) + L"wintree.exe\" " + arguments;
+  SECURITY_ATTRIBUTES inherited{sizeof inherited, nullptr, TRUE};
+  HANDLE read = nullptr, write = nullptr;
+  if (!CreatePipe(&read, &write, &inherited, 0)) return "(no pipe)";
+  SetHandleInformation(read, HANDLE_FLAG_INHERIT, 0);
+  STARTUPINFOW startup{};
+  startup.cb = sizeof startup;
+  startup.dwFlags = STARTF_USESTDHANDLES;
+  startup.hStdOutput = startup.hStdError = write;
+  PROCESS_INFORMATION process{};
+  const BOOL started = CreateProcessW(nullptr, command.data(), nullptr, nullptr, TRUE, CREATE_NO_WINDOW, nullptr,
+                                      nullptr, &startup, &process);
+  CloseHandle(write);
+  if (!started) {
+    CloseHandle(read);
+    return "(not started)";
+  }
+  std::string output;
+  const auto drain = [&] {
+    DWORD available = 0, got = 0;
+    while (PeekNamedPipe(read, nullptr, 0, nullptr, &available, nullptr) && available > 0) {
+      std::string chunk(available, '\0');
+      if (!ReadFile(read, chunk.data(), available, &got, nullptr)) break;
+      output.append(chunk, 0, got);
+    }
+  };
+  const bool ended = Pump_Until(
+      [&] {
+        drain();
+        return WaitForSingleObject(process.hProcess, 0) == WAIT_OBJECT_0;
+      },
+      20000);
+  drain();
+  if (!ended) TerminateProcess(process.hProcess, 1);
+  CloseHandle(process.hThread);
+  CloseHandle(process.hProcess);
+  CloseHandle(read);
+  return ended ? output : "(timed out)";
+}
+
+class WintreeLinesTest : public DesktopEngineTest {};
+
+TEST_F(WintreeLinesTest, EveryLineIsACommentOrFindsItsWindow) {
+  const std::string tag = ProcessTag();
+  RecordingClass frame("VelmoraWintree" + tag);
+  ASSERT_TRUE(frame.Registered());
+  Windows windows;
+  const HWND main = windows.TopLevel(frame.Name(), "Wintree Caf\xe9 " + tag, {100, 100, 500, 400});
+  ASSERT_TRUE(main);
+  windows.Child(main, "Static", "Line 1\r\nLine 2", 1001, {10, 10, 200, 50});
+  windows.Child(main, "Static", "Name:", -1, {10, 60, 200, 80});  // IDC_STATIC, which no line can hold
+  windows.Child(main, "Button", "`OK`", 1, {10, 100, 100, 130});
+  char ansiTitle[256] = {};
+  GetWindowTextA(main, ansiTitle, sizeof ansiTitle);
+  wchar_t wideTitle[256] = {};
+  GetWindowTextW(main, wideTitle, 256);
+
+  std::istringstream output(Wintree_Output(L"--lines \"" + std::wstring(wideTitle) + L"\""));
+  std::vector<std::string> found, comments;
+  for (std::string line; std::getline(output, line);) {
+    if (!line.empty() && line.back() == '\r') line.pop_back();
+    if (line.rfind('#', 0) == 0) {
+      comments.push_back(line);
+      continue;
+    }
+    ASSERT_EQ(line.substr(line.size() - 6), ", 0.30") << line;
+    EXPECT_TRUE(Find(line.substr(0, line.size() - 6) + ", 0.01")) << line;
+    found.push_back(line);
+  }
+  // The window first, then its children in the order the system lists them.
+  ASSERT_EQ(found.size(), 2u) << "comments: " << comments.size();
+  EXPECT_NE(found[0].find(std::string("\"") + ansiTitle + "\", \"" + frame.Name() + "\", 0"), std::string::npos)
+      << found[0];
+  EXPECT_NE(found[1].find("\"``OK``\", \"Button\", 1"), std::string::npos) << found[1];
+  ASSERT_EQ(comments.size(), 2u);
+  const std::string both = comments[0] + comments[1];
+  EXPECT_NE(both.find("id=1001: no findwindow line, class \"Static\""), std::string::npos) << both;
+  EXPECT_NE(both.find("id=-1: no findwindow line, class \"Static\""), std::string::npos) << both;
+}
+
+}  // namespace
+}  // namespace velmora::test
