@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "desktop_fixture.h"
+#include "support.h"
 
 namespace velmora::test {
 namespace {
@@ -15,47 +16,29 @@ namespace {
 // What wintree.exe (beside this program) prints for the arguments. This
 // thread's messages are dispatched meanwhile: wintree reads our windows.
 std::string Wintree_Output(const std::wstring& arguments) {
+  ScratchDir dir;
   wchar_t self[MAX_PATH] = {};
   GetModuleFileNameW(nullptr, self, MAX_PATH);
   std::wstring command = self;
   command = L"\"" + command.substr(0, command.rfind(L'\\') + 1) + L"wintree.exe\" " + arguments;
   SECURITY_ATTRIBUTES inherited{sizeof inherited, nullptr, TRUE};
-  HANDLE read = nullptr, write = nullptr;
-  if (!CreatePipe(&read, &write, &inherited, 0)) return "(no pipe)";
-  SetHandleInformation(read, HANDLE_FLAG_INHERIT, 0);
+  const HANDLE out = CreateFileA(dir.Path("out.txt").c_str(), GENERIC_WRITE, FILE_SHARE_READ, &inherited,
+                                 CREATE_ALWAYS, 0, nullptr);
   STARTUPINFOW startup{};
   startup.cb = sizeof startup;
   startup.dwFlags = STARTF_USESTDHANDLES;
-  startup.hStdOutput = startup.hStdError = write;
+  startup.hStdOutput = startup.hStdError = out;
   PROCESS_INFORMATION process{};
   const BOOL started = CreateProcessW(nullptr, command.data(), nullptr, nullptr, TRUE, CREATE_NO_WINDOW, nullptr,
                                       nullptr, &startup, &process);
-  CloseHandle(write);
-  if (!started) {
-    CloseHandle(read);
-    return "(not started)";
-  }
-  std::string output;
-  const auto drain = [&] {
-    DWORD available = 0, got = 0;
-    while (PeekNamedPipe(read, nullptr, 0, nullptr, &available, nullptr) && available > 0) {
-      std::string chunk(available, '\0');
-      if (!ReadFile(read, chunk.data(), available, &got, nullptr)) break;
-      output.append(chunk, 0, got);
-    }
-  };
-  const bool ended = Pump_Until(
-      [&] {
-        drain();
-        return WaitForSingleObject(process.hProcess, 0) == WAIT_OBJECT_0;
-      },
-      20000);
-  drain();
+  CloseHandle(out);
+  if (!started) return "(not started)";
+  const bool ended =
+      Pump_Until([&] { return WaitForSingleObject(process.hProcess, 0) == WAIT_OBJECT_0; }, 20000);
   if (!ended) TerminateProcess(process.hProcess, 1);
   CloseHandle(process.hThread);
   CloseHandle(process.hProcess);
-  CloseHandle(read);
-  return ended ? output : "(timed out)";
+  return ended ? ReadBytes(dir.Path("out.txt")).value_or("(no output)") : "(timed out)";
 }
 
 class WintreeLinesTest : public DesktopEngineTest {};
