@@ -272,6 +272,8 @@ KeyParseResult Parse_Key_String(std::string_view keys) {
   return result;
 }
 
+std::string Key_String_Complaint(const KeyParseResult& refused) { return "Invalid key string:  " + refused.error; }
+
 std::vector<std::vector<KeyInput>> Key_Groups(const std::vector<KeyInput>& inputs) {
   std::vector<std::vector<KeyInput>> groups;
   std::size_t held = 0;

@@ -31,6 +31,10 @@ struct KeyParseResult {
 // reaches the target window.
 KeyParseResult Parse_Key_String(std::string_view keys);
 
+// What a run reports for a key string that Parse_Key_String refused; the
+// script checker reports the same words.
+std::string Key_String_Complaint(const KeyParseResult& refused);
+
 // The events cut where no key is held down: each group can be sent whole
 // and, between groups, the sending can stop without leaving Shift, Ctrl or
 // Alt pressed. "+(ab)c" gives two groups, Shift with a and b, then c.

@@ -122,7 +122,7 @@ int SendKeys::Type(bool interactive, const std::string& keys, WindowHandle windo
                    bool& succeeded) {
   const KeyParseResult parsed = Parse_Key_String(keys);
   if (!parsed.ok) {
-    Report_Error(engine_, interactive, -1, "Invalid key string:  " + parsed.error, "Bad Key String Error!",
+    Report_Error(engine_, interactive, -1, Key_String_Complaint(parsed), "Bad Key String Error!",
                  "Velmora.(General).Send_Keys_To.Send_Keys_ToError.1", kGoOn);
     succeeded = false;
     return kBadKeyString;

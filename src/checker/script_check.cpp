@@ -2,13 +2,14 @@
 
 #include <algorithm>
 #include <cstring>
-#include <exception>
 
 #include "engine.h"
-#include "find_window.h"
+#include "environment.h"
+#include "findwindow_place.h"
 #include "key_notation.h"
 #include "parser.h"
 #include "preprocessor.h"
+#include "script_text.h"
 #include "session.h"
 
 namespace velmora {
@@ -16,14 +17,16 @@ namespace velmora {
 namespace {
 
 // What the parser accepts but a run will not get past or should not meet.
-class Warnings {
+class RunChecks {
  public:
-  Warnings(Engine& engine, std::vector<CheckFinding>& findings) : engine_(engine), findings_(findings) {}
+  RunChecks(Engine& engine, std::vector<CheckFinding>& findings) : engine_(engine), findings_(findings) {}
 
   void Line(const std::string& text, long number) {
     ParsedCommand parsed;
-    if (!Parse_Command(engine_, false, text, engine_.state.SpeedFactor, parsed, kNoEditorLine)) return;
+    const bool known = Parse_Command(engine_, false, text, engine_.state.SpeedFactor, parsed, kNoEditorLine);
     number_ = number;
+    if (parsed.ParseError && parsed.CommandWord == "|findwindow|") return Place_FindWindow_Fault(text);
+    if (!known) return;
     if (parsed.ParseError) {
       // A run only logs a bad debug value; every other fault is reported already.
       if (parsed.CommandCode == kDebugCommand) Warn(std::string(kDebugAssumedOn).substr(std::strlen("Info: ")));
@@ -32,7 +35,7 @@ class Warnings {
     switch (parsed.CommandCode) {
       case kFindWindowCommand:
         findWindowSeen_ = true;
-        return Titles(parsed.Parameters);
+        return;
       case kSendKeysCommand:
         Keys(parsed.Parameters);
         return Target("sendkeys", "No Window found to SendKeys_To");
@@ -44,34 +47,34 @@ class Warnings {
   }
 
  private:
-  void Warn(std::string text) { findings_.push_back({number_, false, std::move(text)}); }
+  void Add(bool error, std::string text) { findings_.push_back({number_, error, std::move(text)}); }
+  void Warn(std::string text) { Add(false, std::move(text)); }
 
   void Target(const char* command, const char* runError) {
     if (findWindowSeen_) return;
     Warn(std::string(command) + " before any findwindow line: the run ends here with \"" + runError + "\"");
   }
 
-  // A title's trailing blank is legal and sometimes right, but as often a
-  // slip that makes the window unfindable.
-  void Titles(const std::string& parameters) {
-    std::vector<WindowLevel> levels;
-    try {
-      levels = Read_Window_Levels(parameters);
-    } catch (const std::exception&) {
+  // The run's complaint about a findwindow line names no level or field:
+  // the first report on the line is told which.
+  void Place_FindWindow_Fault(const std::string& text) {
+    const auto colon = text.find(':');
+    const std::string place = FindWindow_Fault_Place(Trim_Blanks(std::string_view(text).substr(colon + 1)),
+                                                     engine_.state.SpeedFactor);
+    for (CheckFinding& finding : findings_) {
+      if (finding.line != number_ || !finding.error) continue;
+      finding.text += " (" + place + ")";
       return;
-    }
-    for (std::size_t i = 0; i < levels.size(); ++i) {
-      const std::string& title = levels[i].title;
-      if (!title.empty() && title.back() == ' ')
-        Warn("findwindow level " + std::to_string(i + 1) + " title ends in a blank: \"" + title + "\"");
     }
   }
 
-  // A string that takes its text from the environment is only known at run time.
+  // A run refuses a malformed key string and types nothing. A string that
+  // takes its text from the environment is only known at run time.
   void Keys(const std::string& keys) {
-    if (keys.find('`') != std::string::npos) return;
-    const KeyParseResult parsed = Parse_Key_String(keys);
-    if (!parsed.ok) Warn("Invalid key string:  " + parsed.error);
+    const auto expanded = Expanded_Without_Values(keys);
+    if (!expanded) return;
+    const KeyParseResult parsed = Parse_Key_String(*expanded);
+    if (!parsed.ok) Add(true, Key_String_Complaint(parsed));
   }
 
   Engine& engine_;
@@ -95,8 +98,8 @@ std::vector<CheckFinding> Check_Script(Host& host, Registry& registry, const std
   Preprocess_Commands(engine, false, debugOn, false, succeeded);
 
   engine.reportObserver = [](const ReportRecord&) {};  // heard in the pass already
-  Warnings warnings(engine, findings);
-  for (std::size_t i = 0; i < lines.size(); ++i) warnings.Line(lines[i], static_cast<long>(i) + 1);
+  RunChecks checks(engine, findings);
+  for (std::size_t i = 0; i < lines.size(); ++i) checks.Line(lines[i], static_cast<long>(i) + 1);
   std::stable_sort(findings.begin(), findings.end(),
                    [](const CheckFinding& a, const CheckFinding& b) { return a.line < b.line; });
   return findings;

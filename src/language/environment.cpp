@@ -81,6 +81,16 @@ std::string Convert_EnvVars(Engine& engine, bool Interactive, const std::string&
   return expanded;
 }
 
+std::optional<std::string> Expanded_Without_Values(const std::string& text) {
+  std::string expanded = text;
+  Mark_Backquotes(expanded);
+  const auto first = expanded.find(kMarker);
+  if (first == std::string::npos) return expanded;
+  if (expanded.find(kMarker, first + 1) != std::string::npos) return std::nullopt;
+  expanded[first] = kBackquote;
+  return expanded;
+}
+
 void TestEnvironmentVariables_Command(Engine& engine, bool Interactive, const std::string& Parameters,
                                       bool& LastCommandSucceeded) {
   Trap(engine, Interactive, "Velmora.(General).TestEnvironmentVariables_Command.TrappableErrors.1", kFatal, [&] {

@@ -48,7 +48,8 @@ void Append_Decimal(std::string& parameters, double value) {
 // Walks the parameter text level by level, building the normalised text.
 class FindWindowWalk {
  public:
-  FindWindowWalk(std::string_view rest, std::string& parameters) : rest_(rest), parameters_(parameters) {}
+  FindWindowWalk(std::string_view text, std::string_view rest, std::string& parameters, FindWindowPlace* place)
+      : text_(text), rest_(rest), parameters_(parameters), place_(place) {}
 
   std::string_view Rest() const { return rest_; }
 
@@ -84,38 +85,55 @@ class FindWindowWalk {
     return nullptr;
   }
 
+  // Where the next field starts, for a checker.
+  void Mark(int level, FindWindowPlace::Field field) {
+    place_->level = level;
+    place_->field = field;
+    place_->offset = static_cast<std::size_t>(rest_.data() - text_.data());
+  }
+
   // level := string string number number number
-  CheckResult Read_Level(bool lastLevel) {
+  CheckResult Read_Level(int level, bool lastLevel) {
+    Mark(level, FindWindowPlace::kTitle);
     if (auto error = Read_Quoted(true)) return error;
+    Mark(level, FindWindowPlace::kClass);
     if (auto error = Read_Quoted(false)) return error;
     for (int number = 0; number < kNumbersPerLevel; ++number) {
       const bool third = number == kNumbersPerLevel - 1;
+      Mark(level, static_cast<FindWindowPlace::Field>(FindWindowPlace::kChildId + number));
       if (auto error = Read_Number(!lastLevel && !third, number == 0, third && !lastLevel)) return error;
     }
     return nullptr;
   }
 
  private:
+  std::string_view text_;
   std::string_view rest_;
   std::string& parameters_;
+  FindWindowPlace* place_;  // never null
 };
 
 }  // namespace
 
 // findwindow := count ',' level {level} time
 CheckResult Read_FindWindow(std::string_view text, double speedFactor, std::string& parameters,
-                            std::int32_t& timeOut) {
+                            std::int32_t& timeOut, FindWindowPlace* place) {
+  FindWindowPlace ignored;
+  if (!place) place = &ignored;
+  *place = FindWindowPlace{};
   const auto comma = Position_Of(text, kComma);
   std::uint8_t count = 0;
   if (auto error = Read_Count(text.substr(0, comma), count)) return error;
+  place->levels = count;
 
   parameters.reserve(text.size() + kNumbersPerLevel * count);  // numbers may grow by a leading "0"
   parameters.assign(std::to_string(count));
   parameters.append(kItemEnd);
   parameters += kQuote;
-  FindWindowWalk walk(Trim_Blanks(text.substr(comma + 1)), parameters);
+  FindWindowWalk walk(text, Trim_Blanks(text.substr(comma + 1)), parameters, place);
   for (int level = 1; level <= count; ++level)
-    if (auto error = walk.Read_Level(level == count)) return error;
+    if (auto error = walk.Read_Level(level, level == count)) return error;
+  walk.Mark(0, FindWindowPlace::kTime);
   return Read_Time(walk.Rest(), speedFactor, timeOut);
 }
 

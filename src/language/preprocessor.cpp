@@ -263,14 +263,17 @@ bool Pass::Check_Level(const OpenBlock& block, long index, const BlockError& lev
 }
 
 // The first block still open in the table, in table order, is an error
-// (for a checker, every one).
+// (for a checker, every one). A run does not look for an if that passed its
+// else and was never closed, and stops when it reaches that else; a checker
+// names the if.
 bool Pass::Check_All_Closed() {
   const auto& items = table_.Items();
   for (const std::string& item : items) {
-    const BlockError* error = Starts_With(item, "i ")   ? &kIfOpen
-                              : Starts_With(item, "w ") ? &kWhileOpen
-                              : Starts_With(item, "r ") ? &kRepeatOpen
-                                                        : nullptr;
+    const bool elseNotClosed = checking_ && Starts_With(item, "ie") && item.find(',') == std::string::npos;
+    const BlockError* error = Starts_With(item, "i ") || elseNotClosed ? &kIfOpen
+                              : Starts_With(item, "w ")                ? &kWhileOpen
+                              : Starts_With(item, "r ")                ? &kRepeatOpen
+                                                                       : nullptr;
     if (!error) continue;
     if (!Fail(*error, Read_Block_Item(item).first)) return false;
   }

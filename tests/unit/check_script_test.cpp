@@ -39,26 +39,54 @@ TEST(CheckerTest, ReportsEveryFaultyLineAndEndsWithItsStatus) {
        {"a.vls"},
        "a.vls(3): error: Invalid Parameters:  Wait Time specifed is NOT numeric.\n"
        "a.vls(5): error: Unknown Command:  frobnicate: 1\n"
-       "a.vls(7): error: " + kQuoteUsage + "\n"
+       "a.vls(7): error: " + kQuoteUsage + " (level 1, the title reads Setup)\n"
        "velmora-check: 3 errors, 0 warnings in 1 script\n", "", kCheckErrors},
+      {"a refused findwindow line says at which level and field, and how many fields it lacks",
+       {{"f.vls", {"findwindow: 1, \"Setup\", \"#32770\", 0.5, 0.5, 0.30",
+                   "findwindow: 2, \"Setup\", \"#32770\", 0, 0.5, 0.5, \"Next\", 1, 0.5, 0.5, 0.30",
+                   "findwindow: 1, \"Set, up\", \"#32770\", 0, 0.5, 0.5", "findwindow: 1"}}},
+       {"f.vls"},
+       "f.vls(1): error: Invalid Parameters:  ChildID must be a positive integer. (level 1, the ChildID reads 0.5; "
+       "the line has 6 fields where 1 level and the time take 7)\n"
+       "f.vls(2): error: " + kQuoteUsage + " (level 2, the class reads 1; the line has 11 fields where 2 levels and "
+       "the time take 12)\n"
+       "f.vls(3): error: Invalid Parameters:  Invalid procedure call or argument in line:  findwindow: 1, \"Set, up\", "
+       "\"#32770\", 0, 0.5, 0.5 (level 1, the RelativeY reads 0.5; the line has 6 fields where 1 level and the time take 7)\n"
+       "f.vls(3): error: Unknown Command:  findwindow: 1, \"Set, up\", \"#32770\", 0, 0.5, 0.5\n"
+       "f.vls(4): error: Invalid Parameters:  Invalid procedure call or argument in line:  findwindow: 1 "
+       "(the levels and the time are missing)\n", "", kCheckErrors},
       {"every block error, not only the first",
        {{"b.vls", {"endif", "while: failed", "if: failed", "endwhile", "endif", "repeat"}}}, {"b.vls"},
        "b.vls(1): error: ENDIF on line 1 has no matching IF!\n"
        "b.vls(4): error: ENDWHILE on line 4 is on a different level then its matching WHILE!\n"
        "b.vls(5): error: ENDIF on line 5 is on a different level then its matching IF!\n"
        "b.vls(6): error: REPEAT on line 6 has no matching UNTIL!\n", "", kCheckErrors},
-      {"warnings do not fail the check",
+      {"an if past its else without endif is named, after an earlier block error too",
+       {{"e.vls", {"if: failed", "else", "else"}}}, {"e.vls"},
+       "e.vls(1): error: IF on line 1 has no matching ENDIF!\n"
+       "e.vls(3): error: ELSE on line 3 has no matching IF!\n", "", kCheckErrors},
+      {"warnings do not fail the check; a title may end in a blank",
        {{"w.vls", {"sendbuttons: sl", "findwindow: 2, \"Setup \", \"#32770\", 0, 0.5, 0.5, \"Next\", \"Button \", 1, 0.5, 0.5, 0.30",
-                   "sendkeys: \"{FOO}\"", "sendkeys: \"`KEYS`{\"", "debug: of"}},
+                   "debug: of"}},
         {"c.vls", kClean}},
        {"w.vls", "c.vls"},
        "w.vls(1): warning: sendbuttons before any findwindow line: the run ends here with "
        "\"No Window found to SendButtons_To\"\n"
-       "w.vls(2): warning: findwindow level 1 title ends in a blank: \"Setup \"\n"
-       "w.vls(3): warning: Invalid key string:  Unknown key name {FOO} at position 1\n"
-       "w.vls(5): warning: Debug state 'off' was not specified so ON is assumed!\n"
-       "velmora-check: 0 errors, 4 warnings in 2 scripts\n", "", kCheckClean},
-      {"--no-warnings", {{"w.vls", {"sendkeys: \"x\""}}}, {"--no-warnings", "w.vls"}, kNone, "", kCheckClean},
+       "w.vls(3): warning: Debug state 'off' was not specified so ON is assumed!\n"
+       "velmora-check: 0 errors, 2 warnings in 2 scripts\n", "", kCheckClean},
+      {"a key string the run refuses is an error, unless a variable supplies it",
+       {{"k.vls", {"findwindow: 1, \"Setup\", \"#32770\", 0, 0.5, 0.5, 0.30", "sendkeys: \"{FOO}\"",
+                   "sendkeys: \"`KEYS`{\"", "sendkeys: \"``{\"", "sendkeys: \"`{}\""}}},
+       {"k.vls"},
+       "k.vls(2): error: Invalid key string:  Unknown key name {FOO} at position 1\n"
+       "k.vls(4): error: Invalid key string:  '{' at position 2 has no closing '}'\n"
+       "k.vls(5): error: Invalid key string:  Empty braces {} at position 2 (type {{} or {}} for a brace)\n"
+       "velmora-check: 3 errors, 0 warnings in 1 script\n", "", kCheckErrors},
+      {"--no-warnings leaves out warnings only",
+       {{"w.vls", {"sendkeys: \"x\"", "wait: x"}}}, {"--no-warnings", "w.vls"},
+       "w.vls(2): error: Invalid Parameters:  Wait Time specifed is NOT numeric.\n"
+       "velmora-check: 1 error, 0 warnings in 1 script\n", "", kCheckErrors},
+      {"--no-warnings, nothing else", {{"w.vls", {"sendkeys: \"x\""}}}, {"--no-warnings", "w.vls"}, kNone, "", kCheckClean},
       {"an unreadable script outweighs errors", {{"a.vls", {"frobnicate"}}}, {"missing.vls", "a.vls"},
        "a.vls(1): error: Unknown Command:  frobnicate\nvelmora-check: 1 error, 0 warnings in 2 scripts\n",
        "velmora-check: cannot read missing.vls: ", kCheckUsage},

@@ -28,6 +28,8 @@ TEST_F(PreprocessorTest, PairsBlocksIntoTableItems) {
         "if: failed", "wait: 1", "else", "while: failed", "endwhile", "endif"},
        {"we1,7", "ix2;0,4", "ru5,6", "ie8;10,13", "we11,12"}},
       {{"repeat", "repeat", "until: failed", "until: failed"}, {"ru0,3", "ru1,2"}},
+      // A run does not look for an if that passed its else and has no endif.
+      {{"if: failed", "else"}, {"ie0;1"}},
       {{"# just", "", "wait: 1"}, {}}};
   for (const auto& [script, table] : cases) {
     Preprocess(script, false);
