@@ -1,7 +1,9 @@
 #!/usr/bin/env bash
 # Builds Velmora both ways and runs every test layer:
 #   1. native unit tests (host g++, AddressSanitizer and UBSan), through ctest
-#   2. the Win32 platform tests, under Wine
+#   2. the Win32 platform tests, under Wine, and the check that opening a
+#      script in the editor costs at most a bounded multiple of a bare list
+#      box fill of the same lines (bench/win32/editor_open_bench.cpp)
 #   3. the end-to-end cases of velmora.exe, under Wine (after tools/package.sh
 #      has built the installer that one of them installs)
 #   4. the fuzz targets of the parsers, each for VELMORA_FUZZ_SECONDS (20)
@@ -106,6 +108,18 @@ if build windows; then
       add win32 "${good:-0}" "$((ran - ${good:-0} - ${skipped:-0}))"
     fi
     echo "Win32 tests took $(elapsed "$since")"
+
+    # Opening a script in the editor against a bare list box fill of the same
+    # lines, in the same run: a bound on the ratio fails a large slowdown.
+    section "editor open check (Wine)"
+    since=$(date +%s)
+    if VELMORA_WINE_TIMEOUT=120 wine_run "$root/build/windows/bin/velmora_editor_open_bench.exe" --check 2>&1 |
+      tee "$logs/editor-open.log" | tail -n 1; then
+      add editor-open 1 0
+    else
+      add editor-open 0 1
+    fi
+    echo "editor open check took $(elapsed "$since")"
 
     section "end-to-end tests (Wine)"
     "$root/tests/e2e/run.sh" 2>&1 | tee "$logs/e2e.log"

@@ -63,6 +63,7 @@ LRESULT CALLBACK Frame_Procedure(HWND frame, UINT message, WPARAM wParam, LPARAM
     case WM_CTLCOLOREDIT:
     case WM_CTLCOLORLISTBOX:
     case WM_CTLCOLORBTN:
+    case WM_CONTEXTMENU:  // with the control it came from, not the frame
       return SendMessageA(GetParent(frame), message, wParam, lParam);
     default:
       return DefWindowProcA(frame, message, wParam, lParam);

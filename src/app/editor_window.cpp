@@ -37,6 +37,7 @@ void EditorWindow::Attach_Lists() {
 // edited from the keyboard.
 bool EditorWindow::Translate_Dialog_Key(MSG& message) {
   if (!window_) return false;
+  if (Translate_Help_Key(message)) return true;
   if (message.message == WM_KEYDOWN && message.wParam == VK_RETURN && message.hwnd == Control(ControlId::TraceWindow)) {
     form_->TraceWindow_DblClick();
     return true;

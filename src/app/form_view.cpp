@@ -64,7 +64,8 @@ void FormView::Create_Controls() {
     SendMessageA(control, WM_SETFONT, reinterpret_cast<WPARAM>(fonts_.Get(state.Font)), FALSE);
     if (state.Checked) SendMessageA(control, BM_SETCHECK, BST_CHECKED, 0);
     tips_.Set(control, state.ToolTip);
-    SetWindowSubclass(control, Help_Hook, 0, reinterpret_cast<DWORD_PTR>(this));
+    // Only the text boxes: a hook on the lists would slow every line they show.
+    if (declaration.Kind == ControlKind::TextBox) SetWindowSubclass(control, Text_Box_Hook, 0, 0);
   }
 }
 
@@ -75,7 +76,7 @@ LRESULT CALLBACK FormView::Procedure(HWND window, UINT message, WPARAM wParam, L
   }
   auto* self = reinterpret_cast<FormView*>(GetWindowLongPtrA(window, GWLP_USERDATA));
   if (!self || !self->window_) return DefWindowProcA(window, message, wParam, lParam);
-  if (self->Handle_Help_Message(window, message, wParam, lParam)) return 0;
+  if (self->Handle_Help_Message(message, wParam, lParam)) return 0;
   if (message == WM_ACTIVATE && self->Keep_Focus_On_Activation(wParam)) return 0;
   return self->Handle_Message(message, wParam, lParam);
 }

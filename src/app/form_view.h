@@ -31,6 +31,9 @@ class FormView : public ControlObserver, public FormWindow {
   HWND Handle() const { return window_; }
   // Shows it in the state the form asked for while it was hidden.
   void Show(int showCommand);
+  // Shift+F10 and the menu key over a control; the message loops ask it
+  // first. True when it took the message.
+  bool Translate_Help_Key(const MSG& message);
 
   // ControlObserver
   void OnControlChanged(ControlId id, ControlAspect aspect) override;
@@ -82,10 +85,11 @@ class FormView : public ControlObserver, public FormWindow {
   static LRESULT CALLBACK Procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam);
   bool Keep_Focus_On_Activation(WPARAM wParam);
   // Help, in form_view_help.cpp: F1 and What's-This on every control.
-  static LRESULT CALLBACK Help_Hook(HWND control, UINT message, WPARAM wParam, LPARAM lParam, UINT_PTR, DWORD_PTR self);
-  bool Handle_Help_Message(HWND window, UINT message, WPARAM wParam, LPARAM lParam);
+  static LRESULT CALLBACK Text_Box_Hook(HWND box, UINT message, WPARAM wParam, LPARAM lParam, UINT_PTR, DWORD_PTR);
+  bool Handle_Help_Message(UINT message, WPARAM wParam, LPARAM lParam);
   void Show_Help_For(ControlId id);
-  void Show_Whats_This_At(HWND window, POINT clientPoint);
+  bool Show_Whats_This_At(HWND window, POINT clientPoint);
+  void Show_Whats_This_Below(HWND control);
   void Show_Whats_This_Of(HWND control, POINT screenPoint);
   void Create_Controls();
   void Show_Text(HWND control, const std::string& text);

@@ -1,5 +1,10 @@
 // Help on every form: F1 opens the help page of the focused control's area,
 // and a right-button release over a control shows its What's-This pop-up.
+// Both reach the form without hooking its controls, whatever loop pumps the
+// messages: the system turns F1 into WM_HELP, and a right-button release (or
+// Shift+F10, or the menu key) into WM_CONTEXTMENU, and passes either from the
+// control up to its parents. A hook on a list box would slow every one of its
+// messages, a hundredfold under Wine, and a long script is many messages.
 #include "form_view.h"
 
 #include <commctrl.h>
@@ -11,77 +16,79 @@ namespace velmora {
 
 namespace {
 
-constexpr UINT kKeyF1 = 0x004D;  // WM_KEYF1: the system's F1, which would become WM_HELP
+constexpr LPARAM kFromKeyboard = -1;  // WM_CONTEXTMENU asked for by a key, not at a point
 
 POINT Point_Of(LPARAM lParam) { return {static_cast<short>(LOWORD(lParam)), static_cast<short>(HIWORD(lParam))}; }
 
-}  // namespace
-
-LRESULT CALLBACK FormView::Help_Hook(HWND control, UINT message, WPARAM wParam, LPARAM lParam, UINT_PTR,
-                                     DWORD_PTR self) {
-  auto* view = reinterpret_cast<FormView*>(self);
-  switch (message) {
-    case WM_RBUTTONUP: {
-      // The control's own handling first (a file label restores its layout).
-      const LRESULT result = DefSubclassProc(control, message, wParam, lParam);
-      if (view->window_) view->Show_Whats_This_At(control, Point_Of(lParam));
-      return result;
-    }
-    case WM_CONTEXTMENU:
-      return 0;  // What's-This replaces the controls' own menus
-    case WM_KEYDOWN:
-    case WM_SYSKEYDOWN:
-      // Shift+F10 and the menu key: the pop-up below the focused control.
-      if (wParam == VK_APPS || (wParam == VK_F10 && GetKeyState(VK_SHIFT) < 0)) {
-        RECT place;
-        GetWindowRect(control, &place);
-        view->Show_Whats_This_Of(control, {place.left, place.bottom});
-        return 0;
-      }
-      break;
-    default:
-      break;
-  }
-  if (view->Handle_Help_Message(control, message, wParam, lParam)) return 0;
-  return DefSubclassProc(control, message, wParam, lParam);
+bool Asks_For_Whats_This(const MSG& message) {
+  if (message.message != WM_KEYDOWN && message.message != WM_SYSKEYDOWN) return false;
+  return message.wParam == VK_APPS || (message.wParam == VK_F10 && GetKeyState(VK_SHIFT) < 0);
 }
 
-// F1 on a control or on the form itself; the system's own F1 messages are
-// taken here so that help opens once.
-bool FormView::Handle_Help_Message(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
-  switch (message) {
-    case WM_KEYDOWN:
-      if (wParam != VK_F1) return false;
-      Show_Help_For(window == window_ ? ControlId::Form : static_cast<ControlId>(GetDlgCtrlID(window)));
-      return true;
-    case kKeyF1:
-    case WM_HELP:
-      return true;
-    case WM_RBUTTONUP:
-      // The form itself: a disabled control, or a label that lets the mouse through.
-      if (window != window_) return false;
-      Show_Whats_This_At(window, Point_Of(lParam));
-      return false;
-    default:
-      return false;
+}  // namespace
+
+// A text box has a menu of its own (Cut, Copy, Paste), which What's-This
+// replaces: its request goes on to the form as the other controls' do. Text
+// boxes hold one line, so the hook costs nothing that matters.
+LRESULT CALLBACK FormView::Text_Box_Hook(HWND box, UINT message, WPARAM wParam, LPARAM lParam, UINT_PTR, DWORD_PTR) {
+  if (message == WM_CONTEXTMENU) return SendMessageA(GetParent(box), message, wParam, lParam);
+  return DefSubclassProc(box, message, wParam, lParam);
+}
+
+// Shift+F10 and the menu key on a control: the pop-up below it. Taken before
+// the control sees the key, as the dialog keys are: F10 would otherwise start
+// the keyboard menu of the window when it is released.
+bool FormView::Translate_Help_Key(const MSG& message) {
+  if (!window_ || !Asks_For_Whats_This(message) || !IsChild(window_, message.hwnd)) return false;
+  Show_Whats_This_Below(message.hwnd);
+  return true;
+}
+
+// The form's help messages, from the form itself or passed up by a control.
+bool FormView::Handle_Help_Message(UINT message, WPARAM wParam, LPARAM lParam) {
+  if (message == WM_HELP) {
+    const auto* info = reinterpret_cast<const HELPINFO*>(lParam);
+    auto* window = static_cast<HWND>(info->hItemHandle);
+    if (info->iContextType != HELPINFO_WINDOW) return true;  // a menu's item: no page of its own
+    if (window == window_) Show_Help_For(ControlId::Form);
+    if (IsChild(window_, window)) Show_Help_For(static_cast<ControlId>(GetDlgCtrlID(window)));
+    return true;
   }
+  if (message != WM_CONTEXTMENU) return false;
+  auto* window = reinterpret_cast<HWND>(wParam);
+  if (window != window_ && !IsChild(window_, window)) return false;
+  if (lParam == kFromKeyboard) {
+    Show_Whats_This_Below(window);
+    return true;
+  }
+  POINT point = Point_Of(lParam);
+  ScreenToClient(window, &point);
+  // Over the form's frame or caption the system menu stays.
+  return Show_Whats_This_At(window, point);
 }
 
 void FormView::Show_Help_For(ControlId id) { Show_Help_Page(window_, Help_File(), Help_Page_For(id, Help_Form())); }
 
 // The control at the point: the window itself, or the child under the point,
 // disabled or not (those get no mouse input of their own). Nothing when the
-// button was released outside the window.
-void FormView::Show_Whats_This_At(HWND window, POINT clientPoint) {
+// button was released outside the window; false then.
+bool FormView::Show_Whats_This_At(HWND window, POINT clientPoint) {
   RECT area;
   GetClientRect(window, &area);
-  if (!PtInRect(&area, clientPoint)) return;
+  if (!PtInRect(&area, clientPoint)) return false;
   HWND target = window;
   HWND child = ChildWindowFromPointEx(window, clientPoint, CWP_SKIPINVISIBLE);
   if (child && child != window) target = child;
   POINT screen = clientPoint;
   ClientToScreen(window, &screen);
   Show_Whats_This_Of(target, screen);
+  return true;
+}
+
+void FormView::Show_Whats_This_Below(HWND control) {
+  RECT place;
+  GetWindowRect(control, &place);
+  Show_Whats_This_Of(control, {place.left, place.bottom});
 }
 
 void FormView::Show_Whats_This_Of(HWND control, POINT screenPoint) {
