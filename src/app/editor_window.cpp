@@ -86,10 +86,10 @@ void EditorWindow::On_Size() {
   resizing_ = false;
 }
 
-// A run or a pick under way ends first, then asks for the close again.
+// A run or a pick under way ends first, then asks for the close again; a
+// changed script the user does not let go keeps the editor open.
 void EditorWindow::On_Close() {
-  if (!form_->May_Close_Now()) return;
-  form_->Form_QueryUnload();
+  if (!form_->May_Close_Now() || !form_->Form_QueryUnload()) return;
   DestroyWindow(window_);
 }
 

@@ -29,7 +29,8 @@ class EditorForm {
   // Lifecycle and layout.
   void Form_Load_Interactive();  // the editor's own loading, after the engine's Form_Load
   void Form_Resize();
-  void Form_QueryUnload();
+  // False when the user kept the form open (cancelled saving the changed script).
+  bool Form_QueryUnload();
   void Set_Trace_HScroll_Bar();
 
   // The catalogue and the parameter panel.
@@ -106,6 +107,7 @@ class EditorForm {
   void Focus_First_Enabled_Field();
   void Filter_Time_Field(ControlId field);
   void Close_Debug_File();
+  bool Script_Changes_May_Go();
   bool Both_Names_Set() const;
   void Restore_Placement();
   void Restore_File_Names();
