@@ -25,6 +25,9 @@ class EditorForm {
  public:
   EditorForm(Engine& engine, FormControls& controls, FormWindow& window, FileDialogs& dialogs,
              CRegSettings& settings);
+  ~EditorForm();
+  EditorForm(const EditorForm&) = delete;
+  EditorForm& operator=(const EditorForm&) = delete;
 
   // Lifecycle and layout.
   void Form_Load_Interactive();  // the editor's own loading, after the engine's Form_Load
@@ -147,7 +150,22 @@ class EditorForm {
   FormWindow& window_;
   FileDialogs& dialogs_;
   CRegSettings& settings_;
+  // The breakpoint button follows the highlighted script line, whatever moved it.
+  class BreakpointCaption : public ListObserver {
+   public:
+    explicit BreakpointCaption(EditorForm& form) : form_(form) {}
+    void OnCleared() override {}
+    void OnInserted(std::size_t) override {}
+    void OnChanged(std::size_t) override { form_.Show_Breakpoint_State(); }
+    void OnRemoved(std::size_t) override {}
+    void OnSelected(long) override { form_.Show_Breakpoint_State(); }
+
+   private:
+    EditorForm& form_;
+  };
+
   TraceExtent traceExtent_;
+  BreakpointCaption breakpointCaption_{*this};
   long traceExtentSent_ = -1;  // the extent last given to the trace list
 };
 

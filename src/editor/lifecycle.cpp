@@ -30,7 +30,11 @@ EditorForm::EditorForm(Engine& engine, FormControls& controls, FormWindow& windo
       settings_(settings),
       traceExtent_(engine.TraceWindow, [&engine](const std::string& text) {
         return engine.surface ? engine.surface->MeasureTraceText(text) : 0L;
-      }) {}
+      }) {
+  engine.TraceWindow.AddObserver(&breakpointCaption_);
+}
+
+EditorForm::~EditorForm() { engine_.TraceWindow.RemoveObserver(&breakpointCaption_); }
 
 void EditorForm::Form_Load_Interactive() {
   controls_.SetCaption(ControlId::VersionLabel, "Version:  " + std::to_string(VELMORA_VERSION_MAJOR) + "." +

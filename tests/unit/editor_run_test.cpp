@@ -116,6 +116,24 @@ TEST_F(EditorRunTest, BreakpointsToggleAndTheHeadingIsNeverHighlighted) {
   }
 }
 
+// A run or step starts afresh, whatever the last one left: no overwrite from
+// a double click, logging on after a `debug: off`; the breakpoint button
+// follows the line the run stopped on.
+TEST_F(EditorRunTest, EachRunStartsAfreshAndTheBreakButtonFollowsWhereItStopped) {
+  for (const bool step : {false, true}) {
+    SCOPED_TRACE(step ? "step" : "run");
+    Script({"debug: off", "wait: 0.00", ">>> wait: 0.00"}, 1);
+    form.TraceWindow_DblClick();  // overwrite mode, then the run
+    step ? form.ExecuteNextButton_Click() : form.ExecuteButton_Click();
+    EXPECT_FALSE(form.OverwriteMode);
+    EXPECT_EQ(controls[C::InsertCommandButton].Caption, EditorForm::kInsertCaption);
+    EXPECT_EQ(controls[C::BreakPointButton].Caption, step ? "Set Break" : "Clear Break");
+    engine.DebugWindow.Clear();
+    form.ExecuteNextButton_Click();  // the next line is logged although debug went off
+    EXPECT_EQ(Ran().size(), 1u);
+  }
+}
+
 // Two alike dialogs side by side: the description and the match line of a pick.
 TEST_F(EditorRunTest, AStillPointerPicksTheWindowWithEveryLevelAndForeseesTheChoice) {
   desktop.Add(desktop.Add(desktop.DesktopWindow(), "Setup", "#32770", 0, {600, 100, 1000, 400}), "Next >", "Button", 1,
