@@ -217,26 +217,24 @@ TEST_F(EditorFilesTest, ResizeKeepsTheMinimumAndLetsTheListsFollow) {
 
 struct ClosingRow {
   WindowState state;
-  long top, left;
-  const char* storedTop;  // before closing
+  TwipsRect restored;
   const char *wantTop, *wantLeft, *wantState;
 };
 
-TEST_F(EditorFilesTest, ClosingStoresPlacementWithTheOnScreenRules) {
+TEST_F(EditorFilesTest, ClosingStoresTheRestoredPlacementWithTheOnScreenRules) {
   const ClosingRow rows[] = {
-      {WindowState::Normal, 300, 450, "9", "300", "450", "0"},
-      {WindowState::Normal, -60, 19200, "9", "0", "0", "0"},  // above, and right of the screen
-      {WindowState::Maximized, -60, -60, "9", "0", "0", "2"},
-      {WindowState::Minimized, -480000, -480000, "9", "9", "<none>", "0"},  // off-screen values kept
-      {WindowState::Minimized, 120, 240, "9", "120", "240", "0"}};
+      {WindowState::Normal, {450, 300, 9000, 8800}, "300", "450", "0"},
+      {WindowState::Normal, {19200, -60, 9000, 8800}, "0", "0", "0"},  // above, and right of the screen
+      {WindowState::Maximized, {240, 120, 9000, 8800}, "120", "240", "2"},
+      {WindowState::Minimized, {240, 120, 9000, 8800}, "120", "240", "0"}};
   for (const ClosingRow& row : rows) {
-    settings.DeleteSetting("Editor", "Left");
-    settings.SaveSetting("Editor", "Top", row.storedTop);
     window.state = row.state;
-    window.placement = {row.left, row.top, 9000, 8800};
+    window.placement = {-480000, -480000, 500, 300};  // where a minimised or maximised form is
+    window.restored = row.restored;
+    if (row.state == WindowState::Normal) window.placement = row.restored, window.restored.reset();
     form.Form_QueryUnload();
-    EXPECT_EQ(Stored("Top"), row.wantTop) << row.top;
-    EXPECT_EQ(Stored("Left"), row.wantLeft) << row.left;
+    EXPECT_EQ(Stored("Top"), row.wantTop) << row.restored.Top;
+    EXPECT_EQ(Stored("Left"), row.wantLeft) << row.restored.Left;
     EXPECT_EQ(Stored("WindowState"), row.wantState);
     EXPECT_EQ(Stored("Width"), "9000");
   }

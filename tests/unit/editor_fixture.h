@@ -18,7 +18,9 @@ class FakeFormWindow : public FormWindow {
   long screenWidth = 19200;
   long screenHeight = 14400;
 
+  std::optional<TwipsRect> restored;  // when minimised or maximised; else the placement
   TwipsRect Placement() override { return placement; }
+  TwipsRect RestoredPlacement() override { return restored.value_or(placement); }
   void SetPlacement(const TwipsRect& rect) override { placement = rect; }
   WindowState State() override { return state; }
   void SetState(WindowState s) override { state = s; }

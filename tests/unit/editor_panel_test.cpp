@@ -238,6 +238,9 @@ TEST_F(EditorPanelTest, TimeFieldsTakeNumbersOnly) {
                       {1, 4, C::Minutes, "", "a1", 1, "1", 0, true},
                       {1, 4, C::Seconds, "0", "123456", 3, "12456", 2, true},
                       {1, 4, C::Seconds, "", "12345", 5, "12345", 5, true},
+                      {1, 4, C::Seconds, "", "x7", 2, "7", 1, true},  // pasted: its digits alone
+                      {1, 4, C::Minutes, "", "0012", 4, "12", 2, true},
+                      {1, 4, C::Minutes, "1", "1 234 567", 9, "12345", 5, true},
                       {2, 1, C::Minutes, "", "0x", 2, "0x", 2, true},
                       {2, 1, C::Minutes, "", " ", 1, " ", 1, false},
                       {1, 0, C::CommandLine, "", "x", 1, "x", 1, true},
