@@ -4,6 +4,7 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -56,8 +57,10 @@ class EditorForm {
   void TraceWindow_Click();
 
   // Picking a window or a screen position with the mouse.
-  void CommandLine_GotFocus();
-  void Minutes_GotFocus();
+  // Entered by Tab or Shift+Tab, a field that already holds a value is left
+  // to correct by hand.
+  void CommandLine_GotFocus(bool byKeyboard = false);
+  void Minutes_GotFocus(bool byKeyboard = false);
 
   // Whether the form may close now. Not while a run or a pick is under way:
   // the close then waits until the current line or sample ends.
@@ -139,7 +142,7 @@ class EditorForm {
   void Show_Breakpoint_State();
   void Disable_For_Pick(const char* title, const char* logLine, const char* hint);
   void Enable_After_Pick();
-  ScreenPoint Wait_For_Still_Pointer(bool frameWindows);
+  std::optional<ScreenPoint> Wait_For_Still_Pointer(bool frameWindows);
   void Erase_Frame(WindowHandle framed);
   std::string Describe_Window(WindowHandle picked, ScreenPoint point, std::vector<WindowLevel>& levels);
   void Report_Matches(const std::vector<WindowLevel>& levels, WindowHandle picked);
