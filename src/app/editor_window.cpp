@@ -34,7 +34,9 @@ void EditorWindow::Attach_Lists() {
 }
 
 // Enter on a script line does what a double click does, so lines can be
-// edited from the keyboard.
+// edited from the keyboard. A click into a pick field that already has the
+// focus (given back when the form was activated) still starts a pick. A field
+// entered by Tab is told so: it may hold a description to correct by hand.
 bool EditorWindow::Translate_Dialog_Key(MSG& message) {
   if (!window_) return false;
   if (Translate_Help_Key(message)) return true;
@@ -42,7 +44,14 @@ bool EditorWindow::Translate_Dialog_Key(MSG& message) {
     form_->TraceWindow_DblClick();
     return true;
   }
-  return IsDialogMessageA(window_, &message);
+  if (message.message == WM_LBUTTONDOWN && message.hwnd == GetFocus()) {
+    for (const ControlId field : {ControlId::CommandLine, ControlId::Minutes})
+      if (message.hwnd == Control(field)) PostMessageA(window_, kFieldEntered, static_cast<WPARAM>(field), 0);
+  }
+  tabbing_ = message.message == WM_KEYDOWN && message.wParam == VK_TAB;
+  const bool handled = IsDialogMessageA(window_, &message);
+  tabbing_ = false;
+  return handled;
 }
 
 LRESULT EditorWindow::Handle_Message(UINT message, WPARAM wParam, LPARAM lParam) {
@@ -51,7 +60,7 @@ LRESULT EditorWindow::Handle_Message(UINT message, WPARAM wParam, LPARAM lParam)
       if (lParam) On_Command(static_cast<ControlId>(LOWORD(wParam)), HIWORD(wParam));
       return 0;
     case kFieldEntered:
-      On_Field_Entered(static_cast<ControlId>(wParam));
+      On_Field_Entered(static_cast<ControlId>(wParam), lParam != 0);
       return 0;
     case WM_CTLCOLORSTATIC:
     case WM_CTLCOLOREDIT:
@@ -87,10 +96,10 @@ void EditorWindow::On_Size() {
   resizing_ = false;
 }
 
-// A run or a pick under way ends first, then asks for the close again.
+// A run or a pick under way ends first, then asks for the close again; a
+// changed script the user does not let go keeps the editor open.
 void EditorWindow::On_Close() {
-  if (!form_->May_Close_Now()) return;
-  form_->Form_QueryUnload();
+  if (!form_->May_Close_Now() || !form_->Form_QueryUnload()) return;
   DestroyWindow(window_);
 }
 

@@ -53,7 +53,7 @@ class EditorWindow : public FormView, public EditorSurface {
   void On_Menu(MenuId id);
   void On_Text_Changed(ControlId id);
   void On_List_Selection_Changed(ControlId id);
-  void On_Field_Entered(ControlId id);
+  void On_Field_Entered(ControlId id, bool byKeyboard);
 
   // The form's own events.
   void On_Size();
@@ -64,6 +64,7 @@ class EditorWindow : public FormView, public EditorSurface {
   EditorForm* form_ = nullptr;
   std::unique_ptr<ListBoxMirror> commandMirror_, traceMirror_, debugMirror_;
   bool keyboardMove_ = false;  // the catalogue's highlight moves by keys: not a choice
+  bool tabbing_ = false;       // the focus moves by Tab or Shift+Tab
   bool resizing_ = false;
 };
 

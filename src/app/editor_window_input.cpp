@@ -50,7 +50,7 @@ void EditorWindow::On_Command(ControlId id, int code) {
       controls_.FocusMoved(id);
       // Coming back to the form is no entering of the field: no pick starts.
       if (!restoringFocus_ && (id == ControlId::CommandLine || id == ControlId::Minutes))
-        PostMessageA(window_, kFieldEntered, static_cast<WPARAM>(id), 0);
+        PostMessageA(window_, kFieldEntered, static_cast<WPARAM>(id), tabbing_ ? 1 : 0);
       break;
     case LBN_SELCHANGE:
       On_List_Selection_Changed(id);
@@ -66,10 +66,10 @@ void EditorWindow::On_Command(ControlId id, int code) {
 // A pick or a dialog starts once the click that gave the field the focus has
 // been handled, and takes the mouse capture from the field: otherwise the
 // field would go on selecting text with the button long released.
-void EditorWindow::On_Field_Entered(ControlId id) {
+void EditorWindow::On_Field_Entered(ControlId id, bool byKeyboard) {
   if (controls_.Focused() != id || GetFocus() != Control(id)) return;  // the focus has moved on
   if (GetCapture() == Control(id)) ReleaseCapture();
-  id == ControlId::CommandLine ? form_->CommandLine_GotFocus() : form_->Minutes_GotFocus();
+  id == ControlId::CommandLine ? form_->CommandLine_GotFocus(byKeyboard) : form_->Minutes_GotFocus(byKeyboard);
 }
 
 void EditorWindow::On_Button_Clicked(ControlId id) {

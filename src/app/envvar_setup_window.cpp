@@ -120,7 +120,7 @@ void EnvVarSetupWindow::On_Command(ControlId id, int code) {
 // The owner is enabled again before this window goes, so that the system
 // activates it rather than another program's window.
 void EnvVarSetupWindow::On_Close() {
-  form_->Form_Unload();
+  if (!form_->Form_Unload()) return;
   if (owner_) EnableWindow(owner_, TRUE);
   DestroyWindow(window_);
 }

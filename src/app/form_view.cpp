@@ -156,6 +156,15 @@ TwipsRect FormView::Placement() {
   return scale_.Twips(outer);
 }
 
+// Read as SetPlacement writes it, so that a stored place comes back the same.
+TwipsRect FormView::RestoredPlacement() {
+  if (!IsIconic(window_) && !IsZoomed(window_)) return Placement();
+  WINDOWPLACEMENT placement{};
+  placement.length = sizeof placement;
+  GetWindowPlacement(window_, &placement);
+  return scale_.Twips(placement.rcNormalPosition);
+}
+
 // A minimised or maximised form keeps the place as the one it returns to.
 void FormView::SetPlacement(const TwipsRect& rect) {
   const RECT place = scale_.Pixels(rect);

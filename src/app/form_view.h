@@ -41,6 +41,7 @@ class FormView : public ControlObserver, public FormWindow {
 
   // FormWindow
   TwipsRect Placement() override;
+  TwipsRect RestoredPlacement() override;
   void SetPlacement(const TwipsRect& rect) override;
   WindowState State() override;
   void SetState(WindowState state) override;

@@ -46,4 +46,19 @@ std::optional<std::string> Win32FileDialogs::Show(const FileDialogRequest& reque
   return std::string(name.data());
 }
 
+// Asked in the owner's name, as Windows programs ask; closing the box is Cancel.
+SaveAnswer Win32FileDialogs::AskToSave(const std::string& name) {
+  char title[256] = "";
+  if (owner_) GetWindowTextA(owner_, title, sizeof title);
+  const std::string text = "Save changes to " + name + "?";
+  switch (MessageBoxA(owner_, text.c_str(), title, MB_YESNOCANCEL | MB_ICONWARNING)) {
+    case IDYES:
+      return SaveAnswer::Yes;
+    case IDNO:
+      return SaveAnswer::No;
+    default:
+      return SaveAnswer::Cancel;
+  }
+}
+
 }  // namespace velmora

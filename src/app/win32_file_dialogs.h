@@ -11,6 +11,7 @@ class Win32FileDialogs : public FileDialogs {
  public:
   void SetOwner(HWND owner) { owner_ = owner; }
   std::optional<std::string> Show(const FileDialogRequest& request) override;
+  SaveAnswer AskToSave(const std::string& name) override;
 
  private:
   HWND owner_ = nullptr;

@@ -31,13 +31,19 @@ void EnvVarSetupForm::Report_Last_Failure() {
   Report(last.code, last.message, last.title, last.location, last.kind);
 }
 
-// A changed file is saved first; when that save is cancelled or fails, the
-// other file is not opened, so the changes stay.
+bool EnvVarSetupForm::Changes_Settled() {
+  const std::string name = Unquoted(BatchFileName);
+  return Changes_May_Go(dialogs_, name.empty() ? "the batch file" : name, Modified, [this] {
+    Save_Batch_File();
+    return !Modified;
+  });
+}
+
+// A changed file is settled first (saved, or let go); when the question is
+// cancelled or the save fails, the other file is not opened, so the changes stay.
 void EnvVarSetupForm::Open_Batch_File() {
   std::string name;
   Trap(engine_, true, "EnvVarSetup.(General).Open_Batch_File.TrappableErrors.1", kGoOn, [&] {
-    if (Modified) Save_Batch_File();
-    if (Modified) return;
     Change_To_Folder_Of(engine_.host, BatchFileName);
     if (LoadWithoutDialog) {
       name = Unquoted(BatchFileName);
@@ -45,7 +51,7 @@ void EnvVarSetupForm::Open_Batch_File() {
     }
     const auto chosen = dialogs_.Show(
         {false, "New Batch File", ".BAT", kBatchFilter, engine_.host.CurrentDirectory(), Unquoted(BatchFileName)});
-    if (chosen) name = Trim(*chosen);
+    if (chosen && Changes_Settled()) name = Trim(*chosen);
   });
   if (name.empty()) return;
   Trap(engine_, true, "EnvVarSetup.(General).Open_Batch_File.TrappableErrors.2", kGoOn, [&] {

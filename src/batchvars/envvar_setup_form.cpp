@@ -42,11 +42,12 @@ void EnvVarSetupForm::Open_At_Start() {
   LoadWithoutDialog = false;
 }
 
-// A changed file is offered for saving rather than lost.
-void EnvVarSetupForm::Form_Unload() {
-  if (Modified) Save_Batch_File();
+// A changed file is settled before the form goes; Cancel keeps it open.
+bool EnvVarSetupForm::Form_Unload() {
+  if (!Changes_Settled()) return false;
   Save_Form_Placement(settings_, kSection, window_);
   settings_.SaveSetting(kSection, "Batch File", BatchFileName);
+  return true;
 }
 
 void EnvVarSetupForm::Form_Resize() {

@@ -43,7 +43,8 @@ class EnvVarSetupForm {
   // (or, with none, the open dialog).
   void Form_Load();
   void Open_At_Start();
-  void Form_Unload();
+  // False when the user kept the form open (cancelled saving the changed file).
+  bool Form_Unload();
   void Form_Resize();
 
   // Files.
@@ -82,6 +83,8 @@ class EnvVarSetupForm {
   void Choose_Font();
   void Report(long code, const std::string& message, const std::string& summary, const std::string& location, int kind);
   void Report_Last_Failure();
+  // Whether the changes may go: none, saved, or let go by the user.
+  bool Changes_Settled();
 
   Engine& engine_;
   FormControls& controls_;

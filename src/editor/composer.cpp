@@ -119,7 +119,11 @@ void EditorForm::InsertCommandButton_Click() {
     controls_.SetEnabled(C::SaveScriptButton, true);
     Set_Control_State("EmptyCommands");
     Set_Control_State("EnableCommands");
-    if (Moves_On(code) && ChosenPosition != kNoEntry) CommandList_Click(ChosenPosition + 1);
+    if (Moves_On(code) && ChosenPosition != kNoEntry) {
+      CommandList_Click(ChosenPosition + 1);
+    } else {
+      controls_.SetFocus(C::CommandList);  // the next command is chosen there
+    }
   });
 }
 
@@ -129,9 +133,10 @@ void EditorForm::RemoveCommandButton_Click() {
   Trap(engine_, true, "Editor.RemoveCommandButton.Click.TrappableErrors.1", kGoOn, [&] {
     ListModel& trace = engine_.TraceWindow;
     const long highlighted = trace.Selected();
-    if (highlighted < 0 || highlighted >= static_cast<long>(trace.Count())) return;  // nothing to remove
+    // Nothing to remove, or the heading, which the editor writes itself.
+    if (highlighted <= 0 || highlighted >= static_cast<long>(trace.Count())) return;
     trace.Remove(static_cast<std::size_t>(highlighted));
-    if (trace.Count() == 0) trace.Add("");
+    if (trace.Count() == 1) trace.Add("");  // a line below the heading to insert before
     Set_Trace_HScroll_Bar();
     trace.Select(std::min(highlighted, static_cast<long>(trace.Count()) - 1));
     ScriptChanged = true;

@@ -4,6 +4,7 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -25,11 +26,15 @@ class EditorForm {
  public:
   EditorForm(Engine& engine, FormControls& controls, FormWindow& window, FileDialogs& dialogs,
              CRegSettings& settings);
+  ~EditorForm();
+  EditorForm(const EditorForm&) = delete;
+  EditorForm& operator=(const EditorForm&) = delete;
 
   // Lifecycle and layout.
   void Form_Load_Interactive();  // the editor's own loading, after the engine's Form_Load
   void Form_Resize();
-  void Form_QueryUnload();
+  // False when the user kept the form open (cancelled saving the changed script).
+  bool Form_QueryUnload();
   void Set_Trace_HScroll_Bar();
 
   // The catalogue and the parameter panel.
@@ -52,8 +57,10 @@ class EditorForm {
   void TraceWindow_Click();
 
   // Picking a window or a screen position with the mouse.
-  void CommandLine_GotFocus();
-  void Minutes_GotFocus();
+  // Entered by Tab or Shift+Tab, a field that already holds a value is left
+  // to correct by hand.
+  void CommandLine_GotFocus(bool byKeyboard = false);
+  void Minutes_GotFocus(bool byKeyboard = false);
 
   // Whether the form may close now. Not while a run or a pick is under way:
   // the close then waits until the current line or sample ends.
@@ -106,6 +113,7 @@ class EditorForm {
   void Focus_First_Enabled_Field();
   void Filter_Time_Field(ControlId field);
   void Close_Debug_File();
+  bool Script_Changes_May_Go();
   bool Both_Names_Set() const;
   void Restore_Placement();
   void Restore_File_Names();
@@ -134,7 +142,7 @@ class EditorForm {
   void Show_Breakpoint_State();
   void Disable_For_Pick(const char* title, const char* logLine, const char* hint);
   void Enable_After_Pick();
-  ScreenPoint Wait_For_Still_Pointer(bool frameWindows);
+  std::optional<ScreenPoint> Wait_For_Still_Pointer(bool frameWindows);
   void Erase_Frame(WindowHandle framed);
   std::string Describe_Window(WindowHandle picked, ScreenPoint point, std::vector<WindowLevel>& levels);
   void Report_Matches(const std::vector<WindowLevel>& levels, WindowHandle picked);
@@ -145,7 +153,22 @@ class EditorForm {
   FormWindow& window_;
   FileDialogs& dialogs_;
   CRegSettings& settings_;
+  // The breakpoint button follows the highlighted script line, whatever moved it.
+  class BreakpointCaption : public ListObserver {
+   public:
+    explicit BreakpointCaption(EditorForm& form) : form_(form) {}
+    void OnCleared() override {}
+    void OnInserted(std::size_t) override {}
+    void OnChanged(std::size_t) override { form_.Show_Breakpoint_State(); }
+    void OnRemoved(std::size_t) override {}
+    void OnSelected(long) override { form_.Show_Breakpoint_State(); }
+
+   private:
+    EditorForm& form_;
+  };
+
   TraceExtent traceExtent_;
+  BreakpointCaption breakpointCaption_{*this};
   long traceExtentSent_ = -1;  // the extent last given to the trace list
 };
 

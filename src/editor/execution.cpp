@@ -34,8 +34,12 @@ void EditorForm::Show_Halt_Button(int fontSize, const char* caption) {
 }
 
 // Everything but the halt button is locked while lines run.
+// A run or step starts afresh: logging on (a `debug: off` of an earlier run
+// does not carry over) and no overwrite left from a double click.
 void EditorForm::Lock_For_Run() {
   Running = true;
+  engine_.state.DebugOn = true;
+  Set_Overwrite_Mode(false);
   Set_Control_State("Files", false);
   Set_Control_State("DisableCommands");
   Set_Control_State("TraceControls", false);
@@ -54,6 +58,7 @@ void EditorForm::Unlock_After_Run() {
   controls_.SetEnabled(C::TraceWindow, true);
   controls_.SetFocus(C::ExecuteNextButton);
   window_.BringFocusToForeground();
+  engine_.state.DebugOn = true;  // picks after the run are logged
   Running = false;
   Close_If_Requested();
 }
@@ -149,7 +154,6 @@ void EditorForm::BreakPointButton_Click() {
     trace.Set(static_cast<std::size_t>(highlighted),
               Is_Marked(text) ? std::string(Without_Breakpoint_Mark(text)) : std::string(kBreakpointMark) + " " + text);
     trace.Select(highlighted);
-    Show_Breakpoint_State();
     Set_Trace_HScroll_Bar();
   });
 }
@@ -170,7 +174,6 @@ void EditorForm::TraceWindow_Click() {
       if (trace.Count() == 1) trace.Add("");
       trace.Select(1);
     }
-    Show_Breakpoint_State();
     Set_Overwrite_Mode(false);
   });
 }

@@ -19,6 +19,21 @@ constexpr std::string_view kLeadingDigits = "123456789";
 constexpr std::string_view kDigits = "0123456789";
 constexpr std::size_t kLongestNumber = 5;
 
+// A time is a whole number of at most five digits that starts with 1 to 9.
+bool Is_Time_Number(std::string_view text) {
+  return text.size() <= kLongestNumber &&
+         (text.empty() || (kLeadingDigits.find(text[0]) != std::string_view::npos &&
+                           text.find_first_not_of(kDigits) == std::string_view::npos));
+}
+
+// What a pasted text leaves: its digits, without leading zeros, five at most.
+std::string Time_Digits_Of(const std::string& text) {
+  std::string digits;
+  for (const char c : text)
+    if (kDigits.find(c) != std::string_view::npos && !(digits.empty() && c == '0')) digits += c;
+  return digits.substr(0, kLongestNumber);
+}
+
 }  // namespace
 
 // A line can be made from the panel: the fields its command needs hold text,
@@ -44,19 +59,22 @@ bool EditorForm::Insert_Allowed() const {
   }
 }
 
-// The character before the caret is the one just typed: a number starts with
-// 1 to 9 and goes on with digits, at most five of them. The variable name and
-// text of test are free text.
+// A character typed that does not fit a time is taken out again (the one
+// before the caret); a paste that does not fit keeps only its digits. The
+// variable name and text of test are free text.
 void EditorForm::Filter_Time_Field(ControlId field) {
   const std::string text = controls_[field].Caption;
   const long caret = controls_[field].Caret;
-  if (CurrentCode != kTestCommand && caret > 0 && caret <= static_cast<long>(text.size())) {
-    const char typed = text[static_cast<std::size_t>(caret - 1)];
-    const std::string_view allowed = caret == 1 ? kLeadingDigits : kDigits;
-    if (allowed.find(typed) == std::string_view::npos || Trim(text).size() > kLongestNumber) {
-      controls_.SetCaption(
-          field, text.substr(0, static_cast<std::size_t>(caret - 1)) + text.substr(static_cast<std::size_t>(caret)));
+  if (CurrentCode != kTestCommand && !Is_Time_Number(text)) {
+    std::string without = text;
+    if (caret > 0 && caret <= static_cast<long>(text.size())) without.erase(static_cast<std::size_t>(caret - 1), 1);
+    if (caret > 0 && caret <= static_cast<long>(text.size()) && Is_Time_Number(without)) {
+      controls_.SetCaption(field, without);
       controls_.SetCaret(field, caret - 1);
+    } else {
+      const std::string digits = Time_Digits_Of(text);
+      controls_.SetCaption(field, digits);
+      controls_.SetCaret(field, static_cast<long>(digits.size()));
     }
   }
   controls_.SetEnabled(C::InsertCommandButton, Insert_Allowed());

@@ -34,14 +34,13 @@ void Restore_Form_Placement(CRegSettings& settings, const char* section, FormWin
   window.SetPlacement(placement);
 }
 
+// The restored place is stored, so that a form closed minimised or maximised
+// comes back where it was before, not at the icon's place or the screen's edge.
 void Save_Form_Placement(CRegSettings& settings, const char* section, FormWindow& window) {
-  const TwipsRect form = window.Placement();
+  const TwipsRect form = window.RestoredPlacement();
   const WindowState state = window.State();
   const auto save_edge = [&](const char* key, long edge, long screen) {
-    if (edge >= 0 && edge < screen)
-      settings.SaveSetting(section, key, std::to_string(edge));
-    else if (state != WindowState::Minimized)
-      settings.SaveSetting(section, key, "0");
+    settings.SaveSetting(section, key, std::to_string(edge >= 0 && edge < screen ? edge : 0));
   };
   save_edge("Top", form.Top, window.ScreenHeight());
   save_edge("Left", form.Left, window.ScreenWidth());

@@ -16,6 +16,8 @@ class FormWindow {
   // The outer edges of the form as on the screen; a minimised form reports
   // its position off the screen and the size it will have when restored.
   virtual TwipsRect Placement() = 0;
+  // The place and size the form has when neither minimised nor maximised.
+  virtual TwipsRect RestoredPlacement() = 0;
   // Sets the normal (restored) place and size, whatever the state.
   virtual void SetPlacement(const TwipsRect& rect) = 0;
   virtual WindowState State() = 0;

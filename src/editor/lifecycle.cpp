@@ -30,7 +30,11 @@ EditorForm::EditorForm(Engine& engine, FormControls& controls, FormWindow& windo
       settings_(settings),
       traceExtent_(engine.TraceWindow, [&engine](const std::string& text) {
         return engine.surface ? engine.surface->MeasureTraceText(text) : 0L;
-      }) {}
+      }) {
+  engine.TraceWindow.AddObserver(&breakpointCaption_);
+}
+
+EditorForm::~EditorForm() { engine_.TraceWindow.RemoveObserver(&breakpointCaption_); }
 
 void EditorForm::Form_Load_Interactive() {
   controls_.SetCaption(ControlId::VersionLabel, "Version:  " + std::to_string(VELMORA_VERSION_MAJOR) + "." +
@@ -122,14 +126,17 @@ void EditorForm::Set_Debug_HScroll_Bar() {
   if (surface && surface->DebugWindowWidth() < widest) surface->SetDebugHorizontalExtent(widest + 5);
 }
 
-void EditorForm::Form_QueryUnload() {
+// A changed script is settled first: the question's Cancel, or a cancelled
+// save, keeps the editor open with the script as it is.
+bool EditorForm::Form_QueryUnload() {
+  if (!Script_Changes_May_Go()) return false;
   engine_.host.Beep();
   Save_Placement();
   Log_Always(engine_, true, "Info: Editor shut down!" + Date_Time_Stamp(engine_));
-  if (ScriptChanged) Save_Script_File();
   if (DebugFileOpen) Close_Debug_File();
   settings_.SaveSetting(kSection, "Script File", engine_.editor.ScriptFileName);
   settings_.SaveSetting(kSection, "Debug File", engine_.editor.DebugFileName);
+  return true;
 }
 
 void EditorForm::Save_Placement() { Save_Form_Placement(settings_, kSection, window_); }

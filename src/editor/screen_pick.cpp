@@ -14,6 +14,7 @@
 #include "form_placement.h"
 #include "screen_point.h"
 #include "session.h"
+#include "text.h"
 #include "trap.h"
 #include "window_search.h"
 
@@ -81,29 +82,34 @@ void EditorForm::Erase_Frame(WindowHandle framed) {
 }
 
 // Samples the pointer every tenth of a second until it has not moved, not by
-// one pixel, for 30 samples; framing the window under it on the way, when
-// asked. A close of the form ends the wait early.
-ScreenPoint EditorForm::Wait_For_Still_Pointer(bool frameWindows) {
+// one pixel, for 30 samples over another program's window (the editor's own
+// are never picked); framing the window under it on the way, when asked.
+// A close of the form or Escape ends the wait early, with nothing picked.
+std::optional<ScreenPoint> EditorForm::Wait_For_Still_Pointer(bool frameWindows) {
   Desktop& desktop = *engine_.desktop;
   WindowHandle framed = 0;
   std::optional<ScreenPoint> previous;
   ScreenPoint point;
-  for (int still = 0; still < kStillSamples && !CloseRequested;) {
+  desktop.EscapePressed();  // a press from before the pick does not end it
+  bool escaped = false;
+  for (int still = 0; still < kStillSamples && !CloseRequested && !escaped;) {
     point = desktop.GetCursorPos();
     Pause_Tenths(engine_, 1);
-    if (frameWindows) {
-      const WindowHandle under = desktop.WindowFromPoint(point);
-      if (under != framed) {
-        Erase_Frame(framed);
-        engine_.host.DoEvents();
-        if (under != 0) desktop.DrawWindowFrame(under);
-        framed = under;
-      }
+    escaped = desktop.EscapePressed();
+    const WindowHandle under = desktop.WindowFromPoint(point);
+    const bool ours = under != 0 && desktop.ProgramOf(under) == desktop.OwnProgram();
+    if (frameWindows && under != framed) {
+      Erase_Frame(framed);
+      engine_.host.DoEvents();
+      framed = ours ? 0 : under;
+      if (framed != 0) desktop.DrawWindowFrame(framed);
     }
-    still = previous && previous->x == point.x && previous->y == point.y ? still + 1 : 0;
+    still = previous && previous->x == point.x && previous->y == point.y && !ours ? still + 1 : 0;
     previous = point;
   }
   Erase_Frame(framed);
+  if (escaped) Log_Trace(engine_, true, "Info: Pick ended with Escape; nothing was picked.");
+  if (escaped || CloseRequested) return std::nullopt;
   return point;
 }
 
@@ -153,16 +159,17 @@ void EditorForm::Report_Matches(const std::vector<WindowLevel>& levels, WindowHa
   Log_Trace(engine_, true, line);
 }
 
-void EditorForm::CommandLine_GotFocus() {
-  if (OverwriteMode || Picking) return;
+void EditorForm::CommandLine_GotFocus(bool byKeyboard) {
+  if (OverwriteMode || Picking || (byKeyboard && !Trim(controls_[C::CommandLine].Caption).empty())) return;
   if (CurrentCode == kRunCommand) return Browse_For_Program();
   if (CurrentCode != kFindWindowCommand || !engine_.desktop) return;
   Disable_For_Pick("Velmora Script Editor  ** DISABLED PENDING WINDOW LOCATION INPUT! **",
                    "Info: Editor Disabled Pending Window Location Input!",
                    "  To pick window, leave mouse stationary for 3 seconds!");
   Trap(engine_, true, "Editor.CommandLine.GotFocus.TrappableErrors.1", kGoOn, [&] {
-    const ScreenPoint point = Wait_For_Still_Pointer(true);
-    if (CloseRequested) return;
+    const auto still = Wait_For_Still_Pointer(true);
+    if (!still) return;
+    const ScreenPoint point = *still;
     const WindowHandle picked = engine_.desktop->WindowFromPoint(point);
     controls_.SetCaption(C::CommandLine, "");
     std::vector<WindowLevel> levels;
@@ -177,19 +184,20 @@ void EditorForm::CommandLine_GotFocus() {
 
 // The position goes into X and Y in usemouse's range, 0 to 65535 across the
 // screen.
-void EditorForm::Minutes_GotFocus() {
+void EditorForm::Minutes_GotFocus(bool byKeyboard) {
   if (OverwriteMode || Picking || CurrentCode != kUseMouseCommand || !engine_.desktop) return;
+  if (byKeyboard && !Trim(controls_[C::Minutes].Caption).empty()) return;
   Disable_For_Pick("Velmora Script Editor  ** DISABLED PENDING MOUSE LOCATION INPUT! **",
                    "Info: Editor Disabled Pending Mouse Location Input!",
                    "  To pick location, leave mouse stationary for 3 seconds!");
   const std::string label = controls_[C::TimeOutLabel].Caption;
   controls_.SetCaption(C::TimeOutLabel, "Mouse Location*");
   Trap(engine_, true, "Editor.Minutes.GotFocus.TrappableErrors.1", kGoOn, [&] {
-    const ScreenPoint point = Wait_For_Still_Pointer(false);
-    if (CloseRequested) return;
+    const auto point = Wait_For_Still_Pointer(false);
+    if (!point) return;
     Desktop& desktop = *engine_.desktop;
-    controls_.SetCaption(C::Minutes, std::to_string(Mouse_Range(point.x, desktop.ScreenWidth())));
-    controls_.SetCaption(C::Seconds, std::to_string(Mouse_Range(point.y, desktop.ScreenHeight())));
+    controls_.SetCaption(C::Minutes, std::to_string(Mouse_Range(point->x, desktop.ScreenWidth())));
+    controls_.SetCaption(C::Seconds, std::to_string(Mouse_Range(point->y, desktop.ScreenHeight())));
   });
   controls_.SetCaption(C::TimeOutLabel, label);
   Enable_After_Pick();

@@ -41,18 +41,26 @@ void EditorForm::Show_File_Labels() {
   controls_.SetCaption(ControlId::DebugFileLabel, "Debug: " + Unquoted(engine_.editor.DebugFileName));
 }
 
+bool EditorForm::Script_Changes_May_Go() {
+  const std::string name = Unquoted(engine_.editor.ScriptFileName);
+  return Changes_May_Go(dialogs_, name.empty() ? "the new script" : name, ScriptChanged, [this] {
+    Save_Script_File();
+    return !ScriptChanged;
+  });
+}
+
 void EditorForm::Open_Script_File() {
-  if (ScriptChanged) Save_Script_File();
   EditorState& names = engine_.editor;
   Change_Folder_For(names.ScriptFileName);
   // At start-up the restored names are loaded without asking.
   if (!StartupLoad) {
     const auto chosen = dialogs_.Show({false, "New Script File", ".VLS", kScriptFilter, engine_.host.CurrentDirectory(),
                                        Unquoted(names.ScriptFileName)});
-    if (!chosen) return;
+    if (!chosen || !Script_Changes_May_Go()) return;
     const std::string name = Trim(*chosen);
     if (!name.empty()) names.ScriptFileName = Quoted(name);
   }
+  ScriptChanged = false;  // saved, or let go
   Show_File_Labels();
   if (Both_Names_Set()) Load_Script_And_Debug();
   if (!DebugPromptPending) Save_Debug_File();
@@ -96,6 +104,9 @@ void EditorForm::Save_Debug_File() {
                                      engine_.host.CurrentDirectory(), Unquoted(names.DebugFileName)});
   if (!chosen) return;
   const std::string name = Trim(*chosen);
+  // The script is read again with the new debug file: its edits are settled first.
+  const bool reload = !names.ScriptFileName.empty() && (!name.empty() || !names.DebugFileName.empty());
+  if (reload && !Script_Changes_May_Go()) return;
   if (DebugFileOpen) {
     Log_Trace(engine_, true, "Info: Closing Debug File.  NEW Debug File " + name + " opened.");
     Close_Debug_File();
@@ -135,6 +146,9 @@ void EditorForm::Load_Script_And_Debug() {
   Preprocess_Commands(engine_, true, state.DebugOn, true, state.LastCommandSucceeded);
   const long stoppedAt = state.StopRunning ? engine_.TraceWindow.Selected() : -1;
   DebugFileOpen = state.DebugFileOpen;
+  if (!DebugFileOpen)
+    controls_.SetCaption(ControlId::DebugFileLabel, "Debug: (none; " + Unquoted(engine_.editor.DebugFileName) +
+                                                        " could not be opened)");
   ScriptChanged = false;
   controls_.SetEnabled(ControlId::SaveScriptButton, false);
   Set_Control_State("EnableCommands");

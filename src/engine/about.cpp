@@ -27,4 +27,11 @@ std::string Trace_Header_Line() {
   return "# " + a.Title + ", " + a.Version + " - " + a.Date + "  Author: " + a.Author + ". " + a.Notice;
 }
 
+// Any version's heading: the title, then the author after the date.
+bool Is_Trace_Heading(const std::string& line) {
+  const AboutTexts& a = About();
+  const std::string start = "# " + a.Title + ", ";
+  return line.compare(0, start.size(), start) == 0 && line.find("  Author: " + a.Author + ". ") != std::string::npos;
+}
+
 }  // namespace velmora

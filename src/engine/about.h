@@ -27,5 +27,7 @@ std::string Identification_Line();
 
 // The first line of the editor's trace list.
 std::string Trace_Header_Line();
+// Whether the line is a heading that Trace_Header_Line made, in any version.
+bool Is_Trace_Heading(const std::string& line);
 
 }  // namespace velmora

@@ -52,25 +52,27 @@ void Run_Automatic_Session(Engine& engine, ScriptRunner& runner) {
 
 namespace {
 
+// A debug file that cannot be made ends an automatic session; the editor
+// reports it and goes on without one, so the script is still read.
 void Open_Debug_File(Engine& engine, bool interactive, const std::string& debugName, FileNumber& debugFileNumber) {
   std::string name = debugName;
   Careful_IO(engine, interactive, kOpenOutput, debugFileNumber, name, "", "Velmora.(General).Initial_Setup.OpenOuput.1",
-             kFatal);
+             interactive ? kGoOn : kFatal);
   // Only a file that really opened takes the log's lines.
   engine.state.DebugFileOpen = engine.files.Find(debugFileNumber) != nullptr;
 }
 
-// The interactive session opens the script if it can and otherwise makes it
-// a new, empty script.
-void Open_Or_Create_Script(Engine& engine, std::string scriptName, FileNumber& scriptFileNumber) {
-  Careful_IO(engine, true, kOpenInput, scriptFileNumber, scriptName, "", "Velmora.(General).Initial_Setup.OpenInput.2",
+// The editor opens the script if there is one. A name with no file behind it
+// starts an empty script, and nothing is created before the first save.
+void Open_Script(Engine& engine, const std::string& scriptName, FileNumber& scriptFileNumber) {
+  if (!engine.host.FileExists(scriptName)) {
+    Log_Always(engine, true, "Info: New Script File:  " + scriptName + " (it is created when it is saved)");
+    return;
+  }
+  std::string name = scriptName;
+  Careful_IO(engine, true, kOpenInput, scriptFileNumber, name, "", "Velmora.(General).Initial_Setup.OpenInput.2",
              kGoOn);
-  if (scriptFileNumber != kNoFile) return;
-  Careful_IO(engine, true, kOpenOutput, scriptFileNumber, scriptName, "",
-             "Velmora.(General).Initial_Setup.OpenInput.3", kGoOn);
-  Careful_IO(engine, true, kClose, scriptFileNumber, scriptName, "", "Velmora.(General).Shut_Down.Close.1", kGoOn);
-  Careful_IO(engine, true, kOpenInput, scriptFileNumber, scriptName, "", "Velmora.(General).Initial_Setup.OpenInput.4",
-             kGoOn);
+  Log_Always(engine, true, "Info: Script File Open:  " + scriptName);
 }
 
 void Write_Interactive_Header(Engine& engine, const std::string& debugName) {
@@ -85,7 +87,10 @@ void Write_Interactive_Header(Engine& engine, const std::string& debugName) {
     state.DebugFileOpen = fileOpen;
   }
   Log_Always(engine, true, "Interactive Session Started." + Date_Time_Stamp(engine));
-  Log_Always(engine, true, "Info: Debug File Open:  " + debugName);
+  if (state.DebugFileOpen)
+    Log_Always(engine, true, "Info: Debug File Open:  " + debugName);
+  else
+    Log_Always(engine, true, "Info: No debug file: " + debugName + " could not be opened; this log is kept in the window only.");
 }
 
 void Set_Trace_Font(Engine& engine) {
@@ -94,6 +99,7 @@ void Set_Trace_Font(Engine& engine) {
 }
 
 void Read_Script(Engine& engine, bool interactive, FileNumber& scriptFileNumber) {
+  if (scriptFileNumber == kNoFile) return;  // a new script
   while (!engine.state.StopRunning && !At_End_Of_File(engine, scriptFileNumber)) {
     std::string line;
     Careful_IO(engine, interactive, kLineInput, scriptFileNumber, line, "", "Velmora.(General).Initial_Setup.Input.1",
@@ -136,8 +142,7 @@ void Initial_Setup(Engine& engine, bool interactive, bool& debugOn, bool& stopRu
     if (interactive) {
       Write_Interactive_Header(engine, debugName);
       engine.host.Beep();
-      Open_Or_Create_Script(engine, scriptName, scriptFileNumber);
-      Log_Always(engine, true, "Info: Script File Open:  " + scriptName);
+      Open_Script(engine, scriptName, scriptFileNumber);
     } else {
       Careful_IO(engine, false, kOpenInput, scriptFileNumber, scriptName, "",
                  "Velmora.(General).Initial_Setup.OpenInput.5", kFatal);
@@ -149,6 +154,9 @@ void Initial_Setup(Engine& engine, bool interactive, bool& debugOn, bool& stopRu
       engine.TraceWindow.Add(Trace_Header_Line());
     }
     Read_Script(engine, interactive, scriptFileNumber);
+    // The heading the editor wrote at the last save gives way to today's.
+    if (interactive && engine.TraceWindow.Count() > 1 && Is_Trace_Heading(engine.TraceWindow.Item(1)))
+      engine.TraceWindow.Remove(1);
     if (!interactive) Write_Automatic_Header(engine);
   });
 }

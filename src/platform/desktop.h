@@ -97,6 +97,10 @@ class Desktop {
   // Has every window repaint what lies in the screen rectangle (and so wipes
   // a frame drawn there).
   virtual void RepaintScreenArea(const WindowRect& rect) = 0;
+  // The number ProgramOf gives this program's own windows.
+  virtual std::uint32_t OwnProgram() = 0;
+  // True when Escape went down since the last call: it ends a pick.
+  virtual bool EscapePressed() = 0;
 
   // True when this process runs in the services' session, which has no
   // interactive desktop: the user's windows are out of its sight.

@@ -1,4 +1,7 @@
 // The editor's lifecycle and file flows on the simulated platform.
+#include <functional>
+#include <optional>
+
 #include "about.h"
 #include "editor_fixture.h"
 #include "editor_layout.h"
@@ -53,14 +56,15 @@ TEST_F(EditorFilesTest, CancelledDialogsChangeNothingAndANewScriptGetsALineToIns
   EXPECT_EQ(dialogs.requests.size(), 1u);  // no debug prompt after a cancel
   EXPECT_EQ(engine.editor.ScriptFileName, "");
 
-  Start_With("C:\\s\\a.vls", "C:\\s\\a.vld");  // a new script, created empty
+  Start_With("C:\\s\\a.vls", "C:\\s\\a.vld");  // a new script: nothing is created before the save
   EXPECT_EQ(engine.TraceWindow.Items(), (std::vector<std::string>{Trace_Header_Line(), ""}));
   EXPECT_EQ(engine.TraceWindow.Selected(), 1);
+  EXPECT_EQ(host.files.count("C:\\s\\a.vls"), 0u);
   form.ScriptChanged = true;
   dialogs.replies = {std::nullopt};
   form.SaveScriptButton_Click();
   EXPECT_TRUE(form.ScriptChanged);
-  EXPECT_EQ(host.files.at("C:\\s\\a.vls"), "");
+  EXPECT_EQ(host.files.count("C:\\s\\a.vls"), 0u);
 }
 
 TEST_F(EditorFilesTest, SavingDropsBreakpointMarksAndLogsTheSave) {
@@ -88,18 +92,83 @@ TEST_F(EditorFilesTest, SavingDropsBreakpointMarksAndLogsTheSave) {
   EXPECT_EQ(engine.editor.ScriptFileName, "\"C:\\t\\b.vls\"");
 }
 
-TEST_F(EditorFilesTest, OpeningWithUnsavedChangesSavesFirstAndKeepsTheDebugFile) {
+// Before a changed script is replaced (another script, a new debug file that
+// reads it again, closing) the user is asked; only Yes with a completed save,
+// or No, lets it go.
+struct ChangedScriptRow {
+  const char* what;
+  std::vector<SaveAnswer> answers;
+  std::optional<std::string> saveAs;  // the save dialog's reply after Yes
+  bool replaced;                      // the edited line is gone from the list
+};
+
+TEST_F(EditorFilesTest, AChangedScriptIsOnlyReplacedWhenTheUserLetsItGo) {
+  const ChangedScriptRow rows[] = {{"Cancel", {SaveAnswer::Cancel}, std::nullopt, false},
+                                   {"Yes, save cancelled", {SaveAnswer::Yes}, std::nullopt, false},
+                                   {"Yes, saved", {SaveAnswer::Yes}, "C:\\s\\kept.vls", true},
+                                   {"No", {SaveAnswer::No}, std::nullopt, true}};
+  using Action = std::pair<const char*, std::function<bool(EditorForm&)>>;
+  const Action actions[] = {
+      {"open", [](EditorForm& f) { f.OpenScriptButton_Click(); return true; }},
+      {"new debug file", [](EditorForm& f) { f.CreateDebugButton_Click(); return true; }},
+      {"close", [](EditorForm& f) { return f.Form_QueryUnload(); }}};
+  for (const auto& [action, act] : actions) {
+    for (const ChangedScriptRow& row : rows) {
+      SCOPED_TRACE(std::string(action) + ", " + row.what);
+      host.files["C:\\s\\a.vls"] = "Quit\r\n";
+      host.files["C:\\s\\b.vls"] = "Quit\r\n";
+      host.files.erase("C:\\s\\kept.vls");
+      engine.editor = {};
+      dialogs.requests.clear();
+      Start_With("C:\\s\\a.vls", "C:\\s\\a.vld");
+      engine.TraceWindow.Set(1, "Wait:  0.01");
+      form.ScriptChanged = true;
+      const std::string chosen = std::string(action) == "open" ? "C:\\s\\b.vls" : "C:\\s\\b.vld";
+      dialogs.replies = {chosen};
+      if (row.saveAs || row.answers[0] == SaveAnswer::Yes) dialogs.replies.push_back(row.saveAs);
+      dialogs.answers = {row.answers.begin(), row.answers.end()};
+      dialogs.asked.clear();
+      if (std::string(action) == "close") dialogs.replies.pop_front();  // closing shows no file dialog
+      const bool closed = act(form);
+      EXPECT_EQ(dialogs.asked, std::vector<std::string>{"C:\\s\\a.vls"});
+      const bool edited = engine.TraceWindow.Count() > 1 && engine.TraceWindow.Item(1) == "Wait:  0.01";
+      if (std::string(action) == "close") {
+        EXPECT_EQ(closed, row.replaced);
+        EXPECT_EQ(form.ScriptChanged, !row.replaced || row.answers[0] == SaveAnswer::No);
+      } else {
+        // A new debug file reads the script again: the one just saved.
+        EXPECT_EQ(edited, !row.replaced || (row.saveAs && std::string(action) != "open"));
+        EXPECT_EQ(form.ScriptChanged, !row.replaced);
+      }
+      EXPECT_EQ(host.files.count("C:\\s\\kept.vls"), row.saveAs ? 1u : 0u);
+      if (row.saveAs)
+        EXPECT_EQ(host.Lines("C:\\s\\kept.vls"), (std::vector<std::string>{Trace_Header_Line(), "Wait:  0.01"}));
+      EXPECT_EQ(host.Lines("C:\\s\\a.vls"), std::vector<std::string>{"Quit"});  // never written over
+    }
+  }
+}
+
+TEST_F(EditorFilesTest, OpeningKeepsTheDebugFileAndLooksInTheScriptsFolder) {
   Start_With("C:\\s\\a.vls", "C:\\s\\a.vld");
-  form.ScriptChanged = true;
   host.files["C:\\s\\b.vls"] = "Quit\r\n";
-  dialogs.replies = {"C:\\s\\a.vls", "C:\\s\\b.vls"};
+  dialogs.replies = {"C:\\s\\b.vls"};
   form.OpenScriptButton_Click();
-  EXPECT_EQ(dialogs.requests[2].Title, "Save Script File");
-  EXPECT_EQ(dialogs.requests[3].Title, "New Script File");
-  EXPECT_EQ(dialogs.requests.size(), 4u);  // a debug file is named: no prompt
+  EXPECT_EQ(dialogs.requests.size(), 3u);  // a debug file is named: no prompt
+  EXPECT_TRUE(dialogs.asked.empty());      // nothing changed: no question
   EXPECT_EQ(engine.TraceWindow.Item(1), "Quit");
   EXPECT_EQ(Log("C:\\s\\a.vld").back(), "Info: Script File Open:  C:\\s\\b.vls");
-  EXPECT_EQ(dialogs.requests[3].InitialFolder, "C:\\s");  // the script's folder
+  EXPECT_EQ(dialogs.requests[2].InitialFolder, "C:\\s");  // the script's folder
+}
+
+TEST_F(EditorFilesTest, ADebugFileThatCannotBeMadeLeavesTheScriptToSaveWhole) {
+  host.files["C:\\s\\a.vls"] = "Wait:  0.01\r\nQuit\r\n";
+  host.unopenable.insert("C:\\ro\\a.vld");
+  Start_With("C:\\s\\a.vls", "C:\\ro\\a.vld");
+  EXPECT_EQ(controls[C::DebugFileLabel].Caption, "Debug: (none; C:\\ro\\a.vld could not be opened)");
+  form.ScriptChanged = true;
+  dialogs.replies = {"C:\\s\\a.vls"};
+  form.SaveScriptButton_Click();
+  EXPECT_EQ(host.Lines("C:\\s\\a.vls"), (std::vector<std::string>{Trace_Header_Line(), "Wait:  0.01", "Quit"}));
 }
 
 TEST_F(EditorFilesTest, ANewDebugFileIsAnnouncedInTheOldOneAndStartsFresh) {
@@ -148,41 +217,40 @@ TEST_F(EditorFilesTest, ResizeKeepsTheMinimumAndLetsTheListsFollow) {
 
 struct ClosingRow {
   WindowState state;
-  long top, left;
-  const char* storedTop;  // before closing
+  TwipsRect restored;
   const char *wantTop, *wantLeft, *wantState;
 };
 
-TEST_F(EditorFilesTest, ClosingStoresPlacementWithTheOnScreenRules) {
+TEST_F(EditorFilesTest, ClosingStoresTheRestoredPlacementWithTheOnScreenRules) {
   const ClosingRow rows[] = {
-      {WindowState::Normal, 300, 450, "9", "300", "450", "0"},
-      {WindowState::Normal, -60, 19200, "9", "0", "0", "0"},  // above, and right of the screen
-      {WindowState::Maximized, -60, -60, "9", "0", "0", "2"},
-      {WindowState::Minimized, -480000, -480000, "9", "9", "<none>", "0"},  // off-screen values kept
-      {WindowState::Minimized, 120, 240, "9", "120", "240", "0"}};
+      {WindowState::Normal, {450, 300, 9000, 8800}, "300", "450", "0"},
+      {WindowState::Normal, {19200, -60, 9000, 8800}, "0", "0", "0"},  // above, and right of the screen
+      {WindowState::Maximized, {240, 120, 9000, 8800}, "120", "240", "2"},
+      {WindowState::Minimized, {240, 120, 9000, 8800}, "120", "240", "0"}};
   for (const ClosingRow& row : rows) {
-    settings.DeleteSetting("Editor", "Left");
-    settings.SaveSetting("Editor", "Top", row.storedTop);
     window.state = row.state;
-    window.placement = {row.left, row.top, 9000, 8800};
+    window.placement = {-480000, -480000, 500, 300};  // where a minimised or maximised form is
+    window.restored = row.restored;
+    if (row.state == WindowState::Normal) window.placement = row.restored, window.restored.reset();
     form.Form_QueryUnload();
-    EXPECT_EQ(Stored("Top"), row.wantTop) << row.top;
-    EXPECT_EQ(Stored("Left"), row.wantLeft) << row.left;
+    EXPECT_EQ(Stored("Top"), row.wantTop) << row.restored.Top;
+    EXPECT_EQ(Stored("Left"), row.wantLeft) << row.restored.Left;
     EXPECT_EQ(Stored("WindowState"), row.wantState);
     EXPECT_EQ(Stored("Width"), "9000");
   }
 }
 
-TEST_F(EditorFilesTest, ClosingLogsTheShutDownThenAsksToSaveThenClosesAndStoresTheNames) {
+TEST_F(EditorFilesTest, ClosingSavesWhenToldThenLogsTheShutDownClosesAndStoresTheNames) {
   Start_With("C:\\s\\a.vls", "C:\\s\\a.vld");
   form.ScriptChanged = true;
+  dialogs.answers = {SaveAnswer::Yes};
   dialogs.replies = {"C:\\s\\z.vls"};
   const int beeps = host.beeps;
-  form.Form_QueryUnload();
-  EXPECT_EQ(host.beeps - beeps, 2);  // closing, and the save
+  EXPECT_TRUE(form.Form_QueryUnload());
+  EXPECT_EQ(host.beeps - beeps, 2);  // the save, and closing
   const auto log = Log("C:\\s\\a.vld");
-  EXPECT_EQ(log[log.size() - 2], "Info: Editor shut down!  --> " + host.dateTimeText);
-  EXPECT_EQ(log.back(), "Info: Script File \"C:\\s\\z.vls\" saved.");
+  EXPECT_EQ(log[log.size() - 2], "Info: Script File \"C:\\s\\z.vls\" saved.");
+  EXPECT_EQ(log.back(), "Info: Editor shut down!  --> " + host.dateTimeText);
   EXPECT_FALSE(engine.state.DebugFileOpen);
   EXPECT_EQ(Stored("Script File"), "\"C:\\s\\z.vls\"");
   EXPECT_EQ(Stored("Debug File"), "\"C:\\s\\a.vld\"");

@@ -18,7 +18,9 @@ class FakeFormWindow : public FormWindow {
   long screenWidth = 19200;
   long screenHeight = 14400;
 
+  std::optional<TwipsRect> restored;  // when minimised or maximised; else the placement
   TwipsRect Placement() override { return placement; }
+  TwipsRect RestoredPlacement() override { return restored.value_or(placement); }
   void SetPlacement(const TwipsRect& rect) override { placement = rect; }
   WindowState State() override { return state; }
   void SetState(WindowState s) override { state = s; }
@@ -30,11 +32,22 @@ class FakeFormWindow : public FormWindow {
   void Close() override { ++closeCalls; }
 };
 
-// Answers each dialog with the next reply (nothing = cancel) and keeps the requests.
+// Answers each dialog with the next reply (nothing = cancel), each save
+// question with the next answer (none left = Cancel), and keeps the requests.
 class QueuedDialogs : public FileDialogs {
  public:
   std::deque<std::optional<std::string>> replies;
   std::vector<FileDialogRequest> requests;
+  std::deque<SaveAnswer> answers;
+  std::vector<std::string> asked;  // the names asked about
+
+  SaveAnswer AskToSave(const std::string& name) override {
+    asked.push_back(name);
+    if (answers.empty()) return SaveAnswer::Cancel;
+    const SaveAnswer answer = answers.front();
+    answers.pop_front();
+    return answer;
+  }
 
   std::optional<std::string> Show(const FileDialogRequest& request) override {
     requests.push_back(request);

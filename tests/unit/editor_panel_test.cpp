@@ -1,6 +1,7 @@
 #include <sstream>
 
 #include "command_codes.h"
+#include "about.h"
 #include "editor_fixture.h"
 
 namespace velmora::testing {
@@ -174,12 +175,13 @@ TEST_F(EditorPanelTest, ThePanelComposesEachLineAndReadsItBack) {
   EXPECT_EQ(form.ComposedTimeOut, 90);  // the last time composed: 1.30
 }
 
-TEST_F(EditorPanelTest, LinesGoBeforeTheHighlightOverwriteInPlaceAndRemovalNeverEmpties) {
-  Script({"Quit", ">>> Repeat", "EndIf"}, 1);
+TEST_F(EditorPanelTest, LinesGoBeforeTheHighlightOverwriteInPlaceAndRemovalKeepsTheHeading) {
+  const std::string heading = Trace_Header_Line();
+  Script({heading, "Quit", ">>> Repeat", "EndIf"}, 2);
   Choose(2, 7);
   form.InsertCommandButton_Click();
-  EXPECT_EQ(engine.TraceWindow.Items(), (std::vector<std::string>{"Quit", "Repeat", ">>> Repeat", "EndIf"}));
-  EXPECT_EQ(engine.TraceWindow.Selected(), 2);
+  EXPECT_EQ(engine.TraceWindow.Items(), (std::vector<std::string>{heading, "Quit", "Repeat", ">>> Repeat", "EndIf"}));
+  EXPECT_EQ(engine.TraceWindow.Selected(), 3);
   EXPECT_TRUE(form.ScriptChanged);
   EXPECT_TRUE(controls[C::SaveScriptButton].Enabled);
   EXPECT_EQ(form.CurrentCode, kUntilCommand);  // moved on to the next entry
@@ -188,15 +190,20 @@ TEST_F(EditorPanelTest, LinesGoBeforeTheHighlightOverwriteInPlaceAndRemovalNever
   form.TraceWindow_DblClick();  // the marked Repeat
   form.CommandList_Click(6);
   form.InsertCommandButton_Click();
-  EXPECT_EQ(engine.TraceWindow.Items(), (std::vector<std::string>{"Quit", "Repeat", ">>> EndWhile", "EndIf"}));
+  EXPECT_EQ(engine.TraceWindow.Items(),
+            (std::vector<std::string>{heading, "Quit", "Repeat", ">>> EndWhile", "EndIf"}));
   EXPECT_EQ(controls[C::InsertCommandButton].Caption, EditorForm::kInsertCaption);
+  EXPECT_EQ(controls.Focused(), C::CommandList);  // no next entry to move on to: the catalogue
 
-  const std::vector<long> highlights = {2, 1, 0, 0};
+  const std::vector<long> highlights = {3, 2, 1, 1, 1};
   for (long expected : highlights) {
     form.RemoveCommandButton_Click();
     EXPECT_EQ(engine.TraceWindow.Selected(), expected);
   }
-  EXPECT_EQ(engine.TraceWindow.Items(), std::vector<std::string>{""});
+  EXPECT_EQ(engine.TraceWindow.Items(), (std::vector<std::string>{heading, ""}));
+  engine.TraceWindow.Select(0);
+  form.RemoveCommandButton_Click();
+  EXPECT_EQ(engine.TraceWindow.Items(), (std::vector<std::string>{heading, ""}));
 }
 
 TEST_F(EditorPanelTest, DoubleClickOnABadLineReportsItAndLeavesThePanel) {
@@ -231,6 +238,9 @@ TEST_F(EditorPanelTest, TimeFieldsTakeNumbersOnly) {
                       {1, 4, C::Minutes, "", "a1", 1, "1", 0, true},
                       {1, 4, C::Seconds, "0", "123456", 3, "12456", 2, true},
                       {1, 4, C::Seconds, "", "12345", 5, "12345", 5, true},
+                      {1, 4, C::Seconds, "", "x7", 2, "7", 1, true},  // pasted: its digits alone
+                      {1, 4, C::Minutes, "", "0012", 4, "12", 2, true},
+                      {1, 4, C::Minutes, "1", "1 234 567", 9, "12345", 5, true},
                       {2, 1, C::Minutes, "", "0x", 2, "0x", 2, true},
                       {2, 1, C::Minutes, "", " ", 1, " ", 1, false},
                       {1, 0, C::CommandLine, "", "x", 1, "x", 1, true},

@@ -1,3 +1,4 @@
+#include <algorithm>
 #include <functional>
 
 #include "automation.h"
@@ -116,6 +117,24 @@ TEST_F(EditorRunTest, BreakpointsToggleAndTheHeadingIsNeverHighlighted) {
   }
 }
 
+// A run or step starts afresh, whatever the last one left: no overwrite from
+// a double click, logging on after a `debug: off`; the breakpoint button
+// follows the line the run stopped on.
+TEST_F(EditorRunTest, EachRunStartsAfreshAndTheBreakButtonFollowsWhereItStopped) {
+  for (const bool step : {false, true}) {
+    SCOPED_TRACE(step ? "step" : "run");
+    Script({"debug: off", "wait: 0.00", ">>> wait: 0.00"}, 1);
+    form.TraceWindow_DblClick();  // overwrite mode, then the run
+    step ? form.ExecuteNextButton_Click() : form.ExecuteButton_Click();
+    EXPECT_FALSE(form.OverwriteMode);
+    EXPECT_EQ(controls[C::InsertCommandButton].Caption, EditorForm::kInsertCaption);
+    EXPECT_EQ(controls[C::BreakPointButton].Caption, step ? "Set Break" : "Clear Break");
+    engine.DebugWindow.Clear();
+    form.ExecuteNextButton_Click();  // the next line is logged although debug went off
+    EXPECT_EQ(Ran().size(), 1u);
+  }
+}
+
 // Two alike dialogs side by side: the description and the match line of a pick.
 TEST_F(EditorRunTest, AStillPointerPicksTheWindowWithEveryLevelAndForeseesTheChoice) {
   desktop.Add(desktop.Add(desktop.DesktopWindow(), "Setup", "#32770", 0, {600, 100, 1000, 400}), "Next >", "Button", 1,
@@ -163,6 +182,44 @@ TEST_F(EditorRunTest, OnePixelRestartsTheWaitAndEachWindowIsFramedInTurn) {
                                       "frame 2", "repaint 100,100,500,400"}));
 }
 
+// The pointer resting on the editor's own window picks nothing: the pick
+// waits for another program's window. Escape ends a pick with nothing picked;
+// a field entered by Tab that holds a description is left to correct by hand.
+TEST_F(EditorRunTest, APickTakesNoOwnWindowEndsWithEscapeAndLeavesATabbedFieldAlone) {
+  const WindowHandle own = desktop.Add(desktop.DesktopWindow(), "Velmora - IDE", "VelmoraEditor", 0, {600, 0, 900, 300});
+  desktop.At(own).program = desktop.ownProgram;
+  const std::string setup = "1, \"Setup\", \"#32770\", 0, 0.25, 0.3333";
+  const struct {
+    const char* what;
+    bool mouse, tabbed;
+    long long escapeAfterMs;
+    const char* before;
+    std::string after;
+    long long mostSamples;
+  } rows[] = {{"own window, then the setup", false, false, -1, "", setup, 100},
+              {"Escape", false, false, 500, "kept", "kept", 10},
+              {"Escape in a mouse pick", true, false, 500, "7", "7", 10},
+              {"tabbed into a description", false, true, -1, "kept", "kept", 0},
+              {"tabbed into an empty field", false, true, -1, "", setup, 100}};
+  for (const auto& row : rows) {
+    SCOPED_TRACE(row.what);
+    Choose(row.mouse ? kUseMouseCommand : kFindWindowCommand);
+    const C field = row.mouse ? C::Minutes : C::CommandLine;
+    controls.SetCaption(field, row.before);
+    desktop.cursor = {700, 100};  // on the editor
+    const long long start = host.clockMs, samples = host.tenthSleeps;
+    desktop.escapeAtMs = row.escapeAfterMs < 0 ? -1 : start + row.escapeAfterMs;
+    At(start + 4000, [&] { desktop.cursor = {200, 200}; });  // longer than a pick's 3 s on the editor
+    row.mouse ? form.Minutes_GotFocus(row.tabbed) : form.CommandLine_GotFocus(row.tabbed);
+    EXPECT_EQ(controls[field].Caption, row.after);
+    EXPECT_LE(host.tenthSleeps - samples, row.mostSamples);
+    EXPECT_EQ(std::count(desktop.screenMarks.begin(), desktop.screenMarks.end(), "frame " + std::to_string(own)), 0);
+    EXPECT_EQ(Shown({"Info: Pick ended with Escape; nothing was picked."}), row.escapeAfterMs >= 0);
+    EXPECT_TRUE(controls[C::Form].Enabled);
+    engine.DebugWindow.Clear();
+  }
+}
+
 // The mouse pick, in usemouse's range; no pick where none is asked for.
 TEST_F(EditorRunTest, TheMousePickGivesUseMousesRangeAndPicksStartOnlyWhereAskedFor) {
   desktop.screenWidth = 1024, desktop.screenHeight = 768;
@@ -178,6 +235,7 @@ TEST_F(EditorRunTest, TheMousePickGivesUseMousesRangeAndPicksStartOnlyWhereAsked
     EXPECT_EQ(controls[C::Minutes].Caption + " " + controls[C::Seconds].Caption, xy);
     EXPECT_EQ(controls.Focused(), C::InsertCommandButton);
   }
+  host.onDoEvents = nullptr;  // it holds the loop's label
   EXPECT_EQ(controls[C::TimeOutLabel].Caption, "Mouse Location:    X                   Y");
   // No pick for another command or in overwrite mode; a close ends a pick.
   const long long samples = host.tenthSleeps;
@@ -187,6 +245,9 @@ TEST_F(EditorRunTest, TheMousePickGivesUseMousesRangeAndPicksStartOnlyWhereAsked
   Script({"findwindow: 1, \"Setup\", \"#32770\", 0, 0.5, 0.5, 0.30"}, 1);
   form.TraceWindow_DblClick();
   form.CommandLine_GotFocus();
+  Script({"usemouse: sl, 100, 100"}, 1);
+  form.TraceWindow_DblClick();
+  form.Minutes_GotFocus();
   EXPECT_EQ(host.tenthSleeps, samples);
   form.TraceWindow_Click();  // out of overwrite mode
   Choose(kFindWindowCommand);

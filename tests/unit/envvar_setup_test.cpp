@@ -155,14 +155,38 @@ TEST_F(EnvVarSetupTest, FailuresAreReportedByTheFormAndLoseNothing) {
   EXPECT_EQ(controls[C::BatchFileLabel].Caption, "Batch: C:\\b\\none.bat");
   EXPECT_EQ(Items()[1], "echo set");
   EXPECT_NE(view.reports.back().find("EnvVarSetup.(General).Initial_Setup.OpenInput.2"), std::string::npos);
+}
 
-  // A changed file is saved before another opens; a cancelled save keeps it open.
-  form.Modified = true;
-  dialogs.replies = {std::nullopt};
-  form.OpenBatchButton_Click();
-  EXPECT_EQ(dialogs.requests.back().Title, "Save Batch File");
-  EXPECT_EQ(form.BatchFileName, "\"C:\\b\\none.bat\"");
-  EXPECT_TRUE(form.Modified);
+// A changed file goes only when the user lets it: Cancel, or Yes with the
+// save cancelled, keeps it (and the form open); No or a save lets it go.
+TEST_F(EnvVarSetupTest, AChangedFileIsOnlyLeftWhenTheUserLetsItGo) {
+  struct Row {
+    SaveAnswer answer;
+    std::optional<std::string> saveAs;
+    bool goes;
+  };
+  const Row rows[] = {{SaveAnswer::Cancel, std::nullopt, false},
+                      {SaveAnswer::Yes, std::nullopt, false},
+                      {SaveAnswer::Yes, "C:\\b\\saved.bat", true},
+                      {SaveAnswer::No, std::nullopt, true}};
+  for (const bool closing : {false, true}) {
+    for (const Row& row : rows) {
+      SCOPED_TRACE(::testing::Message() << (closing ? "close " : "open ") << static_cast<int>(row.answer));
+      host.files["C:\\b\\other.bat"] = "set B=2\r\n";
+      Open("C:\\b\\set.bat", "set A=1\r\n");
+      form.Modified = true;
+      dialogs.asked.clear();
+      dialogs.answers = {row.answer};
+      dialogs.replies.clear();
+      if (!closing) dialogs.replies.push_back("C:\\b\\other.bat");
+      if (row.answer == SaveAnswer::Yes) dialogs.replies.push_back(row.saveAs);
+      const bool closed = closing ? form.Form_Unload() : (form.OpenBatchButton_Click(), false);
+      EXPECT_EQ(dialogs.asked, std::vector<std::string>{"C:\\b\\set.bat"});
+      if (closing) EXPECT_EQ(closed, row.goes);
+      if (!closing) EXPECT_EQ(form.BatchFileName, row.goes ? "\"C:\\b\\other.bat\"" : "\"C:\\b\\set.bat\"");
+      EXPECT_EQ(form.Modified, !row.goes || (closing && row.answer == SaveAnswer::No));
+    }
+  }
 }
 
 // The place and the file are kept in their own section, and the file opens

@@ -1,4 +1,7 @@
 #include "session.h"
+
+#include <algorithm>
+
 #include "about.h"
 #include "engine_fixture.h"
 #include "sim_desktop.h"
@@ -132,11 +135,44 @@ TEST_F(InteractiveSetupTest, LogsTheSessionAndLoadsTheScriptBelowAHeaderLine) {
   EXPECT_EQ(engine.TraceWindow.Items(), (Lines{Trace_Header_Line(), "run: \"x\"", "# end"}));
   EXPECT_EQ(surface.fonts, (Lines{"Lucida Console", "Courier New"}));
   EXPECT_TRUE(engine.state.DebugOn);
-  engine.editor.ScriptFileName = "\"new.vls\"";  // a missing script becomes a new empty one
+  engine.editor.ScriptFileName = "\"new.vls\"";  // a missing script starts empty; nothing is created
   Run_Setup();
-  EXPECT_EQ(host.files.at("new.vls"), "");
+  EXPECT_EQ(host.files.count("new.vls"), 0u);
+  EXPECT_EQ(Log().back(), "Info: New Script File:  new.vls (it is created when it is saved)");
   EXPECT_EQ(engine.TraceWindow.Items(), Lines{Trace_Header_Line()});
   EXPECT_FALSE(engine.state.StopRunning);
+}
+
+// Whatever happens to the debug file, the script is read: a script shown
+// empty would be saved empty over the real one.
+TEST_F(InteractiveSetupTest, ADebugFileThatCannotBeMadeStillLetsTheScriptLoad) {
+  host.files["a.vls"] = "run: \"x\"\r\nQuit\r\n";
+  host.unopenable.insert("a.vld");
+  Run_Setup();
+  EXPECT_EQ(engine.TraceWindow.Items(), (Lines{Trace_Header_Line(), "run: \"x\"", "Quit"}));
+  EXPECT_FALSE(engine.state.StopRunning);
+  EXPECT_FALSE(engine.state.DebugFileOpen);
+  const Lines& shown = engine.DebugWindow.Items();
+  EXPECT_EQ(std::count(shown.begin(), shown.end(), "Info: Debug File Open:  a.vld"), 0);
+  EXPECT_EQ(std::count(shown.begin(), shown.end(),
+                       "Info: No debug file: a.vld could not be opened; this log is kept in the window only."),
+            1);
+}
+
+// A saved script starts with the heading of its save; it gives way to
+// today's, whichever version wrote it, so headings do not pile up.
+TEST_F(InteractiveSetupTest, AnEarlierHeadingGivesWayToTodays) {
+  const std::string older = "# Velmora, Version 0.9.1 - 1 May 2025  Author: " + About().Author + ". old notice";
+  const std::pair<std::string, Lines> rows[] = {
+      {older + "\r\nQuit\r\n", {Trace_Header_Line(), "Quit"}},
+      {Trace_Header_Line() + "\r\n" + Trace_Header_Line() + "\r\n", {Trace_Header_Line(), Trace_Header_Line()}},
+      {"Quit\r\n" + older + "\r\n", {Trace_Header_Line(), "Quit", older}},  // only the first line
+      {"# Velmora, my own notes\r\n", {Trace_Header_Line(), "# Velmora, my own notes"}}};
+  for (const auto& [file, shown] : rows) {
+    host.files["a.vls"] = file;
+    Run_Setup();
+    EXPECT_EQ(engine.TraceWindow.Items(), shown) << file;
+  }
 }
 
 TEST_F(InteractiveSetupTest, ALaterScriptKeepsWritingTheSameDebugFileUntilShutDown) {

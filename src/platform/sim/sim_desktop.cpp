@@ -189,4 +189,10 @@ void SimDesktop::RepaintScreenArea(const WindowRect& r) {
                         std::to_string(r.right) + "," + std::to_string(r.bottom));
 }
 
+bool SimDesktop::EscapePressed() {
+  if (escapeAtMs < 0 || host_.clockMs < escapeAtMs) return false;
+  escapeAtMs = -1;
+  return true;
+}
+
 }  // namespace velmora

@@ -115,6 +115,11 @@ class SimDesktop : public Desktop {
   int ScreenHeight() override { return screenHeight; }
   void DrawWindowFrame(WindowHandle window) override { screenMarks.push_back("frame " + std::to_string(window)); }
   void RepaintScreenArea(const WindowRect& r) override;
+  std::uint32_t ownProgram = 0xFFFFFFFFu;  // give a window this program to make it the editor's own
+  std::uint32_t OwnProgram() override { return ownProgram; }
+  // Escape is pressed when the clock reaches this time (never when negative).
+  long long escapeAtMs = -1;
+  bool EscapePressed() override;
   bool InServiceSession() override { return serviceSession; }
   bool RunsAtHigherIntegrity(WindowHandle window) override { return Exists(window) && At(window).elevated; }
 

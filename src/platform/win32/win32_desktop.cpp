@@ -84,6 +84,12 @@ bool Win32Desktop::WaitUntilResponsive(WindowHandle window, int timeoutMilliseco
 
 bool Win32Desktop::SetCursorPos(ScreenPoint point) { return ::SetCursorPos(point.x, point.y) != FALSE; }
 
+std::uint32_t Win32Desktop::OwnProgram() { return GetCurrentProcessId(); }
+
+// Down now, or (the low bit) pressed since the last look; a look at the start
+// of a pick clears a press from before it.
+bool Win32Desktop::EscapePressed() { return (GetAsyncKeyState(VK_ESCAPE) & 0x8001) != 0; }
+
 ScreenPoint Win32Desktop::GetCursorPos() {
   POINT p{};
   ::GetCursorPos(&p);

@@ -35,6 +35,8 @@ class Win32Desktop : public Desktop {
   int ScreenHeight() override;
   void DrawWindowFrame(WindowHandle window) override;
   void RepaintScreenArea(const WindowRect& rect) override;
+  std::uint32_t OwnProgram() override;
+  bool EscapePressed() override;
   bool InServiceSession() override;
   bool RunsAtHigherIntegrity(WindowHandle window) override;
 
