@@ -141,8 +141,9 @@ TEST_F(EditorFilesTest, AChangedScriptIsOnlyReplacedWhenTheUserLetsItGo) {
         EXPECT_EQ(form.ScriptChanged, !row.replaced);
       }
       EXPECT_EQ(host.files.count("C:\\s\\kept.vls"), row.saveAs ? 1u : 0u);
-      if (row.saveAs)
+      if (row.saveAs) {
         EXPECT_EQ(host.Lines("C:\\s\\kept.vls"), (std::vector<std::string>{Trace_Header_Line(), "Wait:  0.01"}));
+      }
       EXPECT_EQ(host.Lines("C:\\s\\a.vls"), std::vector<std::string>{"Quit"});  // never written over
     }
   }

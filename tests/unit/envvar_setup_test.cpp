@@ -182,8 +182,11 @@ TEST_F(EnvVarSetupTest, AChangedFileIsOnlyLeftWhenTheUserLetsItGo) {
       if (row.answer == SaveAnswer::Yes) dialogs.replies.push_back(row.saveAs);
       const bool closed = closing ? form.Form_Unload() : (form.OpenBatchButton_Click(), false);
       EXPECT_EQ(dialogs.asked, std::vector<std::string>{"C:\\b\\set.bat"});
-      if (closing) EXPECT_EQ(closed, row.goes);
-      if (!closing) EXPECT_EQ(form.BatchFileName, row.goes ? "\"C:\\b\\other.bat\"" : "\"C:\\b\\set.bat\"");
+      if (closing) {
+        EXPECT_EQ(closed, row.goes);
+      } else {
+        EXPECT_EQ(form.BatchFileName, row.goes ? "\"C:\\b\\other.bat\"" : "\"C:\\b\\set.bat\"");
+      }
       EXPECT_EQ(form.Modified, !row.goes || (closing && row.answer == SaveAnswer::No));
     }
   }
