@@ -36,6 +36,7 @@ namespace {
 class NoDialogs : public FileDialogs {
  public:
   std::optional<std::string> Show(const FileDialogRequest&) override { return std::nullopt; }
+  SaveAnswer AskToSave(const std::string&) override { return SaveAnswer::No; }
 };
 
 double Now_Ms() {
