@@ -51,11 +51,9 @@ bool EnvVarSetupWindow::Create(HINSTANCE instance, HWND owner, EnvVarSetupForm& 
 bool EnvVarSetupWindow::Translate_Dialog_Key(MSG& message) {
   if (!window_) return false;
   if (Translate_Help_Key(message)) return true;
-  if (message.message == WM_KEYDOWN && message.hwnd == Control(ControlId::BatchWindow)) {
-    if (message.wParam == VK_DOWN) return form_->Step_To_Next(), true;
-    if (message.wParam == VK_UP) return form_->Step_To_Previous(), true;
-    if (message.wParam == VK_RETURN) return form_->BatchWindow_DblClick(), true;
-  }
+  if (message.message == WM_KEYDOWN && message.hwnd == Control(ControlId::BatchWindow) &&
+      form_->BatchWindow_KeyDown(static_cast<int>(message.wParam)))
+    return true;
   return IsDialogMessageA(window_, &message);
 }
 

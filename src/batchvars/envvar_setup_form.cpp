@@ -20,7 +20,8 @@ constexpr const char* kTryTip =
 constexpr long kNoErrorCode = -1;
 constexpr int kEscape = 27;
 constexpr int kControlC = 3;
-constexpr int kEnter = 13;
+constexpr int kEnter = 13;  // the character, and the virtual key
+constexpr int kKeyUp = 0x26, kKeyDown = 0x28;
 
 }  // namespace
 
@@ -100,6 +101,22 @@ void EnvVarSetupForm::Set_Command_State(const std::string& word) {
 
 void EnvVarSetupForm::Step_To_Next() {
   Show_Step(Next_EnvVar_Statement(BatchWindow.Items(), BatchWindow.Selected()), "Next_EnvVar_Statement");
+}
+
+bool EnvVarSetupForm::BatchWindow_KeyDown(int key) {
+  switch (key) {
+    case kKeyDown:
+      Step_To_Next();
+      return true;
+    case kKeyUp:
+      Step_To_Previous();
+      return true;
+    case kEnter:
+      BatchWindow_DblClick();
+      return true;
+    default:
+      return false;
+  }
 }
 
 void EnvVarSetupForm::Step_To_Previous() {

@@ -61,6 +61,9 @@ class EnvVarSetupForm {
   void Step_To_Previous();
   void BatchWindow_Click();
   void BatchWindow_DblClick();
+  // Up and Down step between SET lines, Enter chooses the highlighted line;
+  // true when the key (a virtual-key code) was taken.
+  bool BatchWindow_KeyDown(int key);
 
   // Editing the chosen value.
   void EnvVarValue_Change();

@@ -245,7 +245,8 @@ TEST_F(EditorPanelTest, TimeFieldsTakeNumbersOnly) {
                       {2, 1, C::Minutes, "", " ", 1, " ", 1, false},
                       {1, 0, C::CommandLine, "", "x", 1, "x", 1, true},
                       {1, 0, C::CommandLine, "", "  ", 1, "  ", 1, false},
-                      {1, 1, C::CommandLine, "30", "1, \"a\"", 1, "1, \"a\"", 1, true}};
+                      {1, 1, C::CommandLine, "30", "1, \"a\"", 1, "1, \"a\"", 1, true},
+                      {1, 1, C::CommandLine, "", "1, \"a\"", 1, "1, \"a\"", 1, false}};  // no time-out
   for (const Row& row : rows) {
     SCOPED_TRACE(row.typed);
     Choose(row.catalogue, row.position);

@@ -105,6 +105,24 @@ TEST_F(EnvVarSetupTest, AnUpdatedLineKeepsItsIndentInTheListAndIsSavedTrimmed) {
   EXPECT_EQ(host.files.at("C:\\b\\new.bat"), "@echo off\r\nset A=1\r\nset Path=C:\\BIN\r\necho\r\n");
 }
 
+// The list's keys: Up steps back, Down on, Enter chooses; other keys are the list's own.
+TEST_F(EnvVarSetupTest, TheListsKeysStepBetweenSetLinesAndChoose) {
+  Open("C:\\b\\keys.bat", "set A=1\r\necho\r\nset B=2\r\necho\r\nset C=3\r\n");
+  const struct {
+    int key;
+    long from;
+    bool taken;
+    long to;
+  } rows[] = {{0x28, 1, true, 3}, {0x26, 3, true, 1}, {0x26, 5, true, 3}, {0x41, 3, false, 3}};
+  for (const auto& row : rows) {
+    form.BatchWindow.Select(row.from);
+    EXPECT_EQ(form.BatchWindow_KeyDown(row.key), row.taken) << row.key;
+    EXPECT_EQ(form.BatchWindow.Selected(), row.to) << row.key;
+  }
+  EXPECT_TRUE(form.BatchWindow_KeyDown(13));
+  EXPECT_EQ(controls[C::EnvVarNameLabel].Caption, "B");
+}
+
 // What a double click or a key shows, line by line; moving off the chosen
 // line or Escape abandons the edit.
 TEST_F(EnvVarSetupTest, ChoosingShowsOnlyStatementsAndLeavingTheLineAbandonsTheEdit) {
