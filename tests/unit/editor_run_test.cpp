@@ -165,6 +165,19 @@ TEST_F(EditorRunTest, AStillPointerPicksTheWindowWithEveryLevelAndForeseesTheCho
   }
 }
 
+// A pop-up beside its owner (a tooltip left of the dialog): the owner's level
+// takes the edge, since findwindow takes no negative fraction.
+TEST_F(EditorRunTest, APopUpLeftOfItsOwnerGivesTheOwnersEdge) {
+  const WindowHandle tip = desktop.Add(desktop.DesktopWindow(), "Tip", "VelmoraTip", 0, {20, 150, 90, 200});
+  desktop.At(tip).popup = true;
+  desktop.At(tip).owner = dialog;
+  Choose(kFindWindowCommand);
+  desktop.cursor = {50, 175};
+  form.CommandLine_GotFocus();
+  EXPECT_EQ(controls[C::CommandLine].Caption,
+            "2, \"Setup\", \"#32770\", 0, 0, 0.25, \"Tip\", \"VelmoraTip\", 0, 0.4286, 0.5");
+}
+
 // 30 unmoved samples after the last move; every change of the window under
 // the pointer wipes the old frame and draws the new one.
 TEST_F(EditorRunTest, OnePixelRestartsTheWaitAndEachWindowIsFramedInTurn) {
