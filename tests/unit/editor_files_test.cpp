@@ -257,6 +257,19 @@ TEST_F(EditorFilesTest, ClosingSavesWhenToldThenLogsTheShutDownClosesAndStoresTh
   EXPECT_EQ(Stored("Debug File"), "\"C:\\s\\a.vld\"");
 }
 
+// A script the shell names (a double click on a .vls file) wins over the remembered one.
+TEST_F(EditorFilesTest, TheShellsScriptWinsOverTheRememberedOne) {
+  host.files["C:\\s\\old.vls"] = "Quit\r\n";
+  host.files["C:\\s\\shell.vls"] = "Wait:  0.01\r\n";
+  host.files["C:\\s\\a.vld"] = "";
+  settings.SaveSetting("Editor", "Script File", "\"C:\\s\\old.vls\"");
+  settings.SaveSetting("Editor", "Debug File", "\"C:\\s\\a.vld\"");
+  engine.editor.ScriptFileName = "\"C:\\s\\shell.vls\"";
+  form.Form_Load_Interactive();
+  EXPECT_EQ(engine.TraceWindow.Item(1), "Wait:  0.01");
+  EXPECT_EQ(controls[C::ScriptFileLabel].Caption, "Script: C:\\s\\shell.vls");
+}
+
 TEST_F(EditorFilesTest, ASecondStartRestoresPlacementAndLoadsTheRememberedFilesWithoutAsking) {
   host.files["C:\\s\\a.vls"] = "Quit\r\n";
   host.files["C:\\s\\a.vld"] = "";
