@@ -70,6 +70,9 @@ void EditorForm::Set_Control_State(const std::string& group, bool enabled) {
     } else if (group == "DisableCommands" || group == "EnableCommands") {
       Set_Enabled(controls_, {C::ScriptEditorFrame, C::RemoveCommandButton, C::AvailableCommandsFrame, C::CommandList},
                   group == "EnableCommands");
+      // The panel is reset: no catalogue entry may stay highlighted as if chosen.
+      CommandList.Select(ListModel::kNoSelection);
+      CurrentCode = kNoEntry;
       Reset_Panel(false);
     } else if (group == "EmptyCommands") {
       CommandList.Select(ListModel::kNoSelection);

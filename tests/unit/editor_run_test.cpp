@@ -128,6 +128,9 @@ TEST_F(EditorRunTest, EachRunStartsAfreshAndTheBreakButtonFollowsWhereItStopped)
     step ? form.ExecuteNextButton_Click() : form.ExecuteButton_Click();
     EXPECT_FALSE(form.OverwriteMode);
     EXPECT_EQ(controls[C::InsertCommandButton].Caption, EditorForm::kInsertCaption);
+    // The panel was reset: the catalogue shows no command as chosen.
+    EXPECT_EQ(form.CommandList.Selected(), ListModel::kNoSelection);
+    EXPECT_EQ(controls[C::CommandLineLabel].Caption, controls[C::TimeOutLabel].Caption);
     EXPECT_EQ(controls[C::BreakPointButton].Caption, step ? "Set Break" : "Clear Break");
     engine.DebugWindow.Clear();
     form.ExecuteNextButton_Click();  // the next line is logged although debug went off
