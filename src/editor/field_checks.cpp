@@ -66,9 +66,10 @@ void EditorForm::Filter_Time_Field(ControlId field) {
   const std::string text = controls_[field].Caption;
   const long caret = controls_[field].Caret;
   if (CurrentCode != kTestCommand && !Is_Time_Number(text)) {
+    const bool typed = caret > 0 && caret <= static_cast<long>(text.size());
     std::string without = text;
-    if (caret > 0 && caret <= static_cast<long>(text.size())) without.erase(static_cast<std::size_t>(caret - 1), 1);
-    if (caret > 0 && caret <= static_cast<long>(text.size()) && Is_Time_Number(without)) {
+    if (typed) without.erase(static_cast<std::size_t>(caret - 1), 1);
+    if (typed && Is_Time_Number(without)) {
       controls_.SetCaption(field, without);
       controls_.SetCaret(field, caret - 1);
     } else {

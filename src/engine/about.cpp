@@ -1,5 +1,6 @@
 #include "about.h"
 
+#include "text.h"
 #include "velmora_version.h"
 
 namespace velmora {
@@ -30,8 +31,7 @@ std::string Trace_Header_Line() {
 // Any version's heading: the title, then the author after the date.
 bool Is_Trace_Heading(const std::string& line) {
   const AboutTexts& a = About();
-  const std::string start = "# " + a.Title + ", ";
-  return line.compare(0, start.size(), start) == 0 && line.find("  Author: " + a.Author + ". ") != std::string::npos;
+  return Starts_With(line, "# " + a.Title + ", ") && line.find("  Author: " + a.Author + ". ") != std::string::npos;
 }
 
 }  // namespace velmora
