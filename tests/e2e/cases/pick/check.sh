@@ -4,7 +4,7 @@ set -e
 source "$E2E_LIB"
 forget_settings Editor
 expect_same_bytes saved.vls expected_script.vls
-if [ "$(grep -c '^Info: 1 window matches the picked description now.' picked.vld)" != 2 ]; then
+if [ "$(grep -c '^Info: 1 window matches the picked description now.' picked.vld)" != 3 ]; then
   echo "the editor did not find one window for each pick; its log holds:" && cat picked.vld && exit 1
 fi
 for pressed in wizard_pressed.txt installer_pressed.txt; do
