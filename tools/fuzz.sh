@@ -22,7 +22,12 @@ if ! [[ "$seconds" =~ ^[0-9]+$ ]] || [ "$seconds" -lt 1 ]; then
   exit 2
 fi
 jobs="${FUZZ_JOBS:-1}"
-targets=(parse_command_fuzz preprocess_fuzz convert_envvars_fuzz parse_commandline_fuzz key_notation_fuzz)
+# Every tests/fuzz/<target>.cpp ending in _fuzz is a target, as for CMake.
+targets=()
+for source in "$root"/tests/fuzz/*_fuzz.cpp; do
+  name="${source##*/}"
+  targets+=("${name%.cpp}")
+done
 out="$root/build/fuzz"
 mkdir -p "$out/logs"
 
