@@ -38,6 +38,11 @@ if ! "$root/tools/setup.sh"; then
 fi
 mkdir -p "$logs"
 
+# The first count named $1 in a JUnit report (the suite's, before any case) or
+# a GoogleTest JSON report (the totals, before any suite); empty when absent.
+junit_count() { [ -f "$2" ] && sed -nE "s/^[[:space:]]*$1=\"([0-9]+)\".*/\1/p" "$2" | head -n 1; }
+json_count() { [ -f "$2" ] && sed -nE "s/^[[:space:]]*\"$1\": ([0-9]+).*/\1/p" "$2" | head -n 1; }
+
 # Builds one preset; its full output goes to a log, shown when it fails.
 build() {
   local preset="$1" since
@@ -58,16 +63,17 @@ build() {
 if build native; then
   section "native unit tests"
   since=$(date +%s)
-  ctest --preset native -j2 --timeout 120 2>&1 | tee "$logs/native.log" |
+  rm -f "$logs/native.xml"
+  ctest --preset native -j2 --timeout 120 --output-junit "$logs/native.xml" 2>&1 | tee "$logs/native.log" |
     grep -vE '^ +Start +[0-9]+: |^ *[0-9]+/[0-9]+ Test +#[0-9]+: .* Passed'
-  # "100% tests passed, 0 tests failed out of 42"
-  summary="$(grep -E '[0-9]+% tests passed, [0-9]+ tests? failed out of [0-9]+' "$logs/native.log" | tail -n 1)"
-  if [ -n "$summary" ]; then
-    total=$(sed -E 's/.* out of ([0-9]+).*/\1/' <<<"$summary")
-    bad=$(sed -E 's/.*passed, ([0-9]+) tests? failed.*/\1/' <<<"$summary")
-    add native "$((total - bad))" "$bad"
+  # ctest's JUnit report: the test suite's counts before the first test case.
+  total=$(junit_count tests "$logs/native.xml")
+  if [ -n "$total" ]; then
+    bad=$(junit_count failures "$logs/native.xml")
+    skipped=$(($(junit_count skipped "$logs/native.xml") + $(junit_count disabled "$logs/native.xml")))
+    add native "$((total - bad - skipped))" "$bad"
   else
-    echo "ctest gave no summary"
+    echo "ctest wrote no report"
     add native 0 1
   fi
   echo "native tests took $(elapsed "$since")"
@@ -93,19 +99,19 @@ if build windows; then
   if wine_start; then
     section "Win32 tests (Wine)"
     since=$(date +%s)
+    rm -f "$logs/win32.json"
     VELMORA_WINE_TIMEOUT=300 wine_run "$root/build/windows/bin/velmora_win32_tests.exe" --gtest_color=no --gtest_brief=1 \
-      2>&1 | tee "$logs/win32.log"
-    # "[==========] 76 tests from 14 test suites ran.", "[  PASSED  ] 75 tests.",
-    # "[  SKIPPED ] 1 test, listed below:" (with --gtest_brief: "[  SKIPPED ] 1 test.");
-    # the rest of those that ran failed.
-    ran=$(sed -nE 's/^\[==========\] ([0-9]+) tests? from .* ran\..*/\1/p' "$logs/win32.log" | tail -n 1)
-    good=$(sed -nE 's/^\[  PASSED  \] ([0-9]+) tests?\..*/\1/p' "$logs/win32.log" | tail -n 1)
-    skipped=$(sed -nE 's/^\[  SKIPPED \] ([0-9]+) tests?(, listed below:|\.).*/\1/p' "$logs/win32.log" | tail -n 1)
+      "--gtest_output=json:Z:${logs//\//\\}\\win32.json" 2>&1 | tee "$logs/win32.log"
+    # GoogleTest's JSON report, written when the program ends normally: the
+    # totals come first; a skipped test is a test case whose result says so.
+    ran=$(json_count tests "$logs/win32.json")
     if [ -z "$ran" ]; then
-      echo "the Win32 test program ended without its summary"
-      add win32 "${good:-0}" 1
+      echo "the Win32 test program ended without its report"
+      add win32 0 1
     else
-      add win32 "${good:-0}" "$((ran - ${good:-0} - ${skipped:-0}))"
+      bad=$(json_count failures "$logs/win32.json")
+      skipped=$(($(grep -c '"result": "SKIPPED"' "$logs/win32.json") + $(json_count disabled "$logs/win32.json")))
+      add win32 "$((ran - bad - skipped))" "$bad"
     fi
     echo "Win32 tests took $(elapsed "$since")"
 
