@@ -59,7 +59,8 @@ TEST_F(AutomaticSessionTest, WritesTheHeaderRunsEveryCommandLineRegistersTheFile
 TEST_F(AutomaticSessionTest, SpeedFactorLineAppearsOnlyForAUsableFactorOtherThanOne) {
   // The factor (nullptr: unset), the decimal separator, and the factor logged.
   const std::tuple<const char*, const char*, const char*> rows[] = {
-      {"2.5", ",", "2,5"}, {" .5 ", ".", "0.5"}, {"-2", ".", nullptr}, {"1.0", ".", nullptr}, {nullptr, ".", nullptr}};
+      {"2.5", ",", "2,5"}, {" .5 ", ".", "0.5"}, {"2.50", ".", "2.5"}, {"-2", ".", nullptr},
+      {"0", ".", nullptr},   {"fast", ".", nullptr}, {"1.0", ".", nullptr},  {nullptr, ".", nullptr}};
   for (const auto& [value, separator, line] : rows) {
     host.files = {{"a.vls", ""}};
     host.decimalSeparator = separator;
