@@ -16,13 +16,36 @@ die() { echo "package: $*" >&2; exit 1; }
 
 command -v makensis >/dev/null || die "makensis not found; run tools/setup.sh (Debian package nsis)"
 
+# One short line a stage on the terminal; everything the tools print goes to
+# the log, whose end is shown when a stage fails.
 log="$root/build/package-build.log"
 mkdir -p "$root/build"
+: >"$log"
+say() { echo "package: $*"; }
+failed() { tail -n 30 "$log"; die "$1 failed (the whole output is in ${log#"$root/"})"; }
+
+# The build's own progress lines, one for every tenth of it: a build from
+# scratch takes minutes.
+build_with_progress() {
+  local shown=-10 line
+  cmake --build --preset windows -j2 2>&1 | tee -a "$log" | while IFS= read -r line; do
+    [[ "$line" =~ ^\[\ *([0-9]+)%\] ]] || continue
+    if ((BASH_REMATCH[1] >= shown + 10)); then
+      shown=${BASH_REMATCH[1]}
+      say "  building: $shown %"
+    fi
+  done
+  return "${PIPESTATUS[0]}"
+}
+
+say "full output in ${log#"$root/"}"
 if [ ! -f "$build/CMakeCache.txt" ]; then
+  say "configuring the windows preset"
   # The sample setup is built with the tests' programs.
-  cmake --preset windows -DVELMORA_TESTS=ON >"$log" 2>&1 || { tail -n 30 "$log"; die "configuring the windows preset failed"; }
+  cmake --preset windows -DVELMORA_TESTS=ON >>"$log" 2>&1 || failed "configuring the windows preset"
 fi
-cmake --build --preset windows -j2 >"$log" 2>&1 || { tail -n 30 "$log"; die "building the windows preset failed"; }
+say "building the windows preset"
+build_with_progress || failed "building the windows preset"
 
 # The texts velmora.exe itself was built with: the installer's version,
 # publisher and settings key cannot disagree with the program's.
@@ -47,6 +70,7 @@ done
 # installer takes its files from here and the zip holds the folder, so both
 # ship the same files. Only this version's files stay in build/dist.
 stage="$dist/velmora-$version"
+say "staging the files in ${stage#"$root/"}"
 rm -rf "$dist"
 mkdir -p "$stage/Docs"
 cp "$bin/velmora.exe" "$bin/velmora-check.exe" "$bin/wintree.exe" "$bin/Velmora.chm" \
@@ -67,9 +91,10 @@ done
 
 setup="$dist/velmora-setup-$version.exe"
 zip="$dist/velmora-$version.zip"
+say "makensis: the installer"
 makensis -V2 -DVERSION="$version" -DVERSION4="$version4" -DPRODUCT="$product" -DCOMPANY="$company" \
-  -DSTAGE="$stage" -DOUTFILE="$setup" "$root/packaging/velmora.nsi" ||
-  die "makensis failed"
-(cd "$dist" && cmake -E tar cf "$zip" --format=zip "velmora-$version") || die "making $zip failed"
-echo "package: ${setup#"$root/"}"
-echo "package: ${zip#"$root/"}"
+  -DSTAGE="$stage" -DOUTFILE="$setup" "$root/packaging/velmora.nsi" >>"$log" 2>&1 || failed "makensis"
+say "zip: the same files"
+(cd "$dist" && cmake -E tar cf "$zip" --format=zip "velmora-$version") >>"$log" 2>&1 || failed "making $zip"
+say "${setup#"$root/"}"
+say "${zip#"$root/"}"
