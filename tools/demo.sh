@@ -4,7 +4,8 @@
 # C:\Velmora Sample of a fresh Wine prefix. Prints the debug log, lists what
 # arrived, and saves a picture of the installer's finish page, which the
 # script leaves on the screen for a few seconds, as docs/demo-finish.png,
-# and pictures of the editor (docs/editor.png), of a pick (docs/pick.png), of
+# and pictures of the editor (docs/editor.png), of a first script's run line
+# (docs/first-script.png), of a pick (docs/pick.png), of
 # the batch editor (docs/batch-editor.png) and of the about box (docs/about.png).
 set -uo pipefail
 
@@ -93,6 +94,48 @@ SCRIPT
       "$pick_picture" && echo "demo: saved a pick in progress as ${pick_picture#"$root/"}"
   else
     echo "demo: the editor did not start a pick"
+  fi
+  wait "$session"
+  wine_run reg delete 'HKCU\Software\Velmora Software\Velmora' /f >/dev/null 2>&1
+}
+
+# The first steps of the README's "Your first script", as docs/first-script.png:
+# a new script, its Run: line for the sample setup inserted and then clicked.
+# The picture is taken during the session's wait after the click (its log
+# shows when the wait begins); closing the editor lets the new script go.
+take_first_script_picture() {
+  cat >"$demo/first-script-picture.vls" <<'SCRIPT'
+run: "velmora.exe"
+findwindow: 2, "Velmora - IDE", "VelmoraEditor", 0, 0.5, 0.5, "&Open Script", "Button", 1007, 0.5, 0.5, 0.30
+sendbuttons: sl
+findwindow: 2, "Velmora - IDE", "VelmoraEditor", 0, 0.5, 0.5, "New Script File", "#32770", 0, 0.5, 0.5, 0.15
+sendkeys: "first.vls{ENTER}"
+findwindow: 2, "Velmora - IDE", "VelmoraEditor", 0, 0.5, 0.5, "Open New Debug File", "#32770", 0, 0.5, 0.5, 0.15
+sendkeys: "first.vld{ENTER}"
+findwindow: 3, "Velmora - IDE", "VelmoraEditor", 0, 0.5, 0.5, "Automation Commands", "VelmoraFrame", 1100, 0.5, 0.5, "", "ListBox", 1101, 0.5, 0.5, 0.10
+sendkeys: "{UP 12}{ENTER}"
+findwindow: 3, "Velmora - IDE", "VelmoraEditor", 0, 0.5, 0.5, "Command Parameters", "VelmoraFrame", 1200, 0.5, 0.5, "", "Edit", 1202, 0.5, 0.5, 0.10
+sendbuttons: sl
+findwindow: 2, "Velmora - IDE", "VelmoraEditor", 0, 0.5, 0.5, "Browse for Program", "#32770", 0, 0.5, 0.5, 0.15
+sendkeys: "velmora-sample-setup.exe{ENTER}"
+findwindow: 3, "Velmora - IDE", "VelmoraEditor", 0, 0.5, 0.5, "Command Parameters", "VelmoraFrame", 1200, 0.5, 0.5, "Insert Command", "Button", 1230, 0.5, 0.5, 0.10
+sendbuttons: sl
+findwindow: 3, "Velmora - IDE", "VelmoraEditor", 0, 0.5, 0.5, "Script", "VelmoraFrame", 1300, 0.5, 0.5, "", "ListBox", 1301, 0.5, 0.5, 0.10
+sendkeys: "{UP 30}"
+usemouse: nc, 65535, 65535
+wait: 0.06
+findwindow: 1, "Velmora - IDE", "VelmoraEditor", 0, 0.5, 0.5, 0.10
+sendkeys: "%{F4}"
+findwindow: 2, "Velmora - IDE", "VelmoraEditor", 0, 0.5, 0.5, "Velmora - IDE", "#32770", 0, 0.5, 0.5, 0.10
+sendkeys: "n"
+SCRIPT
+  rm -f "$demo/first-script-picture.vld"
+  launch '"first-script-picture.vls" "first-script-picture.vld"' 60 first
+  local session=$launched
+  if _wine_wait_for "grep -qa '^==> wait: 0.06' '$demo/first-script-picture.vld' 2>/dev/null" 450; then
+    window_picture "Velmora - IDE" "$root/docs/first-script.png"
+  else
+    echo "demo: the first script's Run: line was not highlighted"
   fi
   wait "$session"
   wine_run reg delete 'HKCU\Software\Velmora Software\Velmora' /f >/dev/null 2>&1
@@ -211,6 +254,7 @@ else
   echo "demo: nothing was installed into $TARGETDIR"
 fi
 take_editor_picture
+take_first_script_picture
 take_pick_picture
 take_batch_pictures
 wine_stop
