@@ -3,9 +3,11 @@
 # command), the pages under docs/help, and for each area of the forms the help
 # texts of its controls from src/editor/control_help_table.inc, the table the
 # What's-This pop-ups show. Markdown becomes HTML with cmark-gfm (the docs use
-# GitHub's tables), chmcmd compiles it, and the compiled file is read back to
-# check that it holds a page for every script command, every area and the
-# batch editor. Uses only modules of perl-base.
+# GitHub's tables), chmcmd compiles it with a keyword index and full-text
+# search, and the compiled file is read back to check that it holds a page for
+# every script command, every area and the batch editor, the index and the
+# search data. The walk-through "Your first script" is the README's section.
+# Uses only modules of perl-base.
 #
 #   build_help.pl <source root> <work folder> <output .chm> <cmark-gfm> <chmcmd>
 use strict;
@@ -81,6 +83,11 @@ for my $source (@sources) {
     $page->{markdown} .= $line;
   }
 }
+# The walk-through of a first script is the README's section, so that the
+# README and the help say the same; in the help it is a page of its own.
+my ($first_script) = slurp("$root/README.md") =~ /^(## Your first script\n.*?)(?=^## )/ms
+  or fail('README.md has no section "Your first script"');
+push @pages, {name => 'first-script', source => 'README.md', markdown => $first_script =~ s/^## /# /r};
 @pages = grep { $_->{markdown} =~ /\S/ } @pages;
 my %page_by_name = map { $_->{name} => $_ } @pages;
 
@@ -112,6 +119,7 @@ sub slug {
 }
 
 my %anchor_page;    # "source#anchor" -> page name
+my @headings;       # { text, page, anchor }, for the index
 for my $page (@pages) {
   my $file = "$work/page.md";
   spew($file, $page->{markdown});
@@ -123,6 +131,7 @@ for my $page (@pages) {
     my $slug = slug($inner);
     $slug .= '-' . $seen{$slug} if $seen{$slug}++;
     $anchor_page{"$page->{source}#$slug"} //= $page->{name};
+    push @headings, {text => plain_text($inner) =~ s/[`*]//gr, page => $page->{name}, anchor => $slug};
     "<h$level id=\"$slug\">$inner</h$level>"
   }ge;
   $page->{html} = $html;
@@ -196,7 +205,7 @@ spew("$work/chm/$_", slurp("$root/$images{$_}")) for keys %images;
 # The contents: the top pages in this order, the commands under the script
 # reference and the editor's areas under the editor. A page that has no place
 # here is an error, so no page is left where no one finds it.
-my @top = qw(index using-help user-guide deploying script-reference editor batch-editor);
+my @top = qw(index using-help first-script user-guide deploying script-reference editor batch-editor);
 sub parent_of {
   my ($name) = @_;
   return 'script-reference' if $name =~ m{^commands/};
@@ -226,12 +235,74 @@ for my $name (@top) {
 }
 spew("$work/chm/Velmora.hhc", "$toc</UL>\n</BODY></HTML>\n");
 
+# --- the keyword index ------------------------------------------------------------
+
+# Each script command leads to its page; every heading to its place, unless
+# the same heading stands on more than two pages (such as "Controls"), where
+# it names no one subject. The names a user may look for that are no
+# heading follow, each with the headings or pages that explain it; a target
+# that does not exist fails the build.
+my %index;    # keyword -> { "page.html#anchor" => title }
+sub index_entry {
+  my ($keyword, $local, $title) = @_;
+  $index{$keyword}{$local} = $title;
+}
+index_entry($_, "commands/$_.html", $page_by_name{"commands/$_"}{title}) for @commands;
+my %pages_with_heading;
+$pages_with_heading{$_->{text}}{$_->{page}} = 1 for @headings;
+for my $heading (@headings) {
+  next if $heading->{page} =~ m{^commands/} || keys %{$pages_with_heading{$heading->{text}}} > 2;
+  index_entry($heading->{text}, "$heading->{page}.html#$heading->{anchor}", $page_by_name{$heading->{page}}{title});
+}
+my @terms = (
+  ['breakpoint', 'docs/user-guide.md#running-the-script-and-picking-windows-in-the-editor', 'docs/help/editor-script.md'],
+  ['debug file', 'docs/user-guide.md#the-debug-log', 'docs/help/editor-files.md'],
+  ['debug log', 'docs/user-guide.md#the-debug-log'],
+  ['environment variable', 'docs/script-reference.md#environment-variables', 'docs/user-guide.md#environment-variables'],
+  ['exit status', 'docs/user-guide.md#exit-status-of-an-automatic-session', 'docs/deploying.md#exit-status'],
+  ['first script', 'README.md#your-first-script'],
+  ['halt', 'docs/help/editor-script.md'],
+  ['nofile', 'docs/user-guide.md#running-a-script'],
+  ['pick', 'docs/user-guide.md#running-the-script-and-picking-windows-in-the-editor', 'README.md#your-first-script'],
+  ['TARGETDIR', 'docs/user-guide.md#the-batch-editor', 'docs/script-reference.md#environment-variables'],
+  ['VELMORA_EXPLAIN', 'docs/user-guide.md#when-a-window-is-not-found'],
+  ['window not found', 'docs/user-guide.md#when-a-window-is-not-found'],
+  ['wintree.exe', 'docs/user-guide.md#windows-and-input'],
+);
+for my $term (@terms) {
+  my ($keyword, @targets) = @$term;
+  for my $target (@targets) {
+    my ($source, $anchor) = $target =~ /^([^#]+)(?:#(.+))?$/;
+    my $page = defined $anchor ? $anchor_page{$target} : $first_page_of{$source};
+    fail("the index term $keyword leads to $target, which is no page or heading") unless defined $page;
+    index_entry($keyword, "$page.html" . (defined $anchor ? "#$anchor" : ''), $page_by_name{$page}{title});
+  }
+}
+
+# One topic: its keyword and place; several: the keyword, then a title and
+# place for each, which the viewer offers to choose from.
+my $hhk = "<!DOCTYPE HTML PUBLIC \"-//IETF//DTD HTML//EN\">\n<HTML><HEAD></HEAD><BODY>\n<UL>\n";
+for my $keyword (sort { lc $a cmp lc $b or $a cmp $b } keys %index) {
+  my $topics = $index{$keyword};
+  my @places = sort keys %$topics;
+  my $params = "<param name=\"Name\" value=\"" . html_attribute($keyword) . '">';
+  $params .= join '', map {
+    (@places > 1 ? '<param name="Name" value="' . html_attribute($topics->{$_}) . '">' : '')
+      . "<param name=\"Local\" value=\"$_\">"
+  } @places;
+  $hhk .= "<LI><OBJECT type=\"text/sitemap\">$params</OBJECT>\n";
+}
+spew("$work/chm/Velmora.hhk", "$hhk</UL>\n</BODY></HTML>\n");
+
 my @files = ((map {"$_->{name}.html"} @pages), $style, sort keys %images);
 spew("$work/chm/Velmora.hhp", <<"HHP" . join("\n", @files) . "\n");
 [OPTIONS]
 Compatibility=1.1 or later
 Compiled file=Velmora.chm
 Contents file=Velmora.hhc
+Index file=Velmora.hhk
+Binary Index=Yes
+Full-text search=Yes
 Default topic=index.html
 Display compile progress=No
 Language=0x409 English (United States)
@@ -252,5 +323,11 @@ my %held = map { $_ => 1 } $compiled =~ m{/([\w/-]+\.html)}g;
 my @wanted = ((map {"commands/$_.html"} @commands), 'batch-editor.html', map {"$_->{page}.html"} @help);
 my @missing = grep { !$held{$_} } @wanted;
 fail('Velmora.chm has no page ' . join(', ', @missing)) if @missing;
-printf "help: Velmora.chm holds %d pages, among them all %d script commands and the batch editor\n",
-  scalar(keys %held), scalar(@commands);
+# The directory of the compiled file names its parts uncompressed: the
+# keyword index (the sitemap and its binary form) and the full-text search
+# data must be among them, or the viewer shows no Index and no Search tab.
+my @parts = ('/Velmora.hhk', '/$WWKeywordLinks/BTree', '/$FIftiMain');
+my @absent = grep { index($compiled, $_) < 0 } @parts;
+fail('Velmora.chm has no ' . join(', ', @absent) . ' (keyword index, full-text search)') if @absent;
+printf "help: Velmora.chm holds %d pages, among them all %d script commands and the batch editor, "
+  . "a keyword index of %d entries and full-text search\n", scalar(keys %held), scalar(@commands), scalar(keys %index);

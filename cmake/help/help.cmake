@@ -14,7 +14,7 @@ if(NOT VELMORA_PERL OR NOT VELMORA_CMARK_GFM OR NOT VELMORA_CHMCMD)
 endif()
 
 file(GLOB velmora_help_pages CONFIGURE_DEPENDS ${PROJECT_SOURCE_DIR}/docs/*.md ${PROJECT_SOURCE_DIR}/docs/*.png
-     ${PROJECT_SOURCE_DIR}/docs/help/*)
+     ${PROJECT_SOURCE_DIR}/docs/help/* ${PROJECT_SOURCE_DIR}/README.md)
 set(velmora_chm ${CMAKE_RUNTIME_OUTPUT_DIRECTORY}/Velmora.chm)
 add_custom_command(
   OUTPUT ${velmora_chm}
