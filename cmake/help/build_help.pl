@@ -295,6 +295,11 @@ for my $keyword (sort { lc $a cmp lc $b or $a cmp $b } keys %index) {
 spew("$work/chm/Velmora.hhk", "$hhk</UL>\n</BODY></HTML>\n");
 
 my @files = ((map {"$_->{name}.html"} @pages), $style, sort keys %images);
+# The viewer's window shows the tabs its definition names: without one it
+# shows the contents only. Tri-pane, search tab, synchronised contents, the
+# page's title in the caption (0x2520), 250 pixels for the tabs, the usual
+# buttons (0x3006).
+my $window = 'Main="Velmora Help","Velmora.hhc","Velmora.hhk","index.html","index.html",,,,,0x2520,250,0x3006,,,,,,,,0';
 spew("$work/chm/Velmora.hhp", <<"HHP" . join("\n", @files) . "\n");
 [OPTIONS]
 Compatibility=1.1 or later
@@ -303,10 +308,14 @@ Contents file=Velmora.hhc
 Index file=Velmora.hhk
 Binary Index=Yes
 Full-text search=Yes
+Default Window=Main
 Default topic=index.html
 Display compile progress=No
 Language=0x409 English (United States)
 Title=Velmora Help
+
+[WINDOWS]
+$window
 
 [FILES]
 HHP
@@ -324,10 +333,12 @@ my @wanted = ((map {"commands/$_.html"} @commands), 'batch-editor.html', map {"$
 my @missing = grep { !$held{$_} } @wanted;
 fail('Velmora.chm has no page ' . join(', ', @missing)) if @missing;
 # The directory of the compiled file names its parts uncompressed: the
-# keyword index (the sitemap and its binary form) and the full-text search
-# data must be among them, or the viewer shows no Index and no Search tab.
-my @parts = ('/Velmora.hhk', '/$WWKeywordLinks/BTree', '/$FIftiMain');
+# keyword index (the sitemap and its binary form), the full-text search data
+# and the window that shows their tabs must be among them, or the viewer
+# shows no Index and no Search tab.
+my @parts = ('/Velmora.hhk', '/$WWKeywordLinks/BTree', '/$FIftiMain', '/#WINDOWS');
 my @absent = grep { index($compiled, $_) < 0 } @parts;
-fail('Velmora.chm has no ' . join(', ', @absent) . ' (keyword index, full-text search)') if @absent;
+fail('Velmora.chm has no ' . join(', ', @absent)
+  . ' (the keyword index, the search data, the window that shows their tabs)') if @absent;
 printf "help: Velmora.chm holds %d pages, among them all %d script commands and the batch editor, "
   . "a keyword index of %d entries and full-text search\n", scalar(keys %held), scalar(@commands), scalar(keys %index);
