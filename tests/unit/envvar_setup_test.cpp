@@ -16,6 +16,8 @@ class FakeBatchView : public BatchView {
   long listWidth = 100;
   std::vector<long> extents;
   std::vector<std::string> fonts, reports;
+  const FormControls* form = nullptr;
+  std::vector<std::string> labelsAtReport;  // what the file label said beside each report
   long MeasureBatchText(const std::string& text) override { return static_cast<long>(text.size()) * 10; }
   long BatchWindowWidth() override { return listWidth; }
   void SetBatchHorizontalExtent(long pixels) override { extents.push_back(pixels); }
@@ -23,7 +25,10 @@ class FakeBatchView : public BatchView {
     fonts.push_back(name);
     return name == "Lucida Console" && !hasLucida ? "Arial" : name;
   }
-  void ShowReport(const std::string& title, const std::string& text) override { reports.push_back(title + "|" + text); }
+  void ShowReport(const std::string& title, const std::string& text) override {
+    reports.push_back(title + "|" + text);
+    if (form) labelsAtReport.push_back((*form)[ControlId::BatchFileLabel].Caption);
+  }
 };
 
 class EnvVarSetupTest : public EngineTest {
@@ -35,7 +40,10 @@ class EnvVarSetupTest : public EngineTest {
   CRegSettings settings{registry};
   EnvVarSetupForm form{engine, controls, window, view, dialogs, settings};
 
-  EnvVarSetupTest() { engine.state.InteractiveSession = true; }
+  EnvVarSetupTest() {
+    engine.state.InteractiveSession = true;
+    view.form = &controls;
+  }
 
   void Open(const std::string& path, const std::string& text) {
     host.files[path] = text;
@@ -154,6 +162,12 @@ TEST_F(EnvVarSetupTest, ChoosingShowsOnlyStatementsAndLeavingTheLineAbandonsTheE
 }
 
 TEST_F(EnvVarSetupTest, FailuresAreReportedByTheFormAndLoseNothing) {
+  // A first file that cannot be read is never named: no file is shown.
+  host.unopenable = {"C:\\b\\locked.bat"};
+  Open("C:\\b\\locked.bat", "set A=1\r\n");
+  EXPECT_EQ(view.labelsAtReport, std::vector<std::string>{"Batch: "});
+  EXPECT_EQ(controls[C::BatchFileLabel].Caption, "Batch: ");
+  view.reports.clear();
   Open("C:\\b\\none.bat", "echo set\r\n");
   form.BatchWindow.Select(1);
   form.Step_To_Previous();
@@ -171,8 +185,15 @@ TEST_F(EnvVarSetupTest, FailuresAreReportedByTheFormAndLoseNothing) {
   form.OpenBatchButton_Click();
   EXPECT_EQ(form.BatchFileName, "\"C:\\b\\none.bat\"");
   EXPECT_EQ(controls[C::BatchFileLabel].Caption, "Batch: C:\\b\\none.bat");
+  EXPECT_EQ(view.labelsAtReport.back(), "Batch: C:\\b\\none.bat");
   EXPECT_EQ(Items()[1], "echo set");
   EXPECT_NE(view.reports.back().find("EnvVarSetup.(General).Initial_Setup.OpenInput.2"), std::string::npos);
+
+  // So is a file that could not be written.
+  host.unopenable.insert("C:\\b\\readonly.bat");
+  dialogs.replies = {"C:\\b\\readonly.bat"};
+  form.SaveBatchButton_Click();
+  EXPECT_EQ(controls[C::BatchFileLabel].Caption, "Batch: C:\\b\\none.bat");
 }
 
 // A changed file goes only when the user lets it: Cancel, or Yes with the
