@@ -95,9 +95,8 @@ bool EnvVarSetupForm::Initial_Setup() {
   return true;
 }
 
-// "Lucida Console" where the system has it, else "Courier New".
 void EnvVarSetupForm::Choose_Font() {
-  if (view_.SetBatchFont("Lucida Console") != "Lucida Console") view_.SetBatchFont("Courier New");
+  Choose_List_Font([this](const std::string& name) { return view_.SetBatchFont(name); });
 }
 
 void EnvVarSetupForm::Add_Line(std::string line) {

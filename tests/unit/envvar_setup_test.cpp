@@ -12,7 +12,7 @@ using C = ControlId;
 
 class FakeBatchView : public BatchView {
  public:
-  bool hasLucida = true;
+  std::string faces = "Lucida Console|Courier New";  // the fixed-pitch faces installed
   long listWidth = 100;
   std::vector<long> extents;
   std::vector<std::string> fonts, reports;
@@ -23,7 +23,8 @@ class FakeBatchView : public BatchView {
   void SetBatchHorizontalExtent(long pixels) override { extents.push_back(pixels); }
   std::string SetBatchFont(const std::string& name) override {
     fonts.push_back(name);
-    return name == "Lucida Console" && !hasLucida ? "Arial" : name;
+    if (name == kAnyFixedPitchFont) return "Fixedsys";
+    return faces.find(name) == std::string::npos ? "Arial" : name;
   }
   void ShowReport(const std::string& title, const std::string& text) override {
     reports.push_back(title + "|" + text);
@@ -56,16 +57,17 @@ class EnvVarSetupTest : public EngineTest {
 TEST_F(EnvVarSetupTest, LoadingFramesTheFileWithTheHeadingAndTheSpareLineInTheAvailableFont) {
   const struct {
     const char* text;
-    bool hasLucida;
+    const char* faces;
     Lines lines, fonts;
-  } rows[] = {{"", true, {}, {"Lucida Console"}},
+  } rows[] = {{"", "Lucida Console|Courier New", {}, {"Lucida Console"}},
               {"@echo off\r\n    SET Path = C:\\DOS\r\n",
-               false,
+               "Courier New",
                {"@echo off", "    SET Path = C:\\DOS"},
-               {"Lucida Console", "Courier New"}}};
+               {"Lucida Console", "Courier New"}},
+              {"", "", {}, {"Lucida Console", "Courier New", kAnyFixedPitchFont}}};
   for (const auto& row : rows) {
-    SCOPED_TRACE(row.text);
-    view.hasLucida = row.hasLucida;
+    SCOPED_TRACE(row.faces);
+    view.faces = row.faces;
     view.fonts.clear();
     Open("C:\\b\\set.bat", row.text);
     EXPECT_EQ(Items(), Joined(Joined({Trace_Header_Line()}, row.lines), {"   "}));
