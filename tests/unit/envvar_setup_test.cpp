@@ -233,6 +233,45 @@ TEST_F(EnvVarSetupTest, AChangedFileIsOnlyLeftWhenTheUserLetsItGo) {
   }
 }
 
+// The list takes the form's extra width and height; the name, the frame and
+// the Update button keep to the right edge, the frame to the bottom, until
+// the list is at its least height.
+TEST_F(EnvVarSetupTest, ResizeKeepsTheMinimumAndLetsTheListTakeTheSpace) {
+  const struct {
+    WindowState state;
+    long width, height, wantWidth, wantHeight, wantListHeight;
+  } rows[] = {{WindowState::Normal, 7800, 6600, 7800, 6600, 3960},
+              {WindowState::Normal, 12000, 9000, 12000, 9000, 6360},
+              {WindowState::Normal, 3000, 3000, 5400, 4200, 1560},
+              {WindowState::Maximized, 5000, 3000, 5000, 3000, 600}};  // a tiny screen: the list keeps a least height
+  const auto right = [&](C id) { return controls[id].Rect.Left + controls[id].Rect.Width; };
+  const auto bottom = [&](C id) { return controls[id].Rect.Top + controls[id].Rect.Height; };
+  for (const auto& row : rows) {
+    SCOPED_TRACE(::testing::Message() << row.width << " x " << row.height);
+    window.state = row.state;
+    window.placement = {0, 0, row.width, row.height};
+    form.Form_Resize();
+    EXPECT_EQ(window.placement.Width, row.wantWidth);
+    EXPECT_EQ(window.placement.Height, row.wantHeight);
+    EXPECT_EQ(controls[C::BatchWindow].Rect.Height, row.wantListHeight);
+    for (const C id : {C::BatchFileLabel, C::BatchWindow, C::BatchFrame}) EXPECT_EQ(right(id), row.wantWidth - 220);
+    EXPECT_EQ(controls[C::BatchFrame].Rect.Top, bottom(C::BatchWindow) + 60);
+    if (row.wantListHeight > 600) {
+      EXPECT_EQ(bottom(C::BatchFrame), row.wantHeight - 540);
+    }
+    const long inside = controls[C::BatchFrame].Rect.Width;
+    EXPECT_EQ(right(C::EnvVarNameLabel), inside - 120);
+    EXPECT_EQ(right(C::UpdateEnvVarButton), inside - 120);
+    EXPECT_EQ(right(C::EnvVarValue), controls[C::UpdateEnvVarButton].Rect.Left - 120);
+  }
+  // At the designed size the layout is the one the table declares.
+  window.state = WindowState::Normal;
+  window.placement = {0, 0, kDesignedBatchFormWidth, kDesignedBatchFormHeight};
+  form.Form_Resize();
+  for (const ControlDeclaration& declared : Batch_Controls())
+    EXPECT_EQ(controls[declared.Id].Rect, declared.Rect) << declared.Name;
+}
+
 // The place and the file are kept in their own section, and the file opens
 // again without a dialog; a file that has gone is asked for.
 TEST_F(EnvVarSetupTest, TheNextOpeningRestoresThePlaceAndTheFile) {
