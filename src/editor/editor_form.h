@@ -113,6 +113,7 @@ class EditorForm {
   void Focus_First_Enabled_Field();
   void Filter_Time_Field(ControlId field);
   void Close_Debug_File();
+  void Share_Height(long formHeight);
   bool Script_Changes_May_Go();
   bool Both_Names_Set() const;
   void Restore_Placement();
