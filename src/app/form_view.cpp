@@ -124,6 +124,15 @@ void FormView::Show(int showCommand) {
   UpdateWindow(window_);
 }
 
+bool FormView::Press_Focused_Button(const MSG& message) {
+  if (!window_ || message.message != WM_KEYDOWN || message.wParam != VK_RETURN) return false;
+  HWND button = message.hwnd;
+  if (button != GetFocus() || !IsChild(window_, button)) return false;
+  if (!(SendMessageA(button, WM_GETDLGCODE, 0, 0) & (DLGC_DEFPUSHBUTTON | DLGC_UNDEFPUSHBUTTON))) return false;
+  if (IsWindowEnabled(button)) SendMessageA(button, BM_CLICK, 0, 0);
+  return true;
+}
+
 void FormView::Take_Typed_Text(ControlId id) {
   HWND control = Control(id);
   DWORD caret = 0;
