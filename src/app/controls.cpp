@@ -154,4 +154,10 @@ void ToolTips::Set(HWND control, const std::string& text) {
   SendMessageA(window_, known ? TTM_UPDATETIPTEXTA : TTM_ADDTOOLA, 0, reinterpret_cast<LPARAM>(&tool));
 }
 
+void ToolTips::Activate(bool active) {
+  if (!window_) return;
+  if (!active) SendMessageA(window_, TTM_POP, 0, 0);
+  SendMessageA(window_, TTM_ACTIVATE, active, 0);
+}
+
 }  // namespace velmora

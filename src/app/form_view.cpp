@@ -78,6 +78,7 @@ LRESULT CALLBACK FormView::Procedure(HWND window, UINT message, WPARAM wParam, L
   if (!self || !self->window_) return DefWindowProcA(window, message, wParam, lParam);
   if (self->Handle_Help_Message(message, wParam, lParam)) return 0;
   if (message == WM_ACTIVATE && self->Keep_Focus_On_Activation(wParam)) return 0;
+  if (message == WM_ENTERMENULOOP || message == WM_EXITMENULOOP) self->tips_.Activate(message == WM_EXITMENULOOP);
   return self->Handle_Message(message, wParam, lParam);
 }
 
