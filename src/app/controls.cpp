@@ -105,6 +105,8 @@ WindowKind Kind_Of(ControlKind kind, bool firstOfGroup) {
 void Register_Frame_Class(HINSTANCE instance) {
   WNDCLASSEXA frameClass{};
   frameClass.cbSize = sizeof frameClass;
+  // Its edge follows its size: a frame made larger must not keep its old edge painted.
+  frameClass.style = CS_HREDRAW | CS_VREDRAW;
   frameClass.lpfnWndProc = Frame_Procedure;
   frameClass.hInstance = instance;
   frameClass.hCursor = LoadCursorA(nullptr, reinterpret_cast<LPCSTR>(IDC_ARROW));
