@@ -232,25 +232,21 @@ TEST_F(EditorFilesTest, ResizeKeepsTheMinimumAndSharesTheHeightBetweenTheLists) 
 // Each script read in is measured afresh: the list scrolls sideways as far as
 // the widest line it shows now, however wide the lines before it were.
 TEST_F(EditorFilesTest, TheScriptListScrollsToTheWidestLineOfTheScriptShown) {
-  const std::string wide = "' " + std::string(200, 'w');
-  const struct {
-    const char* name;
-    std::string text;
-  } scripts[] = {{"C:\\s\\wide.vls", wide + "\r\n"}, {"C:\\s\\narrow.vls", "quit\r\n"}, {"C:\\s\\wide.vls", ""}};
-  for (const auto& script : scripts) {
-    SCOPED_TRACE(script.name);
-    if (!script.text.empty()) host.files[script.name] = script.text;
-    if (&script == scripts) {
-      Start_With(script.name, "C:\\s\\a.vld");
-    } else {
-      dialogs.replies = {script.name};
-      form.OpenScriptButton_Click();
-    }
+  host.files["C:\\s\\wide.vls"] = "' " + std::string(200, 'w') + "\r\n";
+  host.files["C:\\s\\narrow.vls"] = "quit\r\n";
+  const auto widest_shown = [&] {
     std::size_t widest = 0;
     for (const std::string& line : engine.TraceWindow.Items()) widest = std::max(widest, line.size());
+    return static_cast<long>(widest) * 7 + 5;
+  };
+  Start_With("C:\\s\\wide.vls", "C:\\s\\a.vld");
+  for (const char* name : {"C:\\s\\narrow.vls", "C:\\s\\wide.vls", "C:\\s\\narrow.vls"}) {
     ASSERT_FALSE(surface.traceExtents.empty());
-    EXPECT_EQ(surface.traceExtents.back(), static_cast<long>(widest) * 7 + 5);
+    EXPECT_EQ(surface.traceExtents.back(), widest_shown()) << "before " << name;
+    dialogs.replies = {name};
+    form.OpenScriptButton_Click();
   }
+  EXPECT_EQ(surface.traceExtents.back(), widest_shown());
 }
 
 struct ClosingRow {
