@@ -105,6 +105,8 @@ WindowKind Kind_Of(ControlKind kind, bool firstOfGroup) {
 void Register_Frame_Class(HINSTANCE instance) {
   WNDCLASSEXA frameClass{};
   frameClass.cbSize = sizeof frameClass;
+  // Its edge follows its size: a frame made larger must not keep its old edge painted.
+  frameClass.style = CS_HREDRAW | CS_VREDRAW;
   frameClass.lpfnWndProc = Frame_Procedure;
   frameClass.hInstance = instance;
   frameClass.hCursor = LoadCursorA(nullptr, reinterpret_cast<LPCSTR>(IDC_ARROW));
@@ -152,6 +154,12 @@ void ToolTips::Set(HWND control, const std::string& text) {
   tool.uId = reinterpret_cast<UINT_PTR>(control);
   tool.lpszText = const_cast<char*>(text.c_str());
   SendMessageA(window_, known ? TTM_UPDATETIPTEXTA : TTM_ADDTOOLA, 0, reinterpret_cast<LPARAM>(&tool));
+}
+
+void ToolTips::Activate(bool active) {
+  if (!window_) return;
+  if (!active) SendMessageA(window_, TTM_POP, 0, 0);
+  SendMessageA(window_, TTM_ACTIVATE, active, 0);
 }
 
 }  // namespace velmora

@@ -34,6 +34,8 @@ class ToolTips {
   void Create(HWND owner);
   // Adds the control's tip, or changes its text.
   void Set(HWND control, const std::string& text);
+  // Off while a menu is open, so that no tip is drawn over it.
+  void Activate(bool active);
 
  private:
   HWND window_ = nullptr;

@@ -39,7 +39,7 @@ void EditorWindow::Attach_Lists() {
 // entered by Tab is told so: it may hold a description to correct by hand.
 bool EditorWindow::Translate_Dialog_Key(MSG& message) {
   if (!window_) return false;
-  if (Translate_Help_Key(message)) return true;
+  if (Translate_Help_Key(message) || Press_Focused_Button(message)) return true;
   if (message.message == WM_KEYDOWN && message.wParam == VK_RETURN && message.hwnd == Control(ControlId::TraceWindow)) {
     form_->TraceWindow_DblClick();
     return true;

@@ -50,7 +50,7 @@ bool EnvVarSetupWindow::Create(HINSTANCE instance, HWND owner, EnvVarSetupForm& 
 // chooses the highlighted line.
 bool EnvVarSetupWindow::Translate_Dialog_Key(MSG& message) {
   if (!window_) return false;
-  if (Translate_Help_Key(message)) return true;
+  if (Translate_Help_Key(message) || Press_Focused_Button(message)) return true;
   if (message.message == WM_KEYDOWN && message.hwnd == Control(ControlId::BatchWindow) &&
       form_->BatchWindow_KeyDown(static_cast<int>(message.wParam)))
     return true;

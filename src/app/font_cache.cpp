@@ -1,5 +1,6 @@
 #include "font_cache.h"
 
+#include "editor_surface.h"
 #include "twips.h"
 
 namespace velmora {
@@ -18,6 +19,8 @@ HFONT FontCache::Get(const FontSpec& spec) {
   description.lfWeight = spec.Bold ? FW_BOLD : FW_NORMAL;
   description.lfCharSet = DEFAULT_CHARSET;
   lstrcpynA(description.lfFaceName, spec.Name.c_str(), LF_FACESIZE);
+  // No name: the font system picks a fixed-pitch face of its own.
+  if (spec.Name == kAnyFixedPitchFont) description.lfPitchAndFamily = FIXED_PITCH | FF_MODERN;
   return fonts_.emplace(key, ScopedFont(CreateFontIndirectA(&description))).first->second.get();
 }
 

@@ -78,6 +78,7 @@ LRESULT CALLBACK FormView::Procedure(HWND window, UINT message, WPARAM wParam, L
   if (!self || !self->window_) return DefWindowProcA(window, message, wParam, lParam);
   if (self->Handle_Help_Message(message, wParam, lParam)) return 0;
   if (message == WM_ACTIVATE && self->Keep_Focus_On_Activation(wParam)) return 0;
+  if (message == WM_ENTERMENULOOP || message == WM_EXITMENULOOP) self->tips_.Activate(message == WM_EXITMENULOOP);
   return self->Handle_Message(message, wParam, lParam);
 }
 
@@ -122,6 +123,15 @@ void FormView::Show(int showCommand) {
   pendingState_.reset();
   ShowWindow(window_, showCommand);
   UpdateWindow(window_);
+}
+
+bool FormView::Press_Focused_Button(const MSG& message) {
+  if (!window_ || message.message != WM_KEYDOWN || message.wParam != VK_RETURN) return false;
+  HWND button = message.hwnd;
+  if (button != GetFocus() || !IsChild(window_, button)) return false;
+  if (!(SendMessageA(button, WM_GETDLGCODE, 0, 0) & (DLGC_DEFPUSHBUTTON | DLGC_UNDEFPUSHBUTTON))) return false;
+  if (IsWindowEnabled(button)) SendMessageA(button, BM_CLICK, 0, 0);
+  return true;
 }
 
 void FormView::Take_Typed_Text(ControlId id) {

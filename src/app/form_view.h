@@ -34,6 +34,10 @@ class FormView : public ControlObserver, public FormWindow {
   // Shift+F10 and the menu key over a control; the message loops ask it
   // first. True when it took the message.
   bool Translate_Help_Key(const MSG& message);
+  // Enter on a focused push button presses it, as in a dialog box; true when
+  // it took the message. The forms have no default button, so the dialog
+  // manager would press none.
+  bool Press_Focused_Button(const MSG& message);
 
   // ControlObserver
   void OnControlChanged(ControlId id, ControlAspect aspect) override;

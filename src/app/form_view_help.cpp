@@ -20,6 +20,18 @@ constexpr LPARAM kFromKeyboard = -1;  // WM_CONTEXTMENU asked for by a key, not 
 
 POINT Point_Of(LPARAM lParam) { return {static_cast<short>(LOWORD(lParam)), static_cast<short>(HIWORD(lParam))}; }
 
+// The innermost control under the point, disabled or not: a label inside a
+// frame is the label, also when the frame (and so the label) is disabled and
+// the request reaches the form from the frame rather than from the label.
+HWND Innermost_At(HWND window, POINT clientPoint) {
+  for (;;) {
+    HWND child = ChildWindowFromPointEx(window, clientPoint, CWP_SKIPINVISIBLE);
+    if (!child || child == window) return window;
+    MapWindowPoints(window, child, &clientPoint, 1);
+    window = child;
+  }
+}
+
 bool Asks_For_Whats_This(const MSG& message) {
   if (message.message != WM_KEYDOWN && message.message != WM_SYSKEYDOWN) return false;
   return message.wParam == VK_APPS || (message.wParam == VK_F10 && GetKeyState(VK_SHIFT) < 0);
@@ -69,16 +81,14 @@ bool FormView::Handle_Help_Message(UINT message, WPARAM wParam, LPARAM lParam) {
 
 void FormView::Show_Help_For(ControlId id) { Show_Help_Page(window_, Help_File(), Help_Page_For(id, Help_Form())); }
 
-// The control at the point: the window itself, or the child under the point,
-// disabled or not (those get no mouse input of their own). Nothing when the
+// The control at the point: the window itself, or the innermost child under
+// the point, disabled or not (those get no mouse input of their own). Nothing when the
 // button was released outside the window; false then.
 bool FormView::Show_Whats_This_At(HWND window, POINT clientPoint) {
   RECT area;
   GetClientRect(window, &area);
   if (!PtInRect(&area, clientPoint)) return false;
-  HWND target = window;
-  HWND child = ChildWindowFromPointEx(window, clientPoint, CWP_SKIPINVISIBLE);
-  if (child && child != window) target = child;
+  HWND target = Innermost_At(window, clientPoint);
   POINT screen = clientPoint;
   ClientToScreen(window, &screen);
   Show_Whats_This_Of(target, screen);

@@ -31,8 +31,10 @@ std::optional<MenuId> Track_Velmora_Menu(HWND owner, HWND button) {
   // The owner must be the foreground window, or the menu would not close
   // when the user clicks elsewhere.
   SetForegroundWindow(owner);
-  const int chosen = static_cast<int>(TrackPopupMenu(menu, TPM_LEFTALIGN | TPM_TOPALIGN | TPM_RETURNCMD | TPM_NONOTIFY,
-                                                     place.left, place.bottom, 0, owner, nullptr));
+  // Notifying: the owner hears of the menu loop (WM_ENTERMENULOOP) and keeps
+  // its tooltips off the menu; the choice comes back here, not as WM_COMMAND.
+  const int chosen = static_cast<int>(
+      TrackPopupMenu(menu, TPM_LEFTALIGN | TPM_TOPALIGN | TPM_RETURNCMD, place.left, place.bottom, 0, owner, nullptr));
   DestroyMenu(menu);
   PostMessageA(owner, WM_NULL, 0, 0);
   if (chosen == 0) return std::nullopt;

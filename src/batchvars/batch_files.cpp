@@ -54,13 +54,13 @@ void EnvVarSetupForm::Open_Batch_File() {
     if (chosen && Changes_Settled()) name = Trim(*chosen);
   });
   if (name.empty()) return;
+  // The label names the file once it is in the list: a report of a failed
+  // load never stands beside the name of the file that could not be read.
   Trap(engine_, true, "EnvVarSetup.(General).Open_Batch_File.TrappableErrors.2", kGoOn, [&] {
     const std::string previous = BatchFileName;
-    controls_.SetCaption(ControlId::BatchFileLabel, "Batch: " + name);
     BatchFileName = Quoted(name);
-    if (Initial_Setup()) return;
+    if (Initial_Setup()) return controls_.SetCaption(ControlId::BatchFileLabel, "Batch: " + name);
     BatchFileName = previous;  // the list still shows the file it showed
-    controls_.SetCaption(ControlId::BatchFileLabel, "Batch: " + Unquoted(previous));
   });
 }
 
@@ -95,9 +95,8 @@ bool EnvVarSetupForm::Initial_Setup() {
   return true;
 }
 
-// "Lucida Console" where the system has it, else "Courier New".
 void EnvVarSetupForm::Choose_Font() {
-  if (view_.SetBatchFont("Lucida Console") != "Lucida Console") view_.SetBatchFont("Courier New");
+  Choose_List_Font([this](const std::string& name) { return view_.SetBatchFont(name); });
 }
 
 void EnvVarSetupForm::Add_Line(std::string line) {
@@ -126,7 +125,6 @@ void EnvVarSetupForm::Save_Batch_File() {
       {true, "Save Batch File", ".BAT", kBatchFilter, engine_.host.CurrentDirectory(), Unquoted(BatchFileName)});
   const std::string name = chosen ? Trim(*chosen) : std::string();
   if (name.empty()) return;
-  controls_.SetCaption(ControlId::BatchFileLabel, "Batch: " + name);
 
   const long reportsBefore = engine_.reportsMade;
   const auto failed = [&] { return engine_.reportsMade != reportsBefore; };
@@ -142,6 +140,7 @@ void EnvVarSetupForm::Save_Batch_File() {
   if (failed()) return Report_Last_Failure();
 
   BatchFileName = Quoted(name);
+  controls_.SetCaption(ControlId::BatchFileLabel, "Batch: " + name);  // only a file written is named
   engine_.host.Beep();
   Modified = false;
   controls_.SetEnabled(ControlId::SaveBatchButton, false);

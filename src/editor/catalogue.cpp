@@ -1,4 +1,5 @@
 // The catalogue of commands and the panel that each entry prepares.
+#include <algorithm>
 #include <iterator>
 
 #include "catalogue_table.h"
@@ -64,19 +65,16 @@ void Open_Field(FormControls& controls, ControlId field, const char* toolTip = n
   if (toolTip) controls.SetToolTip(field, toolTip);
 }
 
-// The three styles of the condition buttons differ by design.
-struct ConditionStyle {
-  std::uint8_t Code;
-  const char* Prefix;
-  FontSpec Font;
+const std::vector<ChoiceCaptions> kChoiceCaptions = {
+    {kDebugCommand, "Debug: on", "Debug: off", {"MS Sans Serif", 8, true}, "Default:  Less Info"},
+    {kIfCommand, "If:  succeeded", ": failed", {"MS Sans Serif", 10, true}, ""},
+    {kWhileCommand, "While: succeeded", ": failed", {"MS Sans Serif", 8, false}, ""},
+    {kUntilCommand, "Until: succeeded", ": failed", {"MS Sans Serif", 8, true}, ""},
 };
-const std::array<ConditionStyle, 3> kConditionStyles = {{
-    {kIfCommand, "If:  ", {"MS Sans Serif", 10, true}},
-    {kWhileCommand, "While: ", {"MS Sans Serif", 8, false}},
-    {kUntilCommand, "Until: ", {"MS Sans Serif", 8, true}},
-}};
 
 }  // namespace
+
+const std::vector<ChoiceCaptions>& Choice_Captions() { return kChoiceCaptions; }
 
 const CatalogueSpec* Catalogue_Spec(int catalogue) {
   if (catalogue != kAutomationCatalogue && catalogue != kFlowControlCatalogue) return nullptr;
@@ -149,14 +147,16 @@ void EditorForm::Show_Mouse_Options(const char* letters, int buttons) {
   controls_.SetFocus(focus);
 }
 
-void EditorForm::Show_Choice_Options(const std::string& first, const std::string& second, const FontSpec& font,
-                                     const std::string& toolTip) {
+void EditorForm::Show_Choice_Options(std::uint8_t code) {
+  const auto choice = std::find_if(kChoiceCaptions.begin(), kChoiceCaptions.end(),
+                                   [code](const ChoiceCaptions& row) { return row.Code == code; });
+  if (choice == kChoiceCaptions.end()) return;
   const ControlId options[] = {DebugState(0), DebugState(1)};
-  const std::string captions[] = {first, second};
+  const char* captions[] = {choice->First, choice->Second};
   for (int index = 0; index < 2; ++index) {
     controls_.SetCaption(options[index], captions[index]);
-    controls_.SetFont(options[index], font);
-    controls_.SetToolTip(options[index], toolTip);
+    controls_.SetFont(options[index], choice->Font);
+    controls_.SetToolTip(options[index], choice->ToolTip);
     controls_.SetVisible(options[index], true);
     controls_.SetEnabled(options[index], true);
   }
@@ -203,7 +203,7 @@ void EditorForm::Prepare_Panel(std::uint8_t code) {
       return c.SetFocus(C::CommandLine);
     case kDebugCommand:
       Describe(c, C::CommandLineLabel, "Debug Options: 'on' or 'off'", "Specify that you wish more Debug information");
-      return Show_Choice_Options("Debug: on", "Debug: off", {"MS Sans Serif", 8, true}, "Default:  Less Info");
+      return Show_Choice_Options(code);
     case kOpenFlowControl:
       return Load_Commands(kFlowControlCatalogue);
     case kBackToAutomation:
@@ -217,10 +217,7 @@ void EditorForm::Prepare_Panel(std::uint8_t code) {
     case kUntilCommand:
       Describe(c, C::CommandLineLabel, "Logical Conditions: 'succeeded' or 'failed'",
                "Succeeded if PRECEEDING RunProgram, FoundWindow, SendKeys or TestEnvironmentVariable succeeded.");
-      for (const ConditionStyle& style : kConditionStyles)
-        if (style.Code == code)
-          Show_Choice_Options(std::string(style.Prefix) + "succeeded", ": failed", style.Font, "");
-      return;
+      return Show_Choice_Options(code);
     case kBlankLine:
     case kQuitCommand:
     case kElseCommand:

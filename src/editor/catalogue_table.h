@@ -5,6 +5,9 @@
 #include <array>
 #include <cstdint>
 #include <optional>
+#include <vector>
+
+#include "form_controls.h"
 
 namespace velmora {
 
@@ -35,5 +38,16 @@ struct CataloguePlace {
 
 // Where the entry of a command code stands; nothing for a code no entry has.
 std::optional<CataloguePlace> Catalogue_Place_Of(std::uint8_t code);
+
+// The captions and font of the two choice options (DebugState(0) and (1)) for
+// each command that shows them; their styles differ by design.
+struct ChoiceCaptions {
+  std::uint8_t Code;
+  const char* First;
+  const char* Second;
+  FontSpec Font;
+  const char* ToolTip;
+};
+const std::vector<ChoiceCaptions>& Choice_Captions();
 
 }  // namespace velmora

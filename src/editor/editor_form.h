@@ -113,6 +113,7 @@ class EditorForm {
   void Focus_First_Enabled_Field();
   void Filter_Time_Field(ControlId field);
   void Close_Debug_File();
+  void Share_Height(long formHeight);
   bool Script_Changes_May_Go();
   bool Both_Names_Set() const;
   void Restore_Placement();
@@ -125,8 +126,7 @@ class EditorForm {
   void Reset_Panel(bool emptyTexts);
   void Write_Default(ControlId field, const char* text);
   void Show_Mouse_Options(const char* letters, int buttons);
-  void Show_Choice_Options(const std::string& first, const std::string& second, const FontSpec& font,
-                           const std::string& toolTip);
+  void Show_Choice_Options(std::uint8_t code);
   bool Insert_Allowed() const;
   void Place_Line(const std::string& line);
   void Set_Overwrite_Mode(bool on);

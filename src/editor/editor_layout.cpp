@@ -59,9 +59,10 @@ const std::vector<ControlDeclaration> kControls = {
      kFormFont},
     {C::DoubleClick, "DoubleClick", K::CheckBox, C::ScriptEditorFrame, {2040, 1620, 1700, 240}, "Double C&lick", "",
      kFormFont},
-    {C::DebugState0, "DebugState(0)", K::OptionButton, C::ScriptEditorFrame, {120, 1440, 1800, 300}, "", "",
+    // The first choice has the long captions ("Until: succeeded"), the second only ": failed" or "Debug: off".
+    {C::DebugState0, "DebugState(0)", K::OptionButton, C::ScriptEditorFrame, {120, 1440, 2100, 300}, "", "",
      kBoldFont},
-    {C::DebugState1, "DebugState(1)", K::OptionButton, C::ScriptEditorFrame, {1980, 1440, 1800, 300}, "", "",
+    {C::DebugState1, "DebugState(1)", K::OptionButton, C::ScriptEditorFrame, {2260, 1440, 1520, 300}, "", "",
      kBoldFont},
     {C::InsertCommandButton, "InsertCommandButton", K::Button, C::ScriptEditorFrame, {120, 2180, 1760, 380},
      "Insert Command", "Insert this command in the Script", kFormFont},

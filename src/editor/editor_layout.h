@@ -28,6 +28,12 @@ constexpr long kDesignedFormHeight = 9000;
 constexpr long kMinimumFormWidth = 8295;
 constexpr long kMinimumFormHeight = 8595;
 
+// How much of a height beyond the designed one the script list takes (the
+// debug output takes the rest): a taller window is for more script as well.
+constexpr long Script_Share_Of_Height(long formHeight) {
+  return formHeight > kDesignedFormHeight ? (formHeight - kDesignedFormHeight) / 2 : 0;
+}
+
 const std::vector<ControlDeclaration>& Editor_Controls();
 const ControlDeclaration* Find_Declaration(ControlId id);
 

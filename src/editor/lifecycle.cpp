@@ -100,15 +100,31 @@ void EditorForm::Form_Resize() {
   width_of(ControlId::TraceWindow, controls_[ControlId::TraceFrame].Rect.Width - 80);
   width_of(ControlId::DebugFrame, form.Width - 175);
   width_of(ControlId::DebugWindow, controls_[ControlId::DebugFrame].Rect.Width - 80);
-  TwipsRect debugFrame = controls_[ControlId::DebugFrame].Rect;
-  debugFrame.Height = form.Height - 6995;
-  controls_.SetRect(ControlId::DebugFrame, debugFrame);
-  TwipsRect debugWindow = controls_[ControlId::DebugWindow].Rect;
-  debugWindow.Height = debugFrame.Height - 280;
-  controls_.SetRect(ControlId::DebugWindow, debugWindow);
+  Share_Height(form.Height);
 
   Set_Trace_HScroll_Bar();
   Set_Debug_HScroll_Bar();
+}
+
+// Down the right-hand side: the script list and its buttons over the debug
+// output. Extra height beyond the designed one is shared between the two
+// lists; below it only the debug output gives way.
+void EditorForm::Share_Height(long formHeight) {
+  const long more = Script_Share_Of_Height(formHeight);
+  const auto place = [&](ControlId id, long top, long height) {
+    TwipsRect rect = controls_[id].Rect;
+    rect.Top = top;
+    rect.Height = height;
+    controls_.SetRect(id, rect);
+  };
+  const auto designed = [](ControlId id) { return Find_Declaration(id)->Rect; };
+  for (const ControlId list : {ControlId::TraceFrame, ControlId::TraceWindow})
+    place(list, designed(list).Top, designed(list).Height + more);
+  for (const ControlId below : {ControlId::TraceControlsFrame, ControlId::DebugFrame})
+    place(below, designed(below).Top + more, designed(below).Height);
+  place(ControlId::DebugFrame, controls_[ControlId::DebugFrame].Rect.Top, formHeight - 6995 - more);
+  place(ControlId::DebugWindow, designed(ControlId::DebugWindow).Top,
+        controls_[ControlId::DebugFrame].Rect.Height - 280);
 }
 
 // The trace list scrolls sideways exactly to the end of its widest line.

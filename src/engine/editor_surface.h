@@ -3,6 +3,7 @@
 // and the trace font. The automatic session has no surface.
 #pragma once
 
+#include <functional>
 #include <string>
 
 namespace velmora {
@@ -22,6 +23,15 @@ class EditorSurface {
   // Sets the trace list's font and returns the name of the font it now has.
   virtual std::string SetTraceFont(const std::string& name) = 0;
 };
+
+// The font name that asks for any fixed-pitch font the system has.
+inline constexpr char kAnyFixedPitchFont[] = "";
+
+// The lists of script and batch lines are in "Lucida Console" where the
+// system has it, else "Courier New", else any fixed-pitch font: columns stay
+// aligned on a system with neither. setFont sets the list's font by name and
+// returns the face it got; the face chosen last is returned.
+std::string Choose_List_Font(const std::function<std::string(const std::string&)>& setFont);
 
 // The editor's own values that the engine reads and writes.
 struct EditorState {

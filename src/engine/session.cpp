@@ -94,8 +94,7 @@ void Write_Interactive_Header(Engine& engine, const std::string& debugName) {
 }
 
 void Set_Trace_Font(Engine& engine) {
-  if (!engine.surface) return;
-  if (engine.surface->SetTraceFont("Lucida Console") != "Lucida Console") engine.surface->SetTraceFont("Courier New");
+  if (engine.surface) Choose_List_Font([&](const std::string& name) { return engine.surface->SetTraceFont(name); });
 }
 
 void Read_Script(Engine& engine, bool interactive, FileNumber& scriptFileNumber) {
@@ -183,6 +182,12 @@ void Pause_Tenths(Engine& engine, int tenths) {
     engine.host.Sleep(95);
     engine.host.DoEvents();
   }
+}
+
+std::string Choose_List_Font(const std::function<std::string(const std::string&)>& setFont) {
+  for (const char* name : {"Lucida Console", "Courier New"})
+    if (setFont(name) == name) return name;
+  return setFont(kAnyFixedPitchFont);
 }
 
 }  // namespace velmora

@@ -186,34 +186,67 @@ TEST_F(EditorFilesTest, ANewDebugFileIsAnnouncedInTheOldOneAndStartsFresh) {
 struct ResizeRow {
   WindowState state;
   long width, height, screenWidth, screenHeight;
-  long wantWidth, wantHeight;
+  long wantWidth, wantHeight, wantScriptLines, wantDebugLines;  // the heights of the two lists
 };
 
-TEST_F(EditorFilesTest, ResizeKeepsTheMinimumAndLetsTheListsFollow) {
+// Both lists follow the width; extra height is shared between them, and the
+// right-hand side stays stacked: script, its buttons, the debug output to the
+// form's designed bottom margin.
+TEST_F(EditorFilesTest, ResizeKeepsTheMinimumAndSharesTheHeightBetweenTheLists) {
   const ResizeRow rows[] = {
-      {WindowState::Normal, 12000, 10000, 19200, 14400, 12000, 10000},
-      {WindowState::Normal, 5000, 6000, 19200, 14400, 8295, 8595},
-      {WindowState::Maximized, 8000, 8000, 8000, 8000, 8000, 8000},  // a screen too small: left alone
-      {WindowState::Maximized, 8000, 8000, 8295, 8595, 8295, 8595}};
+      {WindowState::Normal, 9600, 9000, 19200, 14400, 9600, 9000, 4600, 1725},
+      {WindowState::Normal, 12000, 10000, 19200, 14400, 12000, 10000, 5100, 2225},
+      {WindowState::Normal, 9600, 9001, 19200, 14400, 9600, 9001, 4600, 1726},
+      {WindowState::Normal, 9600, 14400, 19200, 14400, 9600, 14400, 7300, 4425},
+      {WindowState::Normal, 5000, 6000, 19200, 14400, 8295, 8595, 4600, 1320},
+      {WindowState::Maximized, 8000, 8000, 8000, 8000, 8000, 8000, 4600, 725},  // a screen too small: left alone
+      {WindowState::Maximized, 8000, 8000, 8295, 8595, 8295, 8595, 4600, 1320}};
+  const auto bottom = [&](C id) { return controls[id].Rect.Top + controls[id].Rect.Height; };
   for (const ResizeRow& row : rows) {
+    SCOPED_TRACE(::testing::Message() << row.width << " x " << row.height);
     window.state = row.state;
     window.placement = {0, 0, row.width, row.height};
     window.screenWidth = row.screenWidth;
     window.screenHeight = row.screenHeight;
     form.Form_Resize();
-    EXPECT_EQ(window.placement.Width, row.wantWidth) << row.width;
-    EXPECT_EQ(window.placement.Height, row.wantHeight) << row.height;
+    EXPECT_EQ(window.placement.Width, row.wantWidth);
+    EXPECT_EQ(window.placement.Height, row.wantHeight);
     EXPECT_EQ(controls[C::ScriptFileLabel].Rect.Width, row.wantWidth - 4065);
     EXPECT_EQ(controls[C::ScriptCover].Rect.Width, row.wantWidth - 4065);
     EXPECT_EQ(controls[C::TraceWindow].Rect.Width, row.wantWidth - 4210 - 80);
     EXPECT_EQ(controls[C::DebugWindow].Rect.Width, row.wantWidth - 175 - 80);
-    EXPECT_EQ(controls[C::DebugWindow].Rect.Height, row.wantHeight - 6995 - 280);
-    EXPECT_EQ(controls[C::TraceFrame].Rect.Height, Find_Declaration(C::TraceFrame)->Rect.Height);
+    EXPECT_EQ(controls[C::TraceWindow].Rect.Height, row.wantScriptLines);
+    EXPECT_EQ(controls[C::DebugWindow].Rect.Height, row.wantDebugLines);
+    EXPECT_EQ(controls[C::TraceFrame].Rect.Height - controls[C::TraceWindow].Rect.Height, 280);
+    EXPECT_EQ(controls[C::DebugFrame].Rect.Height - controls[C::DebugWindow].Rect.Height, 280);
+    EXPECT_EQ(controls[C::TraceControlsFrame].Rect.Top, bottom(C::TraceFrame) + 20);
+    EXPECT_EQ(controls[C::DebugFrame].Rect.Top, bottom(C::TraceControlsFrame) + 30);
+    EXPECT_EQ(bottom(C::DebugFrame), row.wantHeight - 465);
   }
   window.state = WindowState::Minimized;  // nothing happens while minimised
   window.placement = {0, 0, 100, 100};
   form.Form_Resize();
   EXPECT_EQ(window.placement.Width, 100);
+}
+
+// Each script read in is measured afresh: the list scrolls sideways as far as
+// the widest line it shows now, however wide the lines before it were.
+TEST_F(EditorFilesTest, TheScriptListScrollsToTheWidestLineOfTheScriptShown) {
+  host.files["C:\\s\\wide.vls"] = "' " + std::string(200, 'w') + "\r\n";
+  host.files["C:\\s\\narrow.vls"] = "quit\r\n";
+  const auto widest_shown = [&] {
+    std::size_t widest = 0;
+    for (const std::string& line : engine.TraceWindow.Items()) widest = std::max(widest, line.size());
+    return static_cast<long>(widest) * 7 + 5;
+  };
+  Start_With("C:\\s\\wide.vls", "C:\\s\\a.vld");
+  for (const char* name : {"C:\\s\\narrow.vls", "C:\\s\\wide.vls", "C:\\s\\narrow.vls"}) {
+    ASSERT_FALSE(surface.traceExtents.empty());
+    EXPECT_EQ(surface.traceExtents.back(), widest_shown()) << "before " << name;
+    dialogs.replies = {name};
+    form.OpenScriptButton_Click();
+  }
+  EXPECT_EQ(surface.traceExtents.back(), widest_shown());
 }
 
 struct ClosingRow {

@@ -21,7 +21,7 @@ using Lines = std::vector<std::string>;
 // lists 300 pixels wide, and only Courier New of the fonts asked for installed.
 class FakeSurface : public EditorSurface {
  public:
-  std::vector<long> extents;
+  std::vector<long> extents, traceExtents;
   int debugFrameEnabled = 0;
   std::vector<std::string> fonts;
 
@@ -31,7 +31,7 @@ class FakeSurface : public EditorSurface {
   void EnableDebugFrame() override { ++debugFrameEnabled; }
   long MeasureTraceText(const std::string& text) override { return static_cast<long>(text.size()) * 7; }
   long TraceWindowWidth() override { return 300; }
-  void SetTraceHorizontalExtent(long) override {}
+  void SetTraceHorizontalExtent(long pixels) override { traceExtents.push_back(pixels); }
   std::string SetTraceFont(const std::string& name) override {
     fonts.push_back(name);
     return name == "Courier New" ? name : "System";

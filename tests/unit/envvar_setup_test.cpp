@@ -12,18 +12,24 @@ using C = ControlId;
 
 class FakeBatchView : public BatchView {
  public:
-  bool hasLucida = true;
+  std::string faces = "Lucida Console|Courier New";  // the fixed-pitch faces installed
   long listWidth = 100;
   std::vector<long> extents;
   std::vector<std::string> fonts, reports;
+  const FormControls* form = nullptr;
+  std::vector<std::string> labelsAtReport;  // what the file label said beside each report
   long MeasureBatchText(const std::string& text) override { return static_cast<long>(text.size()) * 10; }
   long BatchWindowWidth() override { return listWidth; }
   void SetBatchHorizontalExtent(long pixels) override { extents.push_back(pixels); }
   std::string SetBatchFont(const std::string& name) override {
     fonts.push_back(name);
-    return name == "Lucida Console" && !hasLucida ? "Arial" : name;
+    if (name == kAnyFixedPitchFont) return "Fixedsys";
+    return faces.find(name) == std::string::npos ? "Arial" : name;
   }
-  void ShowReport(const std::string& title, const std::string& text) override { reports.push_back(title + "|" + text); }
+  void ShowReport(const std::string& title, const std::string& text) override {
+    reports.push_back(title + "|" + text);
+    if (form) labelsAtReport.push_back((*form)[ControlId::BatchFileLabel].Caption);
+  }
 };
 
 class EnvVarSetupTest : public EngineTest {
@@ -35,7 +41,10 @@ class EnvVarSetupTest : public EngineTest {
   CRegSettings settings{registry};
   EnvVarSetupForm form{engine, controls, window, view, dialogs, settings};
 
-  EnvVarSetupTest() { engine.state.InteractiveSession = true; }
+  EnvVarSetupTest() {
+    engine.state.InteractiveSession = true;
+    view.form = &controls;
+  }
 
   void Open(const std::string& path, const std::string& text) {
     host.files[path] = text;
@@ -48,16 +57,17 @@ class EnvVarSetupTest : public EngineTest {
 TEST_F(EnvVarSetupTest, LoadingFramesTheFileWithTheHeadingAndTheSpareLineInTheAvailableFont) {
   const struct {
     const char* text;
-    bool hasLucida;
+    const char* faces;
     Lines lines, fonts;
-  } rows[] = {{"", true, {}, {"Lucida Console"}},
+  } rows[] = {{"", "Lucida Console|Courier New", {}, {"Lucida Console"}},
               {"@echo off\r\n    SET Path = C:\\DOS\r\n",
-               false,
+               "Courier New",
                {"@echo off", "    SET Path = C:\\DOS"},
-               {"Lucida Console", "Courier New"}}};
+               {"Lucida Console", "Courier New"}},
+              {"", "", {}, {"Lucida Console", "Courier New", kAnyFixedPitchFont}}};
   for (const auto& row : rows) {
-    SCOPED_TRACE(row.text);
-    view.hasLucida = row.hasLucida;
+    SCOPED_TRACE(row.faces);
+    view.faces = row.faces;
     view.fonts.clear();
     Open("C:\\b\\set.bat", row.text);
     EXPECT_EQ(Items(), Joined(Joined({Trace_Header_Line()}, row.lines), {"   "}));
@@ -154,6 +164,12 @@ TEST_F(EnvVarSetupTest, ChoosingShowsOnlyStatementsAndLeavingTheLineAbandonsTheE
 }
 
 TEST_F(EnvVarSetupTest, FailuresAreReportedByTheFormAndLoseNothing) {
+  // A first file that cannot be read is never named: no file is shown.
+  host.unopenable = {"C:\\b\\locked.bat"};
+  Open("C:\\b\\locked.bat", "set A=1\r\n");
+  EXPECT_EQ(view.labelsAtReport, std::vector<std::string>{"Batch: "});
+  EXPECT_EQ(controls[C::BatchFileLabel].Caption, "Batch: ");
+  view.reports.clear();
   Open("C:\\b\\none.bat", "echo set\r\n");
   form.BatchWindow.Select(1);
   form.Step_To_Previous();
@@ -171,8 +187,15 @@ TEST_F(EnvVarSetupTest, FailuresAreReportedByTheFormAndLoseNothing) {
   form.OpenBatchButton_Click();
   EXPECT_EQ(form.BatchFileName, "\"C:\\b\\none.bat\"");
   EXPECT_EQ(controls[C::BatchFileLabel].Caption, "Batch: C:\\b\\none.bat");
+  EXPECT_EQ(view.labelsAtReport.back(), "Batch: C:\\b\\none.bat");
   EXPECT_EQ(Items()[1], "echo set");
   EXPECT_NE(view.reports.back().find("EnvVarSetup.(General).Initial_Setup.OpenInput.2"), std::string::npos);
+
+  // So is a file that could not be written.
+  host.unopenable.insert("C:\\b\\readonly.bat");
+  dialogs.replies = {"C:\\b\\readonly.bat"};
+  form.SaveBatchButton_Click();
+  EXPECT_EQ(controls[C::BatchFileLabel].Caption, "Batch: C:\\b\\none.bat");
 }
 
 // A changed file goes only when the user lets it: Cancel, or Yes with the
@@ -208,6 +231,45 @@ TEST_F(EnvVarSetupTest, AChangedFileIsOnlyLeftWhenTheUserLetsItGo) {
       EXPECT_EQ(form.Modified, !row.goes || (closing && row.answer == SaveAnswer::No));
     }
   }
+}
+
+// The list takes the form's extra width and height; the name, the frame and
+// the Update button keep to the right edge, the frame to the bottom, until
+// the list is at its least height.
+TEST_F(EnvVarSetupTest, ResizeKeepsTheMinimumAndLetsTheListTakeTheSpace) {
+  const struct {
+    WindowState state;
+    long width, height, wantWidth, wantHeight, wantListHeight;
+  } rows[] = {{WindowState::Normal, 7800, 6600, 7800, 6600, 3960},
+              {WindowState::Normal, 12000, 9000, 12000, 9000, 6360},
+              {WindowState::Normal, 3000, 3000, 5400, 4200, 1560},
+              {WindowState::Maximized, 5000, 3000, 5000, 3000, 600}};  // a tiny screen: the list keeps a least height
+  const auto right = [&](C id) { return controls[id].Rect.Left + controls[id].Rect.Width; };
+  const auto bottom = [&](C id) { return controls[id].Rect.Top + controls[id].Rect.Height; };
+  for (const auto& row : rows) {
+    SCOPED_TRACE(::testing::Message() << row.width << " x " << row.height);
+    window.state = row.state;
+    window.placement = {0, 0, row.width, row.height};
+    form.Form_Resize();
+    EXPECT_EQ(window.placement.Width, row.wantWidth);
+    EXPECT_EQ(window.placement.Height, row.wantHeight);
+    EXPECT_EQ(controls[C::BatchWindow].Rect.Height, row.wantListHeight);
+    for (const C id : {C::BatchFileLabel, C::BatchWindow, C::BatchFrame}) EXPECT_EQ(right(id), row.wantWidth - 220);
+    EXPECT_EQ(controls[C::BatchFrame].Rect.Top, bottom(C::BatchWindow) + 60);
+    if (row.wantListHeight > 600) {
+      EXPECT_EQ(bottom(C::BatchFrame), row.wantHeight - 540);
+    }
+    const long inside = controls[C::BatchFrame].Rect.Width;
+    EXPECT_EQ(right(C::EnvVarNameLabel), inside - 120);
+    EXPECT_EQ(right(C::UpdateEnvVarButton), inside - 120);
+    EXPECT_EQ(right(C::EnvVarValue), controls[C::UpdateEnvVarButton].Rect.Left - 120);
+  }
+  // At the designed size the layout is the one the table declares.
+  window.state = WindowState::Normal;
+  window.placement = {0, 0, kDesignedBatchFormWidth, kDesignedBatchFormHeight};
+  form.Form_Resize();
+  for (const ControlDeclaration& declared : Batch_Controls())
+    EXPECT_EQ(controls[declared.Id].Rect, declared.Rect) << declared.Name;
 }
 
 // The place and the file are kept in their own section, and the file opens
