@@ -146,9 +146,11 @@ void ListBoxMirror::OnSelected(long index) {
 }
 
 // The list box moves or drops its selection by its own rules when items come
-// and go; the model's selection is the one shown.
+// and go, and may move the selection without its caret (where the arrow keys
+// start from); the model's selection is the one shown, caret and all.
 void ListBoxMirror::Keep_Selection() {
-  if (Send(listBox_, LB_GETCURSEL) != model_.Selected()) OnSelected(model_.Selected());
+  const long selected = model_.Selected();
+  if (Send(listBox_, LB_GETCURSEL) != selected || Send(listBox_, LB_GETCARETINDEX) != selected) OnSelected(selected);
 }
 
 }  // namespace velmora

@@ -1,5 +1,5 @@
 // A list box mirroring a list model: the model's selection survives every
-// item change, and a script of 100,000 lines fills the list quickly.
+// item change, and so does the caret the arrow keys move from, and a script of 100,000 lines fills the list quickly.
 #include <chrono>
 #include <functional>
 #include <string>
@@ -18,6 +18,7 @@ class ListBoxMirrorTest : public testing::Test {
     return text;
   }
   long Selected() const { return static_cast<long>(SendMessageA(list_, LB_GETCURSEL, 0, 0)); }
+  long Caret() const { return static_cast<long>(SendMessageA(list_, LB_GETCARETINDEX, 0, 0)); }
   long Count() const { return static_cast<long>(SendMessageA(list_, LB_GETCOUNT, 0, 0)); }
 
   Windows windows_;
@@ -37,6 +38,7 @@ TEST_F(ListBoxMirrorTest, ShowsTheModelsSelectionAfterEveryItemChange) {
       {"the selected item removed", 2, [](ListModel& m) { m.Remove(2); }},
       {"an item before it removed", 2, [](ListModel& m) { m.Remove(0); }},
       {"an item inserted before it", 2, [](ListModel& m) { m.Insert(0, "new"); }},
+      {"an item inserted at it", 2, [](ListModel& m) { m.Insert(2, "new"); }},
       {"the last item removed while selected", 4, [](ListModel& m) { m.Remove(m.Count() - 1); }},
   };
   for (const auto& row : rows) {
@@ -47,6 +49,7 @@ TEST_F(ListBoxMirrorTest, ShowsTheModelsSelectionAfterEveryItemChange) {
     row.apply(model_);
     Pump_For(0);
     EXPECT_EQ(Selected(), model_.Selected()) << row.change;
+    EXPECT_EQ(Caret(), model_.Selected()) << row.change;
     ASSERT_EQ(Count(), static_cast<long>(model_.Count())) << row.change;
     for (long i = 0; i < Count(); ++i) EXPECT_EQ(Text(i), model_.Item(i)) << row.change << ", item " << i;
   }
