@@ -22,6 +22,7 @@ class InputGuardTest : public AutomationTest {
     desktop.foregroundRefused = false;
     desktop.afterInput = nullptr;
     desktop.whileKeysQueued = nullptr;
+    host.onDoEvents = nullptr;
     Arrange_Windows();
   }
   void Arrange_Windows() {
@@ -93,6 +94,8 @@ TEST_F(InputGuardTest, ClicksReachTheTargetOrAreNotSent) {
          desktop.foregroundRefused = true;
        },
        false, 1, R"(Info: The foreground stays with "Other Setup" (#32770); no click was sent.)"},
+      {"a target that keeps growing downwards", [&] { host.onDoEvents = [&] { ++desktop.At(next).rect.bottom; }; },
+       false, 1, "Info: The window did not stand still within 10 seconds; no click was sent."},
       {"the foreground taken during the press: released on the target, and failed",
        [&] {
          desktop.afterInput = [&] {
@@ -138,6 +141,12 @@ TEST_F(InputGuardTest, EveryKeyReachesTheTargetOrTheRestIsNotSent) {
          desktop.foregroundRefused = true;
        },
        false, 0, R"(Info: The keys would go to "Cancel" (Button) of "Other Setup"; no keys were sent.)"},
+      {"another control of the target's dialog keeps the focus: none is sent",
+       [&] {
+         desktop.TakeForeground(next);
+         desktop.foregroundRefused = true;
+       },
+       false, 0, R"(Info: The keys would go to "Next >" (Button) of "Setup"; no keys were sent.)"},
       {"the keyboard taken between groups is taken back", [&] { steal_after_first_group(false); }, true, 4, ""},
       {"the keyboard taken for good: the rest is not sent", [&] { steal_after_first_group(true); }, false, 1,
        R"(Info: "Cancel" (Button) of "Other Setup" took the keyboard focus; 4 of 5 keys were not sent.)"},
