@@ -160,31 +160,26 @@ run_one() {
 trim() { local s="$1"; s="${s#"${s%%[![:space:]]*}"}"; printf '%s' "${s%"${s##*[![:space:]]}"}"; }
 
 run_case() {
-  local case_dir="$1" name
+  local case_dir="$1" name row field variant status log env_words env_lines command_line expected label common_env=""
   name="$(basename "$case_dir")"
-  if [ -f "$case_dir/table" ]; then
-    local row field variant status log env_words env_lines command_line expected
-    while IFS= read -r row || [ -n "$row" ]; do
-      row="${row%$'\r'}"
-      [[ "$(trim "$row")" == "" || "$(trim "$row")" == \#* ]] && continue
-      IFS='|' read -r variant status log env_words _ <<<"$row"
-      for field in variant status log env_words; do printf -v "$field" '%s' "$(trim "${!field}")"; done
-      command_line="${row#*|*|*|*|}"
-      command_line="${command_line#"${command_line%%[! ]*}"}"
-      expected=""
-      [ "$log" != "-" ] && expected="$case_dir/$log"
-      env_lines=""
-      [ "$env_words" != "-" ] && env_lines="$(tr -s ' ' '\n' <<<"$env_words")"
-      run_one "$case_dir" "$name/$variant" "$variant" "$status" "$expected" "$env_lines" "$command_line"
-    done <"$case_dir/table"
-  else
-    local status=0 env_lines="" command_line expected=""
-    [ -f "$case_dir/expected_status" ] && status="$(trim "$(cat "$case_dir/expected_status")")"
-    [ -f "$case_dir/env" ] && env_lines="$(tr -d '\r' <"$case_dir/env" | grep -v '^[[:space:]]*\(#\|$\)')"
-    [ -f "$case_dir/expected.vld" ] && expected="$case_dir/expected.vld"
-    IFS= read -r command_line <"$case_dir/cmdline" || true
-    run_one "$case_dir" "$name" "" "$status" "$expected" "$env_lines" "${command_line%$'\r'}"
-  fi
+  [ -f "$case_dir/table" ] || { echo "FAIL $name (the case has no table)" && failed=$((failed + 1)) && return; }
+  [ -f "$case_dir/env" ] && common_env="$(tr -d '\r' <"$case_dir/env" | grep -v '^[[:space:]]*\(#\|$\)')"
+  while IFS= read -r row || [ -n "$row" ]; do
+    row="${row%$'\r'}"
+    [[ "$(trim "$row")" == "" || "$(trim "$row")" == \#* ]] && continue
+    IFS='|' read -r variant status log env_words _ <<<"$row"
+    for field in variant status log env_words; do printf -v "$field" '%s' "$(trim "${!field}")"; done
+    command_line="${row#*|*|*|*|}"
+    command_line="${command_line#"${command_line%%[! ]*}"}"
+    expected=""
+    [ "$log" != "-" ] && expected="$case_dir/$log"
+    env_lines="$common_env"
+    [ "$env_words" != "-" ] && env_lines+=$'\n'"$(tr -s ' ' '\n' <<<"$env_words")"
+    # A case of one run has no variant name.
+    label="$name/$variant"
+    [ "$variant" == "-" ] && variant="" && label="$name"
+    run_one "$case_dir" "$label" "$variant" "$status" "$expected" "$env_lines" "$command_line"
+  done <"$case_dir/table"
 }
 
 cases=()
