@@ -57,6 +57,21 @@ launch() {
   launched=$!
 }
 
+# The lines of a session that starts the editor, opens a new script <name>.vls
+# with the debug file <name>.vld, and finds the command catalogue.
+new_script_lines() {
+  sed "s/NAME/$1/g" <<'SCRIPT'
+run: "velmora.exe"
+findwindow: 2, "Velmora - IDE", "VelmoraEditor", 0, 0.5, 0.5, "&Open Script", "Button", 1007, 0.5, 0.5, 0.30
+sendbuttons: sl
+findwindow: 2, "Velmora - IDE", "VelmoraEditor", 0, 0.5, 0.5, "New Script File", "#32770", 0, 0.5, 0.5, 0.15
+sendkeys: "NAME.vls{ENTER}"
+findwindow: 2, "Velmora - IDE", "VelmoraEditor", 0, 0.5, 0.5, "Open New Debug File", "#32770", 0, 0.5, 0.5, 0.15
+sendkeys: "NAME.vld{ENTER}"
+findwindow: 3, "Velmora - IDE", "VelmoraEditor", 0, 0.5, 0.5, "Automation Commands", "VelmoraFrame", 1100, 0.5, 0.5, "", "ListBox", 1101, 0.5, 0.5, 0.10
+SCRIPT
+}
+
 # A pick in progress, as docs/pick.png: a Velmora session opens the editor at
 # the top right of the screen, chooses "Find a Window", enters its field and
 # points at the sample setup's Next button; the picture is taken while the
@@ -65,17 +80,11 @@ take_pick_picture() {
   local pick_picture="$root/docs/pick.png" key='HKCU\Software\Velmora Software\Velmora\Editor'
   wine_run reg add "$key" /v Left /t REG_SZ /d 9600 /f >/dev/null 2>&1
   wine_run reg add "$key" /v Top /t REG_SZ /d 0 /f >/dev/null 2>&1
-  cat >"$demo/pick-picture.vls" <<'SCRIPT'
-run: "velmora-sample-setup.exe"
-findwindow: 2, "Velmora Sample Setup", "#32770", 0, 0.5, 0.5, "&Next >", "Button", 1, 0.5, 0.5, 0.30
-run: "velmora.exe"
-findwindow: 2, "Velmora - IDE", "VelmoraEditor", 0, 0.5, 0.5, "&Open Script", "Button", 1007, 0.5, 0.5, 0.30
-sendbuttons: sl
-findwindow: 2, "Velmora - IDE", "VelmoraEditor", 0, 0.5, 0.5, "New Script File", "#32770", 0, 0.5, 0.5, 0.15
-sendkeys: "picked.vls{ENTER}"
-findwindow: 2, "Velmora - IDE", "VelmoraEditor", 0, 0.5, 0.5, "Open New Debug File", "#32770", 0, 0.5, 0.5, 0.15
-sendkeys: "picked.vld{ENTER}"
-findwindow: 3, "Velmora - IDE", "VelmoraEditor", 0, 0.5, 0.5, "Automation Commands", "VelmoraFrame", 1100, 0.5, 0.5, "", "ListBox", 1101, 0.5, 0.5, 0.10
+  {
+    printf '%s\n' 'run: "velmora-sample-setup.exe"' \
+      'findwindow: 2, "Velmora Sample Setup", "#32770", 0, 0.5, 0.5, "&Next >", "Button", 1, 0.5, 0.5, 0.30'
+    new_script_lines picked
+    cat <<'SCRIPT'
 sendkeys: "{UP 12}{DOWN}{ENTER}"
 findwindow: 3, "Velmora - IDE", "VelmoraEditor", 0, 0.5, 0.5, "Command Parameters", "VelmoraFrame", 1200, 0.5, 0.5, "", "Edit", 1202, 0.5, 0.5, 0.10
 sendbuttons: sl
@@ -85,6 +94,7 @@ sendkeys: "%{F4}"
 findwindow: 1, "Velmora Sample Setup", "#32770", 0, 0.5, 0.5, 0.10
 sendkeys: "{ESC}"
 SCRIPT
+  } >"$demo/pick-picture.vls"
   launch '"pick-picture.vls" "pick-picture.vld"' 60 pick
   local session=$launched
   if wine_run "$bin/wintree.exe" --wait 40 "Velmora Script Editor  ** DISABLED PENDING WINDOW LOCATION INPUT! **" \
@@ -104,15 +114,9 @@ SCRIPT
 # The picture is taken during the session's wait after the click (its log
 # shows when the wait begins); closing the editor lets the new script go.
 take_first_script_picture() {
-  cat >"$demo/first-script-picture.vls" <<'SCRIPT'
-run: "velmora.exe"
-findwindow: 2, "Velmora - IDE", "VelmoraEditor", 0, 0.5, 0.5, "&Open Script", "Button", 1007, 0.5, 0.5, 0.30
-sendbuttons: sl
-findwindow: 2, "Velmora - IDE", "VelmoraEditor", 0, 0.5, 0.5, "New Script File", "#32770", 0, 0.5, 0.5, 0.15
-sendkeys: "first.vls{ENTER}"
-findwindow: 2, "Velmora - IDE", "VelmoraEditor", 0, 0.5, 0.5, "Open New Debug File", "#32770", 0, 0.5, 0.5, 0.15
-sendkeys: "first.vld{ENTER}"
-findwindow: 3, "Velmora - IDE", "VelmoraEditor", 0, 0.5, 0.5, "Automation Commands", "VelmoraFrame", 1100, 0.5, 0.5, "", "ListBox", 1101, 0.5, 0.5, 0.10
+  {
+    new_script_lines first
+    cat <<'SCRIPT'
 sendkeys: "{UP 12}{ENTER}"
 findwindow: 3, "Velmora - IDE", "VelmoraEditor", 0, 0.5, 0.5, "Command Parameters", "VelmoraFrame", 1200, 0.5, 0.5, "", "Edit", 1202, 0.5, 0.5, 0.10
 sendbuttons: sl
@@ -129,6 +133,7 @@ sendkeys: "%{F4}"
 findwindow: 2, "Velmora - IDE", "VelmoraEditor", 0, 0.5, 0.5, "Velmora - IDE", "#32770", 0, 0.5, 0.5, 0.10
 sendkeys: "n"
 SCRIPT
+  } >"$demo/first-script-picture.vls"
   rm -f "$demo/first-script-picture.vld"
   launch '"first-script-picture.vls" "first-script-picture.vld"' 60 first
   local session=$launched
