@@ -64,19 +64,23 @@ TEST(FlowTest, FollowsTheBlockTable) {
     Lines script, ran;
     std::vector<bool> starts;  // outcomes of the program starts, in order
     long long tenths;          // pauses of a tenth (two per line run, one per loop pass); -1: not counted
-  } rows[] = {
-      {{"run: \"x\"", "while: succeeded", "run: \"x\"", "endwhile", "wait: 0"},
-       {"run: \"x\"", "while: succeeded", "  run: \"x\"", "endwhile", "while: succeeded", "  run: \"x\"", "endwhile",
-        "while: succeeded", "wait: 0"},
-       {true, true, false},
-       18 + 2},
-      {{"repeat", "run: \"x\"", "until: succeeded", "wait: 0"},
-       {"repeat", "  run: \"x\"", "until: succeeded", "  run: \"x\"", "until: succeeded", "  run: \"x\"",
-        "until: succeeded", "wait: 0"},
-       {false, false, true},
-       16 + 2},
-      // Comments and blanks are never run, but a first comment is.
-      {{"# head", "", "  # x", "wait: 0", "#", ""}, {"# head", "wait: 0"}, {}, -1}};
+  } rows[] = {                 // The then part ends at the else, which finds its if through the block table.
+              {{"run: \"ok\"", "if: succeeded", "wait: 1", "else", "wait: 2", "endif", "wait: 3"},
+               {"run: \"ok\"", "if: succeeded", "  wait: 1", "else", "wait: 3"},
+               {},
+               -1},
+              {{"run: \"x\"", "while: succeeded", "run: \"x\"", "endwhile", "wait: 0"},
+               {"run: \"x\"", "while: succeeded", "  run: \"x\"", "endwhile", "while: succeeded", "  run: \"x\"",
+                "endwhile", "while: succeeded", "wait: 0"},
+               {true, true, false},
+               18 + 2},
+              {{"repeat", "run: \"x\"", "until: succeeded", "wait: 0"},
+               {"repeat", "  run: \"x\"", "until: succeeded", "  run: \"x\"", "until: succeeded", "  run: \"x\"",
+                "until: succeeded", "wait: 0"},
+               {false, false, true},
+               16 + 2},
+              // Comments and blanks are never run, but a first comment is.
+              {{"# head", "", "  # x", "wait: 0", "#", ""}, {"# head", "wait: 0"}, {}, -1}};
   for (const auto& row : rows) {
     Session session;
     session.host.startOutcomes.assign(row.starts.begin(), row.starts.end());
