@@ -30,8 +30,7 @@ void Start(SimEngine& sim, const Lines& script) {
 
 void Run_Line(SimEngine& sim) {
   RunState& run = sim.engine.state;
-  Process_Command(sim.engine, false, run.DebugOn, run.ScriptFileNumber, run.DebugFileNumber, run.FoundWindow,
-                  run.LastCommandSucceeded);
+  Process_Command(sim.engine, false, run.DebugOn, run.ScriptFileNumber, run.DebugFileNumber, run.LastCommandSucceeded);
 }
 
 // The move to the next line alone, as Process_Command ends; past the end the

@@ -36,8 +36,8 @@ void Automation::UseMouse_Command(Engine& engine, bool Interactive, const Parsed
 void Automation::SendButtons_Command(Engine& engine, bool Interactive, const ParsedCommand& command,
                                      bool& LastCommandSucceeded) {
   Note_Input_Barrier(engine, desktop_, Interactive, Found_Target());
-  const double x = target_.Levels.empty() ? 0.5 : target_.Levels.back().relativeX;
-  const double y = target_.Levels.empty() ? 0.5 : target_.Levels.back().relativeY;
+  const double x = target_.levels.empty() ? 0.5 : target_.levels.back().relativeX;
+  const double y = target_.levels.empty() ? 0.5 : target_.levels.back().relativeY;
   mouse_.SendButtons_Command(Interactive, target_.FoundCount, command.Parameters, x, y, LastCommandSucceeded);
 }
 

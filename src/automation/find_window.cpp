@@ -96,15 +96,14 @@ std::int32_t FindWindow::Find_The_Window(const std::string& WindowText, const st
 std::int32_t FindWindow::FindWindow_Command(bool Interactive, const ParsedCommand& command,
                                             bool& LastCommandSucceeded) {
   Trap(engine_, Interactive, "Velmora.(General).FindWindow_Command.TrappableErrors.1", kFatal, [&] {
-    target_.Levels = Read_Window_Levels(Convert_EnvVars(engine_, Interactive, command.Parameters));
-    const WindowLevel& innermost = target_.Levels.back();
+    target_.levels = Read_Window_Levels(Convert_EnvVars(engine_, Interactive, command.Parameters));
+    const WindowLevel& innermost = target_.levels.back();
     target_.WindowText = innermost.title;
     target_.ClassName = innermost.className;
-    target_.ChildID = innermost.childId;
     search_.TargetChildID = innermost.childId;
     auto& list = target_.TargetList;
-    target_.FoundCount = Find_The_Window(target_.WindowText, target_.ClassName, target_.ChildID,
-                                         Window_Path_Of_Levels(target_.Levels), command.TimeOut, list);
+    target_.FoundCount = Find_The_Window(target_.WindowText, target_.ClassName, innermost.childId,
+                                         Window_Path_Of_Levels(target_.levels), command.TimeOut, list);
     if (target_.FoundCount < 1) {
       LastCommandSucceeded = false;
       Log("The window was NOT found.");
@@ -115,12 +114,11 @@ std::int32_t FindWindow::FindWindow_Command(bool Interactive, const ParsedComman
     if (target_.FoundCount > 1) Log("Found:  " + std::to_string(target_.FoundCount) + " Windows!");
     for (std::int32_t i = 1; i <= target_.FoundCount; ++i) Log("Found Window:  " + std::to_string(list[i]));
     if (target_.FoundCount > 1)
-      target_.FoundCount = Narrow_By_Distance(desktop_, target_.Levels, list, target_.FoundCount);
+      target_.FoundCount = Narrow_By_Distance(desktop_, target_.levels, list, target_.FoundCount);
     if (target_.FoundCount > 1) {
       Warn_Several();
       Choose_Under_Pointer();
     }
-    engine_.state.FoundWindow = list[1];
     Log("==>  Using Window:  " + std::to_string(list[1]));
   });
   return target_.FoundCount;
@@ -188,7 +186,7 @@ FindForecast Forecast_Find(Engine& engine, Desktop& desktop, const std::vector<W
 void FindWindow::Explain_Not_Found() {
   const auto wanted = engine_.host.GetEnv("VELMORA_EXPLAIN");
   if (!wanted || Trim(*wanted) != "1") return;
-  for (const std::string& line : Near_Window_Lines(Nearest_Windows(desktop_, target_.Levels), target_.Levels.size()))
+  for (const std::string& line : Near_Window_Lines(Nearest_Windows(desktop_, target_.levels), target_.levels.size()))
     Log(line);
 }
 
@@ -221,7 +219,7 @@ void FindWindow::Choose_Under_Pointer() {
       responding = false;
       Log(Not_Responding_Line());
     }
-    const bool under = Lies_At_Picked_Point(desktop_, target_.Levels, list[i]);
+    const bool under = Lies_At_Picked_Point(desktop_, target_.levels, list[i]);
     engine_.host.DoEvents();
     if (under) {
       std::swap(list[1], list[i]);

@@ -58,15 +58,14 @@ bool SendKeys::Point_At_And_Focus(WindowHandle window, WaitBudget& budget) {
   return true;
 }
 
-int SendKeys::Send_Keys_To(bool Interactive, const std::string& keys, WindowHandle window,
-                           bool& LastCommandSucceeded) {
-  int status = kKeysSent;
+SendKeys::Status SendKeys::Send_Keys_To(bool Interactive, const std::string& keys, WindowHandle window,
+                                        bool& LastCommandSucceeded) {
+  Status status = kKeysSent;
   Trap(engine_, Interactive, "Velmora.(General).Send_Keys_To.TrappableErrors.1", kFatal, [&] {
     LastCommandSucceeded = true;
     const std::string text = desktop_.WindowText(window, kTextBufferSize);
     const std::string className = desktop_.ClassName(window, kTextBufferSize);
     search_.TargetChildID = Child_Id_Of(desktop_, window);
-    target_.ChildID = search_.TargetChildID;
     // The identity lines show the length of the class name as the ChildID:
     // the established log format, kept as it stands.
     Log_Window_Identity(engine_, Interactive, text, className, static_cast<long>(className.size()), window);
@@ -118,8 +117,8 @@ std::size_t Presses(const std::vector<KeyInput>& group) {
 // Sends the keys, a group at a time, while they reach the target, and waits,
 // within what is left of the budget, until they are processed. A malformed
 // key string sends nothing.
-int SendKeys::Type(bool interactive, const std::string& keys, WindowHandle window, WaitBudget& budget,
-                   bool& succeeded) {
+SendKeys::Status SendKeys::Type(bool interactive, const std::string& keys, WindowHandle window, WaitBudget& budget,
+                                bool& succeeded) {
   const KeyParseResult parsed = Parse_Key_String(keys);
   if (!parsed.ok) {
     Report_Error(engine_, interactive, -1, Key_String_Complaint(parsed), "Bad Key String Error!",

@@ -25,18 +25,20 @@ class SendKeys {
   void SendKeys_Command(bool Interactive, std::int32_t foundCount, const std::string& keys,
                         bool& LastCommandSucceeded);
 
-  // What became of the keys.
-  static constexpr int kKeysSent = 0;
-  static constexpr int kNotEnabled = 2;     // the window would not take input
-  static constexpr int kBadKeyString = 3;   // the key string is malformed
-  static constexpr int kNotResponding = 4;  // its program did not respond in time
-  static constexpr int kNotDelivered = 5;   // the keys would have gone to another window
-  int Send_Keys_To(bool Interactive, const std::string& keys, WindowHandle window, bool& LastCommandSucceeded);
+  // What became of the keys: the status numbers the procedure returns.
+  enum Status : int {
+    kKeysSent = 0,
+    kNotEnabled = 2,     // the window would not take input
+    kBadKeyString = 3,   // the key string is malformed
+    kNotResponding = 4,  // its program did not respond in time
+    kNotDelivered = 5,   // the keys would have gone to another window
+  };
+  Status Send_Keys_To(bool Interactive, const std::string& keys, WindowHandle window, bool& LastCommandSucceeded);
 
  private:
   void Log(bool interactive, const std::string& text);
   bool Point_At_And_Focus(WindowHandle window, WaitBudget& budget);
-  int Type(bool interactive, const std::string& keys, WindowHandle window, WaitBudget& budget, bool& succeeded);
+  Status Type(bool interactive, const std::string& keys, WindowHandle window, WaitBudget& budget, bool& succeeded);
 
   Engine& engine_;
   Desktop& desktop_;

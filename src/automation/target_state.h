@@ -23,11 +23,10 @@ struct WindowLevel {
 struct TargetState {
   std::string WindowText;
   std::string ClassName;
-  std::int32_t ChildID = 0;  // also overwritten by sendkeys with the window it types into
   // Found windows from index 1 on; index 0 is never used.
   std::vector<WindowHandle> TargetList{0};
   std::int32_t FoundCount = 0;
-  std::vector<WindowLevel> Levels;  // outermost window first, the target last
+  std::vector<WindowLevel> levels;  // outermost window first, the target last
 };
 
 }  // namespace velmora

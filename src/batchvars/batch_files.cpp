@@ -27,7 +27,7 @@ std::string Form_Report_Text(long code, const std::string& message, const std::s
 }
 
 void EnvVarSetupForm::Report_Last_Failure() {
-  const ReportRecord& last = engine_.lastReport;
+  const ReportRecord& last = engine_.reports.last;
   Report(last.code, last.message, last.title, last.location, last.kind);
 }
 
@@ -65,8 +65,8 @@ void EnvVarSetupForm::Open_Batch_File() {
 }
 
 bool EnvVarSetupForm::Initial_Setup() {
-  const long reportsBefore = engine_.reportsMade;
-  const auto failed = [&] { return engine_.reportsMade != reportsBefore; };
+  const long reportsBefore = engine_.reports.made;
+  const auto failed = [&] { return engine_.reports.made != reportsBefore; };
   FileNumber file = kNoFile;
   std::string name = Unquoted(BatchFileName);
   Careful_IO(engine_, true, kOpenInput, file, name, "", "EnvVarSetup.(General).Initial_Setup.OpenInput.2", kGoOn);
@@ -126,8 +126,8 @@ void EnvVarSetupForm::Save_Batch_File() {
   const std::string name = chosen ? Trim(*chosen) : std::string();
   if (name.empty()) return;
 
-  const long reportsBefore = engine_.reportsMade;
-  const auto failed = [&] { return engine_.reportsMade != reportsBefore; };
+  const long reportsBefore = engine_.reports.made;
+  const auto failed = [&] { return engine_.reports.made != reportsBefore; };
   FileNumber file = kNoFile;
   std::string path = name;
   Careful_IO(engine_, true, kOpenOutput, file, path, "", "EnvVarSetup.(General).Save_Batch_File.OpenOutput.1", kGoOn);

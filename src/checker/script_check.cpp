@@ -89,7 +89,7 @@ std::vector<CheckFinding> Check_Script(Host& host, Registry& registry, const std
   Engine engine(host, registry);
   engine.state.SpeedFactor = Read_Speed_Factor(host);
   std::vector<CheckFinding> findings;
-  engine.reportObserver = [&findings](const ReportRecord& report) {
+  engine.reports.observer = [&findings](const ReportRecord& report) {
     findings.push_back({report.line + 1, true, report.message});
   };
   for (const std::string& line : lines) engine.TraceWindow.Add(line);
@@ -97,7 +97,7 @@ std::vector<CheckFinding> Check_Script(Host& host, Registry& registry, const std
   bool succeeded = true;
   Preprocess_Commands(engine, false, debugOn, false, succeeded);
 
-  engine.reportObserver = [](const ReportRecord&) {};  // heard in the pass already
+  engine.reports.observer = [](const ReportRecord&) {};  // heard in the pass already
   RunChecks checks(engine, findings);
   for (std::size_t i = 0; i < lines.size(); ++i) checks.Line(lines[i], static_cast<long>(i) + 1);
   std::stable_sort(findings.begin(), findings.end(),

@@ -91,7 +91,7 @@ bool EditorForm::Preprocess_For_Run() {
 bool EditorForm::Run_Highlighted_Line() {
   RunState& state = engine_.state;
   engine_.editor.QuitRun = false;
-  Process_Command(engine_, true, state.DebugOn, state.ScriptFileNumber, state.DebugFileNumber, state.FoundWindow,
+  Process_Command(engine_, true, state.DebugOn, state.ScriptFileNumber, state.DebugFileNumber,
                   state.LastCommandSucceeded);
   return engine_.editor.QuitRun;
 }

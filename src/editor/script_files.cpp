@@ -76,8 +76,8 @@ void EditorForm::Save_Script_File() {
   controls_.SetCaption(ControlId::ScriptFileLabel, "Script: " + name);
 
   // A step that fails has reported itself; the script then stays unsaved.
-  const long reportsBefore = engine_.reportsMade;
-  const auto failed = [&] { return engine_.reportsMade != reportsBefore; };
+  const long reportsBefore = engine_.reports.made;
+  const auto failed = [&] { return engine_.reports.made != reportsBefore; };
   FileNumber file = kNoFile;
   Careful_IO(engine_, true, kOpenOutput, file, name, "", "Velmora.(General).Save_Script_File.OpenOutput.1", kGoOn);
   for (const std::string& item : engine_.TraceWindow.Items()) {

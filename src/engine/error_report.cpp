@@ -48,26 +48,27 @@ void Close_Block(Engine& engine, bool interactive) {
 void Report_Error(Engine& engine, bool interactive, long code, const std::string& message, const std::string& title,
                   const std::string& location, int kind) {
   RunState& state = engine.state;
-  ++engine.reportsMade;
-  engine.lastReport = {code, message, title, location, kind, engine.reportLine};
-  if (engine.reportObserver) {
+  ReportState& reports = engine.reports;
+  ++reports.made;
+  reports.last = {code, message, title, location, kind, reports.line};
+  if (reports.observer) {
     if (kind == kFatal) state.StopRunning = true;
-    engine.reportObserver(engine.lastReport);
+    reports.observer(reports.last);
     return;
   }
   // A report raised while a report writes its own lines (the debug file
   // itself failing) would only recurse: it is not written, but when it is
   // fatal the outer report ends the run in its place.
   if (state.ReportingFatalError) return;
-  if (engine.reportDepth > 0) {
-    if (kind == kFatal) engine.nestedFatal = true;  // the outer report ends the run for it
+  if (reports.depth > 0) {
+    if (kind == kFatal) reports.nestedFatal = true;  // the outer report ends the run for it
     return;
   }
-  ++engine.reportDepth;
+  ++reports.depth;
   struct DepthGuard {
     int& depth;
     ~DepthGuard() { --depth; }
-  } depthGuard{engine.reportDepth};
+  } depthGuard{reports.depth};
 
   Log_Always(engine, interactive, "");
   Log_Always(engine, interactive, kRule);
@@ -93,8 +94,8 @@ void Report_Error(Engine& engine, bool interactive, long code, const std::string
   Log_Always(engine, interactive, "Error Location:  " + location);
   Log_Always(engine, interactive, "Program will continue, but this operation was unsuccessful.");
   if (!state.StopRunning) Close_Block(engine, interactive);
-  if (engine.nestedFatal) {
-    engine.nestedFatal = false;
+  if (reports.nestedFatal) {
+    reports.nestedFatal = false;
     if (!interactive) End_Automatic_Session(engine);
     state.StopRunning = true;
   }

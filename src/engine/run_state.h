@@ -4,8 +4,6 @@
 
 #include <cstdint>
 
-#include "desktop.h"
-
 namespace velmora {
 
 using FileNumber = std::uint16_t;
@@ -22,7 +20,6 @@ struct RunState {
   bool LastCommandSucceeded = false;
   bool HaltRequested = false;
   bool ReportingFatalError = false;
-  WindowHandle FoundWindow = 0;
 };
 
 }  // namespace velmora

@@ -39,19 +39,19 @@ bool Read_Position(std::string_view text, std::int32_t& position) {
 }  // namespace
 
 CheckResult Check_Quoted(std::string_view text, ParsedCommand& result) {
-  if (!Is_Quoted(text)) return &kR1;
+  if (!Is_Quoted(text)) return &kQuotesMissing;
   result.Parameters = Inner_Text(text);
   return nullptr;
 }
 
 CheckResult Check_Test(std::string_view text, ParsedCommand& result) {
-  if (!Is_Quoted(text)) return &kT1;
+  if (!Is_Quoted(text)) return &kTestQuotesMissing;
   const auto inner = Inner_Text(text);
   const auto separator = inner.find(kSeparator);
-  if (separator == std::string_view::npos) return &kT2a;
+  if (separator == std::string_view::npos) return &kTestSeparatorMissing;
   const auto name = inner.substr(0, separator);
   const auto value = inner.substr(separator + kSeparator.size());
-  if (value.find(kSeparator) != std::string_view::npos) return &kT2b;
+  if (value.find(kSeparator) != std::string_view::npos) return &kTestExtraSeparator;
   result.Parameters.assign(name).append(1, kLineFeed).append(value);
   return nullptr;
 }
@@ -59,7 +59,7 @@ CheckResult Check_Test(std::string_view text, ParsedCommand& result) {
 CheckResult Check_Condition(std::string_view text, ParsedCommand& result) {
   std::string word = Lower(Trim_Blanks(text));
   word.resize(word.find(' ') == std::string::npos ? word.size() : word.find(' '));
-  if (word != "succeeded" && word != "failed") return &kL1;
+  if (word != "succeeded" && word != "failed") return &kNotACondition;
   result.Parameters = std::move(word);
   return nullptr;
 }
@@ -69,22 +69,22 @@ CheckResult Check_Condition(std::string_view text, ParsedCommand& result) {
 CheckResult Check_UseMouse(std::string_view text, ParsedCommand& result) {
   const std::string lower = Lower(text);
   const std::string_view letters(lower);
-  if (letters.find_first_of(".-") != std::string_view::npos) return &kM1;
-  if (!Letter_In(letters, 0, "sdn")) return &kM9;
-  if (!Letter_In(letters, 1, "lmrc")) return &kM8;
+  if (letters.find_first_of(".-") != std::string_view::npos) return &kMouseIllegalCharacters;
+  if (!Letter_In(letters, 0, "sdn")) return &kMouseBadClickType;
+  if (!Letter_In(letters, 1, "lmrc")) return &kMouseBadButton;
   result.Parameters = letters.substr(0, 2);
 
   auto rest = Trim_Blanks(Text_From(letters, 2));
   const auto first = rest.find(',');
-  if (first == std::string_view::npos) return &kM7;
+  if (first == std::string_view::npos) return &kMouseFirstCommaMissing;
   rest = Trim_Blanks(rest.substr(first + 1));
   const auto second = rest.find(',');
-  if (second == std::string_view::npos) return &kM6;
+  if (second == std::string_view::npos) return &kMouseSecondCommaMissing;
 
-  if (!Read_Position(Trim_Blanks(rest.substr(0, second)), result.MouseX)) return &kM3x;
-  if (result.MouseX > kMostPosition) return &kM4;
-  if (!Read_Position(Trim_Blanks(rest.substr(second + 1)), result.MouseY)) return &kM3y;
-  if (result.MouseY > kMostPosition) return &kM2;
+  if (!Read_Position(Trim_Blanks(rest.substr(0, second)), result.MouseX)) return &kMouseXNotInteger;
+  if (result.MouseX > kMostPosition) return &kMouseXTooLarge;
+  if (!Read_Position(Trim_Blanks(rest.substr(second + 1)), result.MouseY)) return &kMouseYNotInteger;
+  if (result.MouseY > kMostPosition) return &kMouseYTooLarge;
   return nullptr;
 }
 
@@ -93,9 +93,9 @@ CheckResult Check_UseMouse(std::string_view text, ParsedCommand& result) {
 CheckResult Check_SendButtons(std::string_view text, ParsedCommand& result) {
   const std::string lower = Lower(text);
   const std::string_view letters(lower);
-  if (letters.find_first_of(".-") != std::string_view::npos) return &kB1;
-  if (!Letter_In(letters, 0, "sd")) return &kB3;
-  if (!Letter_In(letters, 1, "lmr")) return &kB2;
+  if (letters.find_first_of(".-") != std::string_view::npos) return &kButtonsIllegalCharacters;
+  if (!Letter_In(letters, 0, "sd")) return &kButtonsBadClickType;
+  if (!Letter_In(letters, 1, "lmr")) return &kButtonsBadButton;
   result.Parameters = letters.substr(0, 2);
   return nullptr;
 }

@@ -23,8 +23,8 @@ constexpr int kNumbersPerLevel = 3;  // ChildID, RelativeX, RelativeY
 // The level count is an unsigned 8-bit number: more than 255 levels overflow.
 CheckResult Read_Count(std::string_view countText, std::uint8_t& count) {
   const auto value = Number_In(countText);
-  if (!value) return &kF1;
-  if (!Is_Whole(*value) || *value < 1) return &kF2;
+  if (!value) return &kCountNotNumeric;
+  if (!Is_Whole(*value) || *value < 1) return &kCountNotPositive;
   if (*value > std::numeric_limits<std::uint8_t>::max()) throw OverflowError();
   count = static_cast<std::uint8_t>(*value);
   return nullptr;
@@ -55,13 +55,13 @@ class FindWindowWalk {
 
   // string := '"' text-without-quotes '"' ','
   CheckResult Read_Quoted(bool opensNext) {
-    if (rest_.empty() || rest_.front() != kQuote) return &kF4;
+    if (rest_.empty() || rest_.front() != kQuote) return &kOpeningQuoteMissing;
     const auto closing = rest_.find(kQuote, 1);
-    if (closing == std::string_view::npos) return &kF5q;
+    if (closing == std::string_view::npos) return &kClosingQuoteMissing;
     parameters_.append(rest_.substr(1, closing)).append(kItemEnd);  // the text and its closing quote
     if (opensNext) parameters_ += kQuote;
     rest_ = Trim_Blanks(rest_.substr(closing + 1));
-    if (rest_.empty() || rest_.front() != kComma) return &kF5c;
+    if (rest_.empty() || rest_.front() != kComma) return &kCommaAfterTextMissing;
     rest_ = Trim_Blanks(rest_.substr(1));
     return nullptr;
   }
@@ -72,12 +72,12 @@ class FindWindowWalk {
   CheckResult Read_Number(bool commaChecked, bool wholeOnly, bool opensNext) {
     const auto comma = rest_.find(kComma);
     if (comma == std::string_view::npos) {
-      if (commaChecked) return &kF6;
+      if (commaChecked) return &kCommaAfterNumberMissing;
       throw InvalidCallError();
     }
     const auto value = Number_In(rest_.substr(0, comma));
-    if (!value) return &kF7;
-    if (*value < 0 || (wholeOnly && !Is_Whole(*value))) return &kF8;
+    if (!value) return &kChildIdNotNumeric;
+    if (*value < 0 || (wholeOnly && !Is_Whole(*value))) return &kNumberNotValid;
     Append_Decimal(parameters_, *value);
     parameters_.append(kItemEnd);
     if (opensNext) parameters_ += kQuote;

@@ -94,7 +94,7 @@ void Select_Next_Line(Engine& engine) {
 }  // namespace
 
 void Process_Command(Engine& engine, bool Interactive, bool& DebugOn, FileNumber /*ScriptFileNumber*/,
-                     FileNumber /*DebugFileNumber*/, WindowHandle& /*FoundWindow*/, bool& LastCommandSucceeded) {
+                     FileNumber /*DebugFileNumber*/, bool& LastCommandSucceeded) {
   Trap(engine, Interactive, "Velmora.(General).Process_Command.TrappableErrors.1", kFatal, [&] {
     Pause_Tenths(engine, 1);
     const long current = engine.TraceWindow.Selected();
@@ -126,7 +126,7 @@ void ScriptInterpreter::Preprocess(Engine& engine) {
 void ScriptInterpreter::Process_Line(Engine& engine) {
   RunState& state = engine.state;
   Process_Command(engine, state.InteractiveSession, state.DebugOn, state.ScriptFileNumber, state.DebugFileNumber,
-                  state.FoundWindow, state.LastCommandSucceeded);
+                  state.LastCommandSucceeded);
 }
 
 }  // namespace velmora

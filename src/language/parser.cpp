@@ -21,10 +21,21 @@ namespace {
 constexpr std::string_view kCommandTable =
     "|run|findwindow|sendkeys|if|while|until|usemouse|wait|debug|quit|else|endif|endwhile|repeat|test|sendbuttons|";
 
-// For each code 0 to 17, where "|" + word + "|" begins in the command table
-// (counted from 1); the blank line (0) and the comment line (9) have no word.
-constexpr std::array<std::size_t, 18> kTablePositions = {0,  1,  5,  16, 25, 28, 34, 40, 49,
-                                                         0,  54, 60, 65, 70, 76, 85, 92, 97};
+// For each code, where "|" + word + "|" begins in the command table (counted
+// from 1). The entries take the codes in order, passing over the blank line
+// and the comment line, which have no word (position 0).
+constexpr auto kTablePositions = [] {
+  std::array<std::size_t, kSendButtonsCommand + 1> positions{};
+  std::size_t bar = 0;
+  for (std::size_t code = 0; code < positions.size(); ++code) {
+    if (code == kBlankLine || code == kCommentLine) continue;
+    positions[code] = bar + 1;
+    bar = kCommandTable.find('|', bar + 1);
+  }
+  return positions;
+}();
+// As many entries as codes with a word: the last code's entry ends the table.
+static_assert(kCommandTable.find('|', kTablePositions.back()) == kCommandTable.size() - 1);
 
 constexpr char kCommentMark = '#';
 constexpr char kWordEnd = ':';

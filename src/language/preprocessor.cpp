@@ -61,8 +61,12 @@ struct OpenBlock {
 class Pass {
  public:
   Pass(Engine& engine, bool interactive, bool reformat)
-      : engine_(engine), trace_(engine.TraceWindow), table_(engine.LogicalControls), interactive_(interactive),
-        reformat_(reformat && interactive), checking_(static_cast<bool>(engine.reportObserver)) {}
+      : engine_(engine),
+        trace_(engine.TraceWindow),
+        table_(engine.LogicalControls),
+        interactive_(interactive),
+        reformat_(reformat && interactive),
+        checking_(static_cast<bool>(engine.reports.observer)) {}
 
   // False when a block error stopped the pass.
   bool Run();
@@ -135,7 +139,7 @@ void Pass::Put_Back_The_Rest() {
 }
 
 bool Pass::Line(long& index) {
-  engine_.reportLine = index;
+  engine_.reports.line = index;
   const std::string line = Trim(trace_.Item(index));
   trace_.Set(static_cast<std::size_t>(index), line);
   ParsedCommand parsed;
@@ -283,7 +287,7 @@ bool Pass::Check_All_Closed() {
 // True when the pass goes on.
 bool Pass::Fail(const BlockError& error, long index) {
   blockFailed_ = true;
-  engine_.reportLine = index;
+  engine_.reports.line = index;
   trace_.Select(index);
   Report_Error(engine_, interactive_, -1,
                std::string(error.keyword) + " on line " + std::to_string(index + 1) + error.tail, error.title,
@@ -299,7 +303,7 @@ void Preprocess_Commands(Engine& engine, bool Interactive, bool& /*DebugOn*/, bo
     engine.BlockItemOfLine.clear();
     if (!Pass(engine, Interactive, Reformat).Run()) LastCommandSucceeded = false;
   });
-  engine.reportLine = -1;
+  engine.reports.line = -1;
 }
 
 }  // namespace velmora

@@ -22,11 +22,11 @@ std::int32_t Whole_Seconds(double seconds) { return Rounded_To<std::int32_t>(sec
 // time := minutes | [minutes] "." seconds     ("5." reads as "5")
 CheckResult Read_Time(std::string_view text, double speedFactor, std::int32_t& timeOut) {
   if (!text.empty() && text.back() == '.') text = Trim_Blanks(text.substr(0, text.size() - 1));
-  if (!Is_Numeric(text)) return &kW4;
+  if (!Is_Numeric(text)) return &kTimeNotNumeric;
 
   const auto stop = text.find('.');
   if (stop == std::string_view::npos) {
-    if (text.size() > kMostDigits) return &kW1;
+    if (text.size() > kMostDigits) return &kMinutesTooLong;
     timeOut = Whole_Seconds(Number_In(text).value_or(0) * kSecondsPerMinute);
     return nullptr;
   }
@@ -34,12 +34,12 @@ CheckResult Read_Time(std::string_view text, double speedFactor, std::int32_t& t
   double minutes = 0;
   if (stop > 0) {
     const auto minutesText = text.substr(0, stop);
-    if (minutesText.size() > kMostDigits) return &kW2;
+    if (minutesText.size() > kMostDigits) return &kMinutesBeforeStopTooLong;
     minutes = Number_In(minutesText).value_or(0);  // a sign alone ("-.30") is no minutes, as in ".30"
     timeOut = Whole_Seconds(minutes * kSecondsPerMinute);
   }
   const auto secondsText = text.substr(stop + 1);
-  if (secondsText.size() > kMostDigits) return &kW3;
+  if (secondsText.size() > kMostDigits) return &kSecondsTooLong;
   const double seconds = Number_In(secondsText).value_or(0);  // "5.." leaves none
   // Digits after the full stop are seconds, not a fraction of a minute.
   timeOut = Whole_Seconds(Round_Half_Even(minutes * kSecondsPerMinute + seconds) * speedFactor);

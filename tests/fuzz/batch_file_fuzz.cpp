@@ -17,18 +17,18 @@ std::vector<std::string> Read_Lines(fuzz::Session& session, std::string bytes) {
   Engine& engine = session.engine;
   std::string name = "b.bat";
   session.host.files[name] = std::move(bytes);
-  const long reportsBefore = engine.reportsMade;
+  const long reportsBefore = engine.reports.made;
   FileNumber file = kNoFile;
   Careful_IO(engine, true, kOpenInput, file, name, "", "", kGoOn);
   std::vector<std::string> lines;
-  while (engine.reportsMade == reportsBefore && !At_End_Of_File(engine, file)) {
+  while (engine.reports.made == reportsBefore && !At_End_Of_File(engine, file)) {
     std::string line;
     Careful_IO(engine, true, kLineInput, file, line, "", "", kGoOn);
     lines.push_back(std::move(line));
   }
   std::string unused;
   Careful_IO(engine, true, kClose, file, unused, "", "", kGoOn);
-  Require(engine.reportsMade == reportsBefore);
+  Require(engine.reports.made == reportsBefore);
   return lines;
 }
 

@@ -6,7 +6,7 @@
 #include "engine_fixture.h"
 #include "sim_desktop.h"
 
-namespace velmora::testing {
+namespace velmora::test {
 
 class AutomationTest : public InteractiveTest, protected AutomationCommands {
  protected:
@@ -21,15 +21,6 @@ class AutomationTest : public InteractiveTest, protected AutomationCommands {
   }
 
   const std::vector<std::string>& DebugLines() const { return engine.DebugWindow.Items(); }
-
-  // Starts a row afresh (no input or log recorded) with the window's program
-  // frozen for the given time from now; returns the time now.
-  long long Start_Frozen(WindowHandle window, long long forMs) {
-    desktop.keys.clear(), desktop.mouseEvents.clear(), desktop.foregroundCalls.clear();
-    engine.DebugWindow.Clear();
-    desktop.Freeze(window, host.clockMs + forMs);
-    return host.clockMs;
-  }
 };
 
-}  // namespace velmora::testing
+}  // namespace velmora::test

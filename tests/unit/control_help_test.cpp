@@ -4,7 +4,7 @@
 #include "editor_layout.h"
 #include "envvar_setup_layout.h"
 
-namespace velmora::testing {
+namespace velmora::test {
 namespace {
 
 // Every control of each form has a text, and F1 on it opens a page of that
@@ -31,4 +31,4 @@ TEST(ControlHelpTest, EveryControlHasATextAndF1OpensAPageOfItsForm) {
 }
 
 }  // namespace
-}  // namespace velmora::testing
+}  // namespace velmora::test

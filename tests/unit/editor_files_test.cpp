@@ -6,7 +6,7 @@
 #include "editor_fixture.h"
 #include "editor_layout.h"
 
-namespace velmora::testing {
+namespace velmora::test {
 namespace {
 
 using C = ControlId;
@@ -327,4 +327,4 @@ TEST_F(EditorFilesTest, ASecondStartRestoresPlacementAndLoadsTheRememberedFilesW
 }
 
 }  // namespace
-}  // namespace velmora::testing
+}  // namespace velmora::test

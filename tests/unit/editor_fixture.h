@@ -9,7 +9,7 @@
 #include "engine_fixture.h"
 #include "reg_settings.h"
 
-namespace velmora::testing {
+namespace velmora::test {
 
 class FakeFormWindow : public FormWindow {
  public:
@@ -81,4 +81,4 @@ class EditorTest : public EngineTest {
   }
 };
 
-}  // namespace velmora::testing
+}  // namespace velmora::test

@@ -4,7 +4,7 @@
 #include "about.h"
 #include "editor_fixture.h"
 
-namespace velmora::testing {
+namespace velmora::test {
 namespace {
 
 using C = ControlId;
@@ -263,4 +263,4 @@ TEST_F(EditorPanelTest, TimeFieldsTakeNumbersOnly) {
 }
 
 }  // namespace
-}  // namespace velmora::testing
+}  // namespace velmora::test

@@ -7,7 +7,7 @@
 #include "editor_fixture.h"
 #include "sim_desktop.h"
 
-namespace velmora::testing {
+namespace velmora::test {
 namespace {
 
 using C = ControlId;
@@ -288,4 +288,4 @@ TEST_F(EditorRunTest, TheMousePickGivesUseMousesRangeAndPicksStartOnlyWhereAsked
 }
 
 }  // namespace
-}  // namespace velmora::testing
+}  // namespace velmora::test

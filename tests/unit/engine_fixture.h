@@ -5,17 +5,22 @@
 
 #include <algorithm>
 #include <string>
+#include <tuple>
 #include <vector>
 
 #include "careful_io.h"
 #include "engine.h"
+#include "error_report.h"
 #include "sim_host.h"
 #include "sim_registry.h"
 #include "trap.h"
 
-namespace velmora::testing {
+namespace velmora::test {
 
 using Lines = std::vector<std::string>;
+// An error report's code, message, location and kind, as the reporter
+// records it; the log's framing of a report is tested once, in reporting_test.
+using ReportFields = std::tuple<long, std::string, std::string, int>;
 
 // Records what the engine asked of the editor's window: 7 pixels a character,
 // lists 300 pixels wide, and only Courier New of the fonts asked for installed.
@@ -56,6 +61,10 @@ class EngineTest : public ::testing::Test {
   }
 
   Lines Log(const std::string& path = "a.vld") const { return host.Lines(path); }
+  ReportFields Last_Report() const {
+    const ReportRecord& r = engine.reports.last;
+    return {r.code, r.message, r.location, r.kind};
+  }
   // Opens a.vld as the automatic session's debug file, as after its header.
   void Open_Debug_File() {
     std::string name = "a.vld";
@@ -80,9 +89,4 @@ class InteractiveTest : public EngineTest {
   InteractiveTest() { engine.state.InteractiveSession = engine.state.DebugOn = true; }
 };
 
-// The framed block of an error report, line by line.
-std::vector<std::string> Fatal_Block(const std::string& message, long code, const std::string& location);
-std::vector<std::string> Go_On_Block(const std::string& message, long code, const std::string& location,
-                                     bool closed = true);
-
-}  // namespace velmora::testing
+}  // namespace velmora::test

@@ -5,7 +5,7 @@
 #include "envvar_setup_layout.h"
 #include "set_statements.h"
 
-namespace velmora::testing {
+namespace velmora::test {
 namespace {
 
 using C = ControlId;
@@ -349,4 +349,4 @@ TEST(SetStatementsTest, AnUpdateKeepsTheIndentAndASaveWritesTheFileLinesTrimmed)
 }
 
 }  // namespace
-}  // namespace velmora::testing
+}  // namespace velmora::test

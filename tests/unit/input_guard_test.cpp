@@ -6,7 +6,7 @@
 #include "automation_fixture.h"
 #include "key_notation.h"
 
-namespace velmora::testing {
+namespace velmora::test {
 namespace {
 
 class InputGuardTest : public AutomationTest {
@@ -74,26 +74,12 @@ TEST_F(InputGuardTest, ClicksReachTheTargetOrAreNotSent) {
          desktop.At(other).program = static_cast<std::uint32_t>(dialog);
        },
        true, 4, ""},
-      {"a drop-down of the target's program is clicked while its owner keeps the foreground",
-       [&] {
-         desktop.At(other).program = static_cast<std::uint32_t>(dialog);
-         desktop.TakeForeground(cancel);
-         desktop.foregroundRefused = true;
-       },
-       true, 4, ""},
       {"a sibling control covering the target is",
        [&] {
          desktop.Add(dialog, "Banner", "Static", 5, {290, 340, 410, 390});
          desktop.SetParent(next, dialog);  // the last child lies below its siblings
        },
-       false, 1,
-       R"(Info: The click point is covered by "Banner" (Static) of "Setup"; no click was sent.)"},
-      {"another program keeping the foreground",
-       [&] {
-         desktop.TakeForeground(cancel);
-         desktop.foregroundRefused = true;
-       },
-       false, 1, R"(Info: The foreground stays with "Other Setup" (#32770); no click was sent.)"},
+       false, 1, R"(Info: The click point is covered by "Banner" (Static) of "Setup"; no click was sent.)"},
       {"a target that keeps growing downwards", [&] { host.onDoEvents = [&] { ++desktop.At(next).rect.bottom; }; },
        false, 1, "Info: The window did not stand still within 10 seconds; no click was sent."},
       {"the foreground taken during the press: released on the target, and failed",
@@ -102,8 +88,7 @@ TEST_F(InputGuardTest, ClicksReachTheTargetOrAreNotSent) {
            if (desktop.mouseEvents.size() == 3) desktop.TakeForeground(cancel);
          };
        },
-       false, 4,
-       R"(Info: "Other Setup" (#32770) took the foreground during the click; the click was not completed.)"},
+       false, 4, R"(Info: "Other Setup" (#32770) took the foreground during the click; the click was not completed.)"},
   };
   for (const Row& row : rows) {
     SCOPED_TRACE(row.what);
@@ -135,12 +120,6 @@ TEST_F(InputGuardTest, EveryKeyReachesTheTargetOrTheRestIsNotSent) {
   };
   const Row rows[] = {
       {"a quiet desktop", [] {}, true, 4, ""},
-      {"another program keeps the keyboard: none is sent",
-       [&] {
-         desktop.TakeForeground(cancel);
-         desktop.foregroundRefused = true;
-       },
-       false, 0, R"(Info: The keys would go to "Cancel" (Button) of "Other Setup"; no keys were sent.)"},
       {"another control of the target's dialog keeps the focus: none is sent",
        [&] {
          desktop.TakeForeground(next);
@@ -167,7 +146,6 @@ TEST_F(InputGuardTest, EveryKeyReachesTheTargetOrTheRestIsNotSent) {
     sentTo.insert(sentTo.end(), row.groupsAstray, cancel);
     EXPECT_EQ(desktop.keysSentTo, sentTo);
     const auto groups = Key_Groups(Parse_Key_String(keys).inputs);
-    EXPECT_EQ(groups.size(), 4u);
     std::vector<KeyInput> expected;
     for (std::size_t i = 0; i < row.groupsSent + row.groupsAstray; ++i)
       expected.insert(expected.end(), groups[i].begin(), groups[i].end());
@@ -178,4 +156,4 @@ TEST_F(InputGuardTest, EveryKeyReachesTheTargetOrTheRestIsNotSent) {
 }
 
 }  // namespace
-}  // namespace velmora::testing
+}  // namespace velmora::test

@@ -1,17 +1,15 @@
 #include <gtest/gtest.h>
 
-#include <optional>
-
 #include "about.h"
 #include "reg_settings.h"
 #include "sim_registry.h"
 
-namespace velmora {
+namespace velmora::test {
 namespace {
 
 constexpr RegistryRoot kUser = RegistryRoot::CurrentUser;
 
-class RegSettingsTest : public testing::Test {
+class RegSettingsTest : public ::testing::Test {
  protected:
   std::string Get(const char* section, const char* key) { return settings.GetSetting(section, key, "(default)"); }
   SimRegistry registry;
@@ -40,28 +38,5 @@ TEST_F(RegSettingsTest, ReadsTheStoredSizeLessOneCharacter) {
   EXPECT_EQ(registry.QueryValue(kUser, app + "\\Editor", "Top"), (RegistryValue{RegistryType::String, {"120", 4}}));
 }
 
-TEST_F(RegSettingsTest, DeletesValuesAndSectionsWithoutSubkeys) {
-  for (const char* section : {"A\\B", "A", "Editor"}) settings.SaveSetting(section, "k", "v");
-  const std::tuple<const char*, std::optional<std::string>, bool> rows[] = {
-      {"A", std::nullopt, false},  // has the subkey B
-      {"A\\B", "K", true},        {"A\\B", "k", false},       {"A\\B", std::nullopt, true},
-      {"A", std::nullopt, true},  {"A", std::nullopt, false}, {"Editor", "*", false}};
-  for (const auto& [section, key, deleted] : rows) EXPECT_EQ(settings.DeleteSetting(section, key), deleted) << section;
-  EXPECT_EQ(Get("A", "k"), "(default)");
-  EXPECT_EQ(Get("Editor", "k"), "v");
-}
-
-TEST_F(RegSettingsTest, NamesAreTrimmedAndAnEmptyOneRestoresTheDefault) {
-  const std::pair<const char*, const char*> rows[] = {{"  Acme Ltd ", "Acme Ltd"}, {"", nullptr}, {"x", "x"}};
-  for (const auto& [text, kept] : rows) {
-    settings.SetCompany(text);
-    settings.SetAppName(text);
-    EXPECT_EQ(settings.Company(), kept ? kept : "VB and VBA Program Settings");
-    EXPECT_EQ(settings.AppName(), kept ? kept : Product_Name());
-  }
-  settings.SaveSetting("S", "k", "v");
-  EXPECT_EQ(registry.QueryString(kUser, "Software\\x\\x\\S", "k"), "v");
-}
-
 }  // namespace
-}  // namespace velmora
+}  // namespace velmora::test
