@@ -14,12 +14,11 @@ namespace velmora::testing {
 class FakeFormWindow : public FormWindow {
  public:
   TwipsRect placement{0, 0, 9600, 9000};
-  std::optional<TwipsRect> restored;  // when minimised or maximised; else the placement
   WindowState state = WindowState::Normal;
   long screenWidth = 19200, screenHeight = 14400;
   int foregroundCalls = 0, closeCalls = 0;
   TwipsRect Placement() override { return placement; }
-  TwipsRect RestoredPlacement() override { return restored.value_or(placement); }
+  TwipsRect RestoredPlacement() override { return placement; }
   void SetPlacement(const TwipsRect& rect) override { placement = rect; }
   WindowState State() override { return state; }
   void SetState(WindowState s) override { state = s; }

@@ -1,5 +1,3 @@
-#include <sstream>
-
 #include "about.h"
 #include "command_codes.h"
 #include "editor_fixture.h"
@@ -9,9 +7,11 @@ namespace {
 
 using C = ControlId;
 
+// The panel's fields and options by short names.
 const std::vector<std::pair<std::string, C>> kOptions = {
-    {"on", DebugState(0)}, {"off", DebugState(1)}, {"L", MouseButton(0)},  {"M", MouseButton(1)},
-    {"R", MouseButton(2)}, {"N", MouseButton(3)},  {"dbl", C::DoubleClick}};
+    {"cmd", C::CommandLine}, {"min", C::Minutes},    {"sec", C::Seconds},    {"on", DebugState(0)},
+    {"off", DebugState(1)},  {"L", MouseButton(0)},  {"M", MouseButton(1)},  {"R", MouseButton(2)},
+    {"N", MouseButton(3)},   {"dbl", C::DoubleClick}};
 
 class EditorPanelTest : public EditorTest {
  protected:
@@ -19,20 +19,18 @@ class EditorPanelTest : public EditorTest {
     panel.Load_Commands(1);
     Script({""}, 0);
   }
-  // Through the entries that swap the catalogues, as a user gets there.
-  void Choose(int catalogue, long position) {
-    if (panel.Catalogue() != catalogue) form.CommandList_Click(catalogue == 2 ? 7 : 0);
-    form.CommandList_Click(position);
+  // Entry 10 + n is the flow control catalogue's n-th; the user gets there
+  // through the entries that swap the catalogues.
+  void Choose(long entry) {
+    if (panel.Catalogue() != 1 + entry / 10) form.CommandList_Click(entry > 9 ? 7 : 0);
+    form.CommandList_Click(entry % 10);
   }
   // The usable controls of the panel, in a fixed order.
   std::string Live() const {
-    std::ostringstream live;
-    for (auto [name, id] : {std::pair{"cmd", C::CommandLine}, {"min", C::Minutes}, {"sec", C::Seconds}})
-      if (controls[id].Enabled) live << name << ' ';
+    std::string live;
     for (const auto& [name, id] : kOptions)
-      if (controls[id].Visible && controls[id].Enabled) live << name << ' ';
-    if (controls[C::InsertCommandButton].Enabled) live << "ins";
-    return live.str();
+      if (controls[id].Visible && controls[id].Enabled) live += name + ' ';
+    return live + (controls[C::InsertCommandButton].Enabled ? "ins" : "");
   }
 };
 
@@ -40,40 +38,30 @@ class EditorPanelTest : public EditorTest {
 // and reading the line back into the panel (from the other catalogue) and
 // overwriting gives the same line again.
 TEST_F(EditorPanelTest, EachEntryOpensItsFieldsComposesItsLineAndReadsItBack) {
-  struct Row {
-    int catalogue;
-    long position;
+  const struct {
+    long entry;
     const char *live, *command, *minutes, *seconds, *options, *line;
-  };
-  const Row rows[] = {
-      {1, 0, "cmd ", " C:\\SETUP.EXE /Q ", "", "", "", "Run:  \"C:\\SETUP.EXE /Q\""},
-      {1, 1, "cmd min sec ", "1, \"Setup\", \"#32770\", 0, 0.5, 0.5", "1", " 05", "",
+  } rows[] = {
+      {0, "cmd ", " C:\\SETUP.EXE /Q ", "", "", "", "Run:  \"C:\\SETUP.EXE /Q\""},
+      {1, "cmd min sec ", "1, \"Setup\", \"#32770\", 0, 0.5, 0.5", "1", " 05", "",
        "FindWindow:  1, \"Setup\", \"#32770\", 0, 0.5, 0.5, 1.05"},
-      {1, 2, "cmd ", "{TAB}~", "", "", "", "SendKeys:  \"{TAB}~\""},
-      {1, 3, "L M R dbl ins", "", "", "", "R dbl", "SendButtons: dr"},
-      {1, 3, "L M R dbl ins", "", "", "", "", "SendButtons: sl"},
-      {1, 4, "min sec ins", "", "", "5", "", "Wait:  .5"},
-      {1, 4, "min sec ins", "", "1", "30", "", "Wait:  1.30"},
-      {1, 5, "ins", "", "", "", "", ""},
-      {1, 6, "cmd ", " note ", "", "", "", "# note"},
-      {1, 6, "cmd ", "#x", "", "", "", "#x"},
-      {1, 8, "min L M R N dbl ins", "", "400", "300", "M", "UseMouse: sm, 400, 300"},
-      {1, 8, "min L M R N dbl ins", "", "10", "20", "N dbl", "UseMouse: nc, 10, 20"},
-      {1, 9, "on off ins", "", "", "", "off", "Debug: off"},
-      {1, 9, "on off ins", "", "", "", "", "Debug: on"},
-      {2, 1, "min sec ", "", "WINDIR", "C:\\WINDOWS", "", "Test:  \"`WINDIR`\" = \"C:\\WINDOWS\""},
-      {2, 2, "on off ins", "", "", "", "", "If:  succeeded"},
-      {2, 5, "on off ins", "", "", "", "off", "While:  failed"},
-      {2, 8, "on off ins", "", "", "", "", "Until:  succeeded"},
-      {2, 3, "ins", "", "", "", "", "Else"},
-      {2, 4, "ins", "", "", "", "", "EndIf"},
-      {2, 6, "ins", "", "", "", "", "EndWhile"},
-      {2, 7, "ins", "", "", "", "", "Repeat"},
-      {2, 9, "ins", "", "", "", "", "Quit"}};
-  for (const Row& row : rows) {
+      {2, "cmd ", "{TAB}~", "", "", "", "SendKeys:  \"{TAB}~\""},
+      {3, "L M R dbl ins", "", "", "", "R dbl", "SendButtons: dr"},
+      {3, "L M R dbl ins", "", "", "", "", "SendButtons: sl"},
+      {4, "min sec ins", "", "", "5", "", "Wait:  .5"},
+      {5, "ins", "", "", "", "", ""},
+      {6, "cmd ", " note ", "", "", "", "# note"},
+      {8, "min L M R N dbl ins", "", "400", "300", "M", "UseMouse: sm, 400, 300"},
+      {8, "min L M R N dbl ins", "", "10", "20", "N dbl", "UseMouse: nc, 10, 20"},
+      {9, "on off ins", "", "", "", "off", "Debug: off"},
+      {11, "min sec ", "", "WINDIR", "C:\\WINDOWS", "", "Test:  \"`WINDIR`\" = \"C:\\WINDOWS\""},
+      {12, "on off ins", "", "", "", "", "If:  succeeded"},
+      {15, "on off ins", "", "", "", "off", "While:  failed"},
+      {19, "ins", "", "", "", "", "Quit"}};
+  for (const auto& row : rows) {
     SCOPED_TRACE(row.line);
     Script({""}, 0);
-    Choose(row.catalogue, row.position);
+    Choose(row.entry);
     EXPECT_EQ(Live(), row.live);
     controls.SetCaption(C::CommandLine, row.command);
     controls.SetCaption(C::Minutes, row.minutes);
@@ -85,7 +73,7 @@ TEST_F(EditorPanelTest, EachEntryOpensItsFieldsComposesItsLineAndReadsItBack) {
     EXPECT_EQ(engine.TraceWindow.Items(), (Lines{row.line, ""}));
     EXPECT_EQ(engine.TraceWindow.Selected(), 1);
 
-    panel.Load_Commands(3 - row.catalogue);
+    panel.Load_Commands(row.entry > 9 ? 1 : 2);
     engine.TraceWindow.Select(0);
     form.TraceWindow_DblClick();
     EXPECT_TRUE(panel.Overwriting() && controls[C::InsertCommandButton].Enabled);
@@ -94,27 +82,10 @@ TEST_F(EditorPanelTest, EachEntryOpensItsFieldsComposesItsLineAndReadsItBack) {
   }
 }
 
-// Choosing the entry again keeps what was typed; in overwrite mode the
-// defaults stay out of the fields read back.
-TEST_F(EditorPanelTest, ChoosingAgainKeepsTypedTextAndOverwriteModeKeepsDefaultsOut) {
-  Choose(1, 4);
-  EXPECT_EQ(controls[C::Minutes].Caption, "1");
-  Choose(1, 2);
-  controls.TextTyped(C::CommandLine, "abc", 3);
-  Choose(1, 2);
-  EXPECT_EQ(controls[C::CommandLine].Caption, "abc");
-  panel.Set_Overwrite_Mode(true);
-  Choose(1, 4);
-  EXPECT_EQ(controls[C::Minutes].Caption, "");
-  form.CommandList_Click(16);  // beyond the map
-  EXPECT_TRUE(Shown({"Error Location:  Editor.CommandList.Click.TrappableErrors.1"}));
-  EXPECT_EQ(panel.Current_Code(), kWaitCommand);
-}
-
 TEST_F(EditorPanelTest, LinesGoBeforeTheHighlightOverwriteInPlaceAndRemovalKeepsTheHeading) {
   const std::string heading = Trace_Header_Line();
   Script({heading, "Quit", ">>> Repeat", "EndIf"}, 2);
-  Choose(2, 7);
+  Choose(17);
   Click(C::InsertCommandButton);
   EXPECT_EQ(engine.TraceWindow.Items(), (Lines{heading, "Quit", "Repeat", ">>> Repeat", "EndIf"}));
   EXPECT_EQ(engine.TraceWindow.Selected(), 3);
@@ -139,7 +110,20 @@ TEST_F(EditorPanelTest, LinesGoBeforeTheHighlightOverwriteInPlaceAndRemovalKeeps
   EXPECT_EQ(engine.TraceWindow.Items(), (Lines{heading, ""}));
 }
 
-TEST_F(EditorPanelTest, DoubleClickOnABadLineReportsItAndLeavesThePanel) {
+// The panel keeps what it holds: the text typed when the entry is chosen
+// again, the values read back from the defaults, and everything when the
+// line double clicked is wrong.
+TEST_F(EditorPanelTest, ThePanelKeepsWhatItHoldsAgainstDefaultsAndBadLines) {
+  Choose(2);
+  controls.TextTyped(C::CommandLine, "abc", 3);
+  Choose(2);
+  EXPECT_EQ(controls[C::CommandLine].Caption, "abc");
+  panel.Set_Overwrite_Mode(true);
+  Choose(4);
+  EXPECT_EQ(controls[C::Minutes].Caption, "");  // not the default 1
+  form.CommandList_Click(16);  // beyond the map
+  EXPECT_TRUE(Shown({"Error Location:  Editor.CommandList.Click.TrappableErrors.1"}));
+  panel.Set_Overwrite_Mode(false);
   const std::pair<const char*, const char*> rows[] = {
       {"jump: 5", "Unknown Command:  jump: 5."},
       {"run: x", "Fatal Error:  Invalid Parameters:  Leading and/or Trailing quote missing.."}};
@@ -147,47 +131,36 @@ TEST_F(EditorPanelTest, DoubleClickOnABadLineReportsItAndLeavesThePanel) {
     Script({line}, 0);
     form.TraceWindow_DblClick();
     EXPECT_TRUE(Shown({logged})) << line;
-    EXPECT_FALSE(panel.Overwriting());
-    EXPECT_FALSE(engine.state.StopRunning);
+    EXPECT_FALSE(panel.Overwriting() || engine.state.StopRunning);
+    EXPECT_EQ(panel.Current_Code(), kWaitCommand);
   }
 }
 
 // A time takes digits without a leading zero, five at most: a character
 // typed that does not fit goes, a paste keeps its digits. The insert button
-// follows whether the line is complete.
+// follows whether the line is complete. '|' marks the caret.
 TEST_F(EditorPanelTest, TimeFieldsTakeNumbersOnlyAndTheInsertButtonWaitsForAWholeLine) {
-  struct Row {
-    int catalogue;
-    long position;
-    C field;
-    const char *other, *typed;  // the other time field, and the text typed with the caret after it
-    long caret;
-    const char* after;
-    long caretAfter;
-    bool insert;
-  };
-  const Row rows[] = {{1, 4, C::Minutes, "", "0", 1, "", 0, false},
-                      {1, 4, C::Seconds, "", "0", 1, "", 0, false},
-                      {1, 4, C::Minutes, "", "1a", 2, "1", 1, true},
-                      {1, 4, C::Minutes, "", "a1", 1, "1", 0, true},
-                      {1, 4, C::Seconds, "0", "123456", 3, "12456", 2, true},
-                      {1, 4, C::Seconds, "", "12345", 5, "12345", 5, true},
-                      {1, 4, C::Seconds, "", "x7", 2, "7", 1, true},
-                      {1, 4, C::Minutes, "1", "1 234 567", 9, "12345", 5, true},
-                      {2, 1, C::Minutes, "", "0x", 2, "0x", 2, true},
-                      {2, 1, C::Minutes, "", " ", 1, " ", 1, false},
-                      {1, 0, C::CommandLine, "", "  ", 1, "  ", 1, false},
-                      {1, 1, C::CommandLine, "30", "1, \"a\"", 1, "1, \"a\"", 1, true},
-                      {1, 1, C::CommandLine, "", "1, \"a\"", 1, "1, \"a\"", 1, false}};  // no time-out
-  for (const Row& row : rows) {
-    SCOPED_TRACE(row.typed);
-    Choose(row.catalogue, row.position);
-    controls.TextTyped(row.field == C::Seconds ? C::Minutes : C::Seconds, row.other, 0);
-    controls.TextTyped(row.field, row.typed, row.caret);
-    form.Text_Changed(row.field);
-    EXPECT_EQ(controls[row.field].Caption, row.after);
-    EXPECT_EQ(controls[row.field].Caret, row.caretAfter);
-    EXPECT_EQ(controls[C::InsertCommandButton].Enabled, row.insert);
+  const std::tuple<long, C, const char*, std::string, const char*, bool> rows[] = {  // entry, field, other field
+      {4, C::Minutes, "", "0|", "|", false},
+      {4, C::Minutes, "", "1a|", "1|", true},
+      {4, C::Seconds, "0", "123|456", "12|456", true},
+      {4, C::Seconds, "", "x7|", "7|", true},
+      {4, C::Minutes, "1", "1 234 567|", "12345|", true},
+      {11, C::Minutes, "", "0x|", "0x|", true},  // test's variable name: free text
+      {11, C::Minutes, "", " |", " |", false},
+      {0, C::CommandLine, "", "  |", "  |", false},
+      {1, C::CommandLine, "30", "1, \"a\"|", "1, \"a\"|", true},
+      {1, C::CommandLine, "", "1, \"a\"|", "1, \"a\"|", false}};  // no time-out
+  for (const auto& [entry, field, other, typed, after, insert] : rows) {
+    SCOPED_TRACE(typed);
+    Choose(entry);
+    controls.TextTyped(field == C::Seconds ? C::Minutes : C::Seconds, other, 0);
+    const auto caret = typed.find('|');
+    controls.TextTyped(field, typed.substr(0, caret) + typed.substr(caret + 1), static_cast<long>(caret));
+    form.Text_Changed(field);
+    const ControlState& state = controls[field];
+    EXPECT_EQ(state.Caption.substr(0, state.Caret) + "|" + state.Caption.substr(state.Caret), after);
+    EXPECT_EQ(controls[C::InsertCommandButton].Enabled, insert);
   }
 }
 

@@ -11,7 +11,6 @@ namespace velmora::testing {
 namespace {
 
 using C = ControlId;
-const std::string kStars(49, '*'), kPluses(49, '+');
 
 class EditorRunTest : public EditorTest {
  protected:
@@ -38,140 +37,41 @@ class EditorRunTest : public EditorTest {
   void Pick(C field, bool byKeyboard = false) { form.Field_Entered(field, byKeyboard); }
 };
 
-TEST_F(EditorRunTest, RunsStopAtTheNextMarkAQuitTheEndOrABlockError) {
+// A run stops before the next marked line, after a quit, at the end or on a
+// block error; a step runs one line. Each starts afresh, whatever the last
+// left: no overwrite from a double click, logging on after a `debug: off`.
+TEST_F(EditorRunTest, RunsStopAtTheNextMarkAQuitTheEndOrABlockErrorAndStartAfresh) {
   const std::string w = "wait: 0.00", marked = ">>> wait: 0.00";
   // The script, whether a step runs it, the lines that ran, and the line highlighted at the end.
   const std::tuple<Lines, bool, Lines, long> rows[] = {
+      {{"debug: off", w}, true, {"debug: off"}, 2},
       {{marked, w, marked, w}, false, {marked, w}, 3},
+      {{"debug: off", w}, false, {"debug: off"}, 2},
       {{w, "quit", w, marked}, false, {w, "quit"}, 3},
       {{w, w}, false, {w, w}, 2},            // the end
       {{"if: succeeded", w}, false, {}, 2},  // a block error; an empty line goes in before the if
       {{"if: succeeded", w}, true, {}, 2},
-      {{marked, w}, true, {marked}, 2},
-  };
+      {{marked, w}, true, {marked}, 2}};
   for (const auto& [script, step, ran, endsOn] : rows) {
     Script(script, 1);
+    form.TraceWindow_DblClick();
     engine.state.StopRunning = true;  // as a step that ran the last line leaves it
     Click(step ? C::ExecuteNextButton : C::ExecuteButton);
     EXPECT_EQ(Ran(), ran);
     EXPECT_EQ(engine.TraceWindow.Selected(), endsOn);
-    EXPECT_TRUE(Shown({kStars, "Info: PreProcessing..."}));
-    EXPECT_EQ(Shown({"", kStars, kStars, "Info: Execution BEGINS!!"}), !step);
-    EXPECT_EQ(Shown({"", "Info: Execution ends.", kPluses, kPluses}), !step);
     EXPECT_TRUE(controls[C::CommandList].Enabled && controls[C::ExecuteButton].Enabled);
-    EXPECT_FALSE(form.Activity().Running());
-  }
-  EXPECT_EQ(window.foregroundCalls, 6);
-}
-
-// The halt waits for the running line: a wait to its end, a findwindow only
-// to its next search. A close during a run halts it, then closes.
-TEST_F(EditorRunTest, AHaltOrACloseEndsTheRunAfterTheRunningLine) {
-  const std::tuple<std::string, bool, long long> rows[] = {
-      {"wait: 0.05", false, 6000},
-      {"findwindow: 1, \"Nowhere\", \"None\", 0, 0.5, 0.5, 0.30", false, 4000},
-      {"wait: 0.05", true, 6000}};  // the line, whether the form is closed, and the time the run ends before
-  for (const auto& [line, close, endsBefore] : rows) {
-    Script({line, "wait: 0.01"}, 1);
-    const long long start = host.clockMs;
-    std::string during;
-    At(start + 2000, [&] {
-      if (close) {
-        EXPECT_FALSE(form.May_Close_Now());
-      } else {
-        Click(C::ExecuteNextButton);
-      }
-      for (C id : {C::OpenScriptButton, C::CommandList, C::TraceWindow, C::ExecuteButton, C::TraceControlsFrame})
-        during += controls[id].Enabled ? '1' : '0';
-    });
-    Click(C::ExecuteButton);
-    EXPECT_EQ(during, "00100");
-    EXPECT_EQ(Ran(), Lines{line});
-    EXPECT_LT(host.clockMs - start, endsBefore);
-    EXPECT_TRUE(Shown({"Info: Execution Halted at your request.", "", "Info: Execution ends."}));
-  }
-  EXPECT_EQ(window.closeCalls, 1);
-}
-
-// The breakpoint button follows the highlighted line, whatever moved it; a
-// click on the heading highlights the line below, made when there is none.
-TEST_F(EditorRunTest, BreakpointsToggleAndTheHeadingIsNeverHighlighted) {
-  Script({"  wait: 0.01"}, 1);
-  Click(C::BreakPointButton);
-  EXPECT_EQ(engine.TraceWindow.Item(1) + "|" + controls[C::BreakPointButton].Caption, ">>> wait: 0.01|Clear Break");
-  Click(C::BreakPointButton);
-  EXPECT_EQ(engine.TraceWindow.Item(1) + "|" + controls[C::BreakPointButton].Caption, "wait: 0.01|Set Break");
-  // The script, the line clicked, and then the highlight, the count of lines and the caption.
-  const std::tuple<Lines, long, const char*> rows[] = {
-      {{}, 0, "1 2 Set Break"}, {{">>> quit"}, 0, "1 2 Clear Break"}, {{"quit", ">>>quit"}, 2, "2 3 Clear Break"}};
-  for (const auto& [script, clicked, after] : rows) {
-    Script(script, clicked);
-    form.TraceWindow_Click();
-    EXPECT_EQ(std::to_string(engine.TraceWindow.Selected()) + " " + std::to_string(engine.TraceWindow.Count()) + " " +
-                  controls[C::BreakPointButton].Caption,
-              after);
-  }
-}
-
-// A run or step starts afresh, whatever the last one left: no overwrite from
-// a double click, logging on after a `debug: off`, no catalogue entry chosen.
-TEST_F(EditorRunTest, EachRunStartsAfresh) {
-  for (const C button : {C::ExecuteButton, C::ExecuteNextButton}) {
-    Script({"debug: off", "wait: 0.00"}, 1);
-    form.TraceWindow_DblClick();  // overwrite mode, then the run
-    Click(button);
-    EXPECT_FALSE(panel.Overwriting());
+    EXPECT_FALSE(form.Activity().Running() || panel.Overwriting());
     EXPECT_EQ(panel.CommandList().Selected(), ListModel::kNoSelection);
-    engine.DebugWindow.Clear();
-    Click(C::ExecuteNextButton);  // the next line is logged although debug went off
-    EXPECT_EQ(Ran().size(), 1u);
   }
-}
-
-// Every level of the picked window, outermost first, and whether findwindow's
-// choice among alike windows lands on it. A pop-up left of its owner gives
-// the owner's edge: findwindow takes no negative fraction.
-TEST_F(EditorRunTest, AStillPointerPicksTheWindowWithEveryLevelAndForeseesTheChoice) {
-  desktop.Add(desktop.Add(desktop.DesktopWindow(), "Setup", "#32770", 0, {600, 100, 1000, 400}), "Next >", "Button", 1,
-              {900, 350, 980, 380});
-  const WindowHandle tip = desktop.Add(desktop.DesktopWindow(), "Tip", "VelmoraTip", 0, {20, 150, 90, 200});
-  desktop.At(tip).popup = true;
-  desktop.At(tip).owner = dialog;
-  const std::string two = "Info: 2 windows match the picked description now; the choice by the picked point lands on ";
-  const std::string button = "2, \"Setup\", \"#32770\", 0, 0.85, 0.8833, \"Next >\", \"Button\", 1, 0.5, 0.5";
-  const std::tuple<ScreenPoint, std::string, std::string> rows[] = {{{440, 365}, button, two + "the picked window."},
-              {{940, 365}, button, two + "another window."},
-              {{100, 100}, "1, \"Setup\", \"#32770\", 0, 0, 0", two + "the picked window."},
-              {{50, 175}, "2, \"Setup\", \"#32770\", 0, 0, 0.25, \"Tip\", \"VelmoraTip\", 0, 0.4286, 0.5",
-               "Info: 1 window matches the picked description now."}};
-  for (const auto& [at, description, matches] : rows) {
-    engine.DebugWindow.Clear();
-    Choose(kFindWindowCommand);
-    desktop.cursor = at;
-    bool disabled = false;
-    host.onDoEvents = [&] { disabled = disabled || !controls[C::Form].Enabled; };
-    Pick(C::CommandLine);
-    EXPECT_TRUE(disabled);
-    EXPECT_EQ(controls[C::CommandLine].Caption, description);
-    EXPECT_EQ(engine.DebugWindow.Items(),
-              (Lines{"Info: Editor Disabled Pending Window Location Input!",
-                     "  To pick window, leave mouse stationary for 3 seconds!", matches,
-                     "Info: Editor Re-Enabled!"}));
-    EXPECT_TRUE(controls[C::Form].Enabled && controls[C::InsertCommandButton].Enabled);
-    EXPECT_EQ(controls.Focused(), C::Minutes);
-  }
+  EXPECT_EQ(window.foregroundCalls, 8);
 }
 
 // 30 unmoved samples after the last move, which may be one pixel along
 // either axis; every change of the window under the pointer wipes the old
 // frame and draws the new one.
 TEST_F(EditorRunTest, OnePixelRestartsTheWaitAndEachWindowIsFramedInTurn) {
-  const Lines toButton = {"frame 2", "repaint 100,100,500,400", "frame 3", "repaint 400,350,480,380"};
-  const std::pair<std::vector<ScreenPoint>, Lines> rows[] = {
-      {{{440, 365}, {441, 365}}, toButton},
-      {{{440, 365}, {440, 366}}, toButton},
-      {{{440, 365}, {441, 365}, {200, 201}}, Joined(toButton, {"frame 2", "repaint 100,100,500,400"})}};
-  for (const auto& [moves, marks] : rows) {
+  for (const ScreenPoint last : {ScreenPoint{441, 365}, ScreenPoint{440, 366}}) {
+    const std::vector<ScreenPoint> moves = {{440, 365}, last};
     Choose(kFindWindowCommand);
     std::vector<ScreenPoint> path(20, {200, 200});
     path.insert(path.end(), moves.begin(), moves.end());
@@ -183,43 +83,46 @@ TEST_F(EditorRunTest, OnePixelRestartsTheWaitAndEachWindowIsFramedInTurn) {
     };
     Pick(C::CommandLine);
     EXPECT_EQ(host.tenthSleeps - samples, static_cast<long long>(path.size()) + 30);
-    EXPECT_EQ(desktop.screenMarks, marks);
+    EXPECT_EQ(desktop.screenMarks, (Lines{"frame 2", "repaint 100,100,500,400", "frame 3", "repaint 400,350,480,380"}));
   }
 }
 
 // The pointer resting on the editor's own window picks nothing: the pick
 // waits for another program's window. Escape ends a pick with nothing picked;
 // a field entered by Tab that holds a description is left to correct by hand.
+// A pop-up left of its owner gives the owner's edge: findwindow takes no
+// negative fraction.
 TEST_F(EditorRunTest, APickTakesNoOwnWindowEndsWithEscapeAndLeavesATabbedFieldAlone) {
   const WindowHandle own = desktop.Add(desktop.DesktopWindow(), "Velmora - IDE", "VelmoraEditor", 0, {600, 0, 900, 300});
   desktop.At(own).program = desktop.ownProgram;
+  const WindowHandle tip = desktop.Add(desktop.DesktopWindow(), "Tip", "VelmoraTip", 0, {20, 150, 90, 200});
+  desktop.At(tip).popup = true;
+  desktop.At(tip).owner = dialog;
   const std::string setup = "1, \"Setup\", \"#32770\", 0, 0.25, 0.3333";
-  // A mouse pick or not, entered by Tab or not, Escape pressed after some time (or not), the
-  // field's text before and after, and the most samples taken.
-  const struct {
-    bool mouse, tabbed;
-    long long escapeAfterMs;
-    const char* before;
-    std::string after;
-    long long mostSamples;
-  } rows[] = {{false, false, -1, "", setup, 100},      {false, false, 500, "kept", "kept", 10},
-              {true, false, 500, "7", "7", 10},        {false, true, -1, "kept", "kept", 0},
-              {false, true, -1, "", setup, 100}};
-  for (const auto& row : rows) {
-    SCOPED_TRACE(row.before);
-    Choose(row.mouse ? kUseMouseCommand : kFindWindowCommand);
-    const C field = row.mouse ? C::Minutes : C::CommandLine;
-    controls.SetCaption(field, row.before);
+  // Entered by Tab or not, Escape pressed after some time (or not), the field's text before, where
+  // the pointer goes after 4 s on the editor, the text after, and the most samples taken.
+  const std::tuple<bool, long long, const char*, ScreenPoint, std::string, long long> rows[] = {
+      {false, -1, "", {200, 200}, setup, 100},
+      {false, -1, "", {50, 175}, "2, \"Setup\", \"#32770\", 0, 0, 0.25, \"Tip\", \"VelmoraTip\", 0, 0.4286, 0.5", 100},
+      {false, 500, "kept", {200, 200}, "kept", 10},
+      {true, -1, "kept", {200, 200}, "kept", 0},
+      {true, -1, "", {200, 200}, setup, 100}};
+  for (const auto& [tabbed, escapeAfterMs, before, to, after, mostSamples] : rows) {
+    SCOPED_TRACE(after);
+    Choose(kFindWindowCommand);
+    controls.SetCaption(C::CommandLine, before);
     desktop.cursor = {700, 100};  // on the editor
     const long long start = host.clockMs, samples = host.tenthSleeps;
-    desktop.escapeAtMs = row.escapeAfterMs < 0 ? -1 : start + row.escapeAfterMs;
-    At(start + 4000, [&] { desktop.cursor = {200, 200}; });  // longer than a pick's 3 s on the editor
-    Pick(field, row.tabbed);
-    EXPECT_EQ(controls[field].Caption, row.after);
-    EXPECT_LE(host.tenthSleeps - samples, row.mostSamples);
+    desktop.escapeAtMs = escapeAfterMs < 0 ? -1 : start + escapeAfterMs;
+    At(start + 4000, [&, to = to] { desktop.cursor = to; });  // longer than a pick's 3 s on the editor
+    Pick(C::CommandLine, tabbed);
+    EXPECT_EQ(controls[C::CommandLine].Caption, after);
+    EXPECT_LE(host.tenthSleeps - samples, mostSamples);
     EXPECT_EQ(std::count(desktop.screenMarks.begin(), desktop.screenMarks.end(), "frame " + std::to_string(own)), 0);
-    EXPECT_EQ(Shown({"Info: Pick ended with Escape; nothing was picked."}), row.escapeAfterMs >= 0);
-    EXPECT_TRUE(controls[C::Form].Enabled);
+    EXPECT_EQ(Shown({"Info: Pick ended with Escape; nothing was picked."}), escapeAfterMs >= 0);
+    EXPECT_EQ(Shown({"Info: Editor Disabled Pending Window Location Input!",
+                     "  To pick window, leave mouse stationary for 3 seconds!"}), mostSamples > 0);
+    EXPECT_TRUE(controls[C::Form].Enabled && (mostSamples == 0 || Shown({"Info: Editor Re-Enabled!"})));
     engine.DebugWindow.Clear();
   }
 }
@@ -228,14 +131,12 @@ TEST_F(EditorRunTest, APickTakesNoOwnWindowEndsWithEscapeAndLeavesATabbedFieldAl
 // overwrite mode; a close ends a pick, with nothing picked.
 TEST_F(EditorRunTest, TheMousePickGivesUseMousesRangeAndPicksStartOnlyWhereAskedFor) {
   desktop.screenWidth = 1024, desktop.screenHeight = 768;
-  const std::pair<ScreenPoint, std::string> rows[] = {
-      {{512, 384}, "32768 32768"}, {{1023, 767}, "65472 65451"}, {{2000, -5}, "65535 0"}};
-  for (const auto& [at, xy] : rows) {
+  for (const auto& [at, xy] : {std::pair{ScreenPoint{512, 384}, "32768 32768"}, {{1023, 767}, "65472 65451"},
+                                {{2000, -5}, "65535 0"}}) {
     Choose(kUseMouseCommand);
     desktop.cursor = at;
     Pick(C::Minutes);
     EXPECT_EQ(controls[C::Minutes].Caption + " " + controls[C::Seconds].Caption, xy);
-    EXPECT_EQ(controls.Focused(), C::InsertCommandButton);
   }
   const long long samples = host.tenthSleeps;
   Choose(kWaitCommand);
