@@ -132,7 +132,6 @@ TEST_F(EditorFilesTest, TheNextStartLoadsTheRememberedFilesUnlessTheShellNamesAS
   host.files["C:\\s\\shell.vls"] = "Wait:  0.01\r\n";
   Start_With("C:\\s\\a.vls", "C:\\s\\a.vld");
   EXPECT_TRUE(form.Form_QueryUnload());
-  EXPECT_EQ(Log("C:\\s\\a.vld").back(), "Info: Editor shut down!  --> " + host.dateTimeText);
   const std::tuple<const char*, bool, const char*> rows[] = {  // the shell's script, the debug file there, line 1
       {"", true, "Quit"}, {"\"C:\\s\\shell.vls\"", true, "Wait:  0.01"}, {"", false, "Wait:  0.01"}};
   for (const auto& [shell, debugThere, line] : rows) {
