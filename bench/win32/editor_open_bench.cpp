@@ -87,13 +87,13 @@ Timings Time_Editor(std::size_t lines) {
   engine.surface = &window;
   engine.state.InteractiveSession = true;
   window.Show(SW_SHOWNOACTIVATE);
-  form.Load_Commands(1);
+  form.Panel().Load_Commands(1);
   Pump_Messages();
 
   engine.editor.ScriptFileName = '"' + script + '"';
   engine.editor.DebugFileName = '"' + debug + '"';
   double start = Now_Ms();
-  form.Load_Script_And_Debug();
+  form.Files().Load_Script_And_Debug();
   Pump_Messages();
   timings.open = Now_Ms() - start;
   timings.shown = engine.TraceWindow.Count();
@@ -101,13 +101,13 @@ Timings Time_Editor(std::size_t lines) {
   engine.TraceWindow.Select(static_cast<long>(lines / 2));
   form.CommandList_Click(5);  // "Insert a Blank Line"
   start = Now_Ms();
-  form.InsertCommandButton_Click();
+  form.Button_Clicked(ControlId::InsertCommandButton);
   Pump_Messages();
   timings.insert = Now_Ms() - start;
 
   engine.TraceWindow.Select(static_cast<long>(lines / 2));
   start = Now_Ms();
-  form.RemoveCommandButton_Click();
+  form.Button_Clicked(ControlId::RemoveCommandButton);
   Pump_Messages();
   timings.remove = Now_Ms() - start;
 

@@ -28,7 +28,7 @@ bool EditorWindow::Create(HINSTANCE instance, EditorForm& form) {
 }
 
 void EditorWindow::Attach_Lists() {
-  commandMirror_ = std::make_unique<ListBoxMirror>(form_->CommandList, Control(ControlId::CommandList));
+  commandMirror_ = std::make_unique<ListBoxMirror>(form_->Panel().CommandList(), Control(ControlId::CommandList));
   traceMirror_ = std::make_unique<ListBoxMirror>(engine_.TraceWindow, Control(ControlId::TraceWindow));
   debugMirror_ = std::make_unique<ListBoxMirror>(engine_.DebugWindow, Control(ControlId::DebugWindow));
 }
@@ -83,7 +83,7 @@ LRESULT EditorWindow::Handle_Message(UINT message, WPARAM wParam, LPARAM lParam)
   }
 }
 
-std::string EditorWindow::Help_File() const { return form_->HelpFile; }
+std::string EditorWindow::Help_File() const { return form_->HelpFile(); }
 
 // The form's size in its state, then its layout; a size the layout itself
 // sets (the minimum) does not start another layout inside this one.

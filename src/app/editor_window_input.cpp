@@ -23,18 +23,6 @@ constexpr char kUsingHelpPage[] = "using-help";
 
 long Selected_Index(HWND list) { return static_cast<long>(SendMessageA(list, LB_GETCURSEL, 0, 0)); }
 
-// The buttons and the form's procedure each one runs.
-constexpr std::pair<ControlId, void (EditorForm::*)()> kButtonProcedures[] = {
-    {ControlId::OpenScriptButton, &EditorForm::OpenScriptButton_Click},
-    {ControlId::SaveScriptButton, &EditorForm::SaveScriptButton_Click},
-    {ControlId::CreateDebugButton, &EditorForm::CreateDebugButton_Click},
-    {ControlId::InsertCommandButton, &EditorForm::InsertCommandButton_Click},
-    {ControlId::RemoveCommandButton, &EditorForm::RemoveCommandButton_Click},
-    {ControlId::ExecuteButton, &EditorForm::ExecuteButton_Click},
-    {ControlId::ExecuteNextButton, &EditorForm::ExecuteNextButton_Click},
-    {ControlId::BreakPointButton, &EditorForm::BreakPointButton_Click},
-};
-
 }  // namespace
 
 void EditorWindow::On_Command(ControlId id, int code) {
@@ -69,7 +57,7 @@ void EditorWindow::On_Command(ControlId id, int code) {
 void EditorWindow::On_Field_Entered(ControlId id, bool byKeyboard) {
   if (controls_.Focused() != id || GetFocus() != Control(id)) return;  // the focus has moved on
   if (GetCapture() == Control(id)) ReleaseCapture();
-  id == ControlId::CommandLine ? form_->CommandLine_GotFocus(byKeyboard) : form_->Minutes_GotFocus(byKeyboard);
+  form_->Field_Entered(id, byKeyboard);
 }
 
 void EditorWindow::On_Button_Clicked(ControlId id) {
@@ -81,29 +69,26 @@ void EditorWindow::On_Button_Clicked(ControlId id) {
     controls_.SetChecked(id, SendMessageA(Control(id), BM_GETCHECK, 0, 0) == BST_CHECKED);
     return;
   }
-  for (const auto& [button, procedure] : kButtonProcedures)
-    if (button == id) return (form_->*procedure)();
+  form_->Button_Clicked(id);
 }
 
 void EditorWindow::On_Menu(MenuId id) {
   switch (id) {
     case MenuId::HelpContents:
-      return Show_Help_Contents(window_, form_->HelpFile);
+      return Show_Help_Contents(window_, form_->HelpFile());
     case MenuId::HelpOnHelp:
-      return Show_Help_Page(window_, form_->HelpFile, kUsingHelpPage);
+      return Show_Help_Page(window_, form_->HelpFile(), kUsingHelpPage);
     case MenuId::About:
       return Show_About_Box(window_);
     case MenuId::AssignEnvVar:
       return Show_EnvVar_Setup(reinterpret_cast<HINSTANCE>(GetWindowLongPtrA(window_, GWLP_HINSTANCE)), window_,
-                               engine_, form_->HelpFile);
+                               engine_, form_->HelpFile());
   }
 }
 
 void EditorWindow::On_Text_Changed(ControlId id) {
   Take_Typed_Text(id);
-  if (id == ControlId::CommandLine) form_->CommandLine_Change();
-  if (id == ControlId::Minutes) form_->Minutes_Change();
-  if (id == ControlId::Seconds) form_->Seconds_Change();
+  form_->Text_Changed(id);
 }
 
 // The catalogue: a click chooses an entry, the arrow keys only move the
@@ -112,7 +97,7 @@ void EditorWindow::On_Text_Changed(ControlId id) {
 void EditorWindow::On_List_Selection_Changed(ControlId id) {
   const long index = Selected_Index(Control(id));
   if (id == ControlId::CommandList) {
-    form_->CommandList.Select(index);
+    form_->Panel().CommandList().Select(index);
     if (!keyboardMove_) form_->CommandList_Click(index);
   } else if (id == ControlId::TraceWindow) {
     engine_.TraceWindow.Select(index);
@@ -133,7 +118,6 @@ LRESULT CALLBACK EditorWindow::Control_Hook(HWND control, UINT message, WPARAM w
 // and pass its release on.
 LRESULT EditorWindow::Handle_Control_Message(HWND control, UINT message, WPARAM wParam, LPARAM lParam, bool& handled) {
   const auto id = static_cast<ControlId>(GetDlgCtrlID(control));
-  const bool scriptLabel = id == ControlId::ScriptFileLabel;
   handled = true;
   if (id == ControlId::CommandList) {
     const auto* key = reinterpret_cast<const MSG*>(lParam);
@@ -152,12 +136,12 @@ LRESULT EditorWindow::Handle_Control_Message(HWND control, UINT message, WPARAM 
     }
   } else if (message == WM_RBUTTONDOWN) {
     SetCapture(control);
-    scriptLabel ? form_->ScriptFileLabel_MouseDown(kRightButton) : form_->DebugFileLabel_MouseDown(kRightButton);
+    form_->Label_Mouse(id, kRightButton, true);
     return 0;
   } else if (message == WM_RBUTTONUP) {
     // The layout comes back first; the release then shows the label's What's-This.
     if (GetCapture() == control) ReleaseCapture();
-    scriptLabel ? form_->ScriptFileLabel_MouseUp(kRightButton) : form_->DebugFileLabel_MouseUp(kRightButton);
+    form_->Label_Mouse(id, kRightButton, false);
   }
   handled = false;
   return 0;

@@ -4,7 +4,7 @@
 
 #include "catalogue_table.h"
 #include "command_codes.h"
-#include "editor_form.h"
+#include "command_panel.h"
 #include "engine.h"
 #include "trap.h"
 
@@ -12,7 +12,7 @@ namespace velmora {
 
 namespace {
 
-// Insertion order is display order: positions and CommandMap must agree.
+// Insertion order is display order: positions and commandMap_ must agree.
 const std::array<CatalogueSpec, 2> kCatalogues = {{
     {"Automation Commands",
      "Automation Commands you may use in your script",
@@ -90,45 +90,45 @@ std::optional<CataloguePlace> Catalogue_Place_Of(std::uint8_t code) {
   return std::nullopt;
 }
 
-void EditorForm::Load_Commands(int catalogue) {
+void CommandPanel::Load_Commands(int catalogue) {
   Trap(engine_, true, "Editor.Load_Commands.TrappableErrors.1", kGoOn, [&] {
     const CatalogueSpec* spec = Catalogue_Spec(catalogue);
     if (!spec) throw SubscriptError();
-    CommandList.Clear();
+    commandList_.Clear();
     controls_.SetCaption(C::AvailableCommandsFrame, spec->Caption);
     controls_.SetToolTip(C::CommandList, spec->ToolTip);
     for (std::size_t position = 0; position < spec->Entries.size(); ++position) {
-      CommandList.Add(spec->Entries[position].Text);
-      CommandMap[position + 1] = spec->Entries[position].Code;
+      commandList_.Add(spec->Entries[position].Text);
+      commandMap_[position + 1] = spec->Entries[position].Code;
     }
-    CommandMap[0] = kNoEntry;
-    ChosenPosition = kNoEntry;
-    CurrentCode = kNoEntry;
-    Catalogue = catalogue;
+    commandMap_[0] = kNoEntry;
+    chosenPosition_ = kNoEntry;
+    currentCode_ = kNoEntry;
+    catalogue_ = catalogue;
   });
 }
 
-void EditorForm::CommandList_Click(long position) {
+void CommandPanel::CommandList_Click(long position) {
   Trap(engine_, true, "Editor.CommandList.Click.TrappableErrors.1", kGoOn, [&] {
-    if (position < ListModel::kNoSelection || position + 1 >= static_cast<long>(std::size(CommandMap)))
+    if (position < ListModel::kNoSelection || position + 1 >= static_cast<long>(std::size(commandMap_)))
       throw SubscriptError();
     // Clicking the chosen entry again keeps what the user typed.
-    if (position != ChosenPosition) {
-      ChosenPosition = position;
+    if (position != chosenPosition_) {
+      chosenPosition_ = position;
       Set_Control_State("EmptyCommands");
     }
-    CommandList.Select(position);
-    CurrentCode = CommandMap[position + 1];
-    Prepare_Panel(CurrentCode);
+    commandList_.Select(position);
+    currentCode_ = commandMap_[position + 1];
+    Prepare_Panel(currentCode_);
   });
 }
 
 // The defaults must not replace the values a double click put in the fields.
-void EditorForm::Write_Default(ControlId field, const char* text) {
-  if (!OverwriteMode) controls_.SetCaption(field, text);
+void CommandPanel::Write_Default(ControlId field, const char* text) {
+  if (!overwriting_) controls_.SetCaption(field, text);
 }
 
-void EditorForm::Show_Mouse_Options(const char* letters, int buttons) {
+void CommandPanel::Show_Mouse_Options(const char* letters, int buttons) {
   controls_.SetCaption(C::MouseLabel, letters);
   controls_.SetVisible(C::MouseLabel, true);
   ControlId focus = MouseButton(0);
@@ -147,7 +147,7 @@ void EditorForm::Show_Mouse_Options(const char* letters, int buttons) {
   controls_.SetFocus(focus);
 }
 
-void EditorForm::Show_Choice_Options(std::uint8_t code) {
+void CommandPanel::Show_Choice_Options(std::uint8_t code) {
   const auto choice = std::find_if(kChoiceCaptions.begin(), kChoiceCaptions.end(),
                                    [code](const ChoiceCaptions& row) { return row.Code == code; });
   if (choice == kChoiceCaptions.end()) return;
@@ -164,7 +164,7 @@ void EditorForm::Show_Choice_Options(std::uint8_t code) {
   controls_.SetFocus(controls_[DebugState(1)].Checked ? DebugState(1) : DebugState(0));
 }
 
-void EditorForm::Prepare_Panel(std::uint8_t code) {
+void CommandPanel::Prepare_Panel(std::uint8_t code) {
   FormControls& c = controls_;
   switch (code) {
     case kRunCommand:

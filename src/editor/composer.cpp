@@ -5,9 +5,11 @@
 
 #include "catalogue_table.h"
 #include "command_codes.h"
-#include "editor_form.h"
+#include "command_panel.h"
+#include "editor_activity.h"
 #include "engine.h"
-#include "numeric.h"
+#include "line_composer.h"
+#include "list_scrolling.h"
 #include "script_text.h"
 #include "text.h"
 #include "trap.h"
@@ -19,7 +21,6 @@ namespace {
 using C = ControlId;
 
 constexpr char kQuote[] = "\"";
-constexpr long kSecondsPerMinute = 60;
 
 // After these the catalogue moves on to the entry a script usually needs next
 // (a window after a program, keys after a window, the block's next keyword).
@@ -37,9 +38,8 @@ const char* Keyword_Of(std::uint8_t code) {
 
 }  // namespace
 
-std::string EditorForm::Compose_Line() {
+std::string LineComposer::Compose_Line() {
   const auto text = [&](ControlId id) { return Trim(controls_[id].Caption); };
-  const auto number = [&](ControlId id) { return static_cast<long>(Numeric_Value(text(id)).value_or(0)); };
   const auto button = [&](const char* letters) {
     for (int index = 0; index < 3; ++index)
       if (controls_[MouseButton(index)].Checked) return std::string(1, letters[index]);
@@ -47,22 +47,22 @@ std::string EditorForm::Compose_Line() {
   };
   const std::string click = controls_[C::DoubleClick].Checked ? "d" : "s";
   const bool first = controls_[DebugState(0)].Checked;
-  switch (CurrentCode) {
+  const std::uint8_t code = panel_.Current_Code();
+  switch (code) {
     case kRunCommand:
       return "Run:  " + (kQuote + text(C::CommandLine)) + kQuote;
     case kSendKeysCommand:
       return "SendKeys:  " + (kQuote + text(C::CommandLine)) + kQuote;
     case kFindWindowCommand:
     case kWaitCommand: {
-      ComposedTimeOut = number(C::Minutes) * kSecondsPerMinute + number(C::Seconds);
       const std::string time = text(C::Minutes) + "." + text(C::Seconds);
-      if (CurrentCode == kWaitCommand) return "Wait:  " + time;
+      if (code == kWaitCommand) return "Wait:  " + time;
       return "FindWindow:  " + text(C::CommandLine) + ", " + time;
     }
     case kIfCommand:
     case kWhileCommand:
     case kUntilCommand:
-      return Keyword_Of(CurrentCode) + std::string(first ? "succeeded" : "failed");
+      return Keyword_Of(code) + std::string(first ? "succeeded" : "failed");
     case kUseMouseCommand: {
       const std::string kind = controls_[MouseButton(3)].Checked ? "nc" : click + button("lmr");
       return "UseMouse: " + kind + ", " + text(C::Minutes) + ", " + text(C::Seconds);
@@ -83,44 +83,37 @@ std::string EditorForm::Compose_Line() {
     case kSendButtonsCommand:
       return "SendButtons: " + click + button("lmr");
     default:
-      return Keyword_Of(CurrentCode);
+      return Keyword_Of(code);
   }
 }
 
 // Overwriting replaces the highlighted line and keeps its breakpoint; else the
 // line goes in before the highlighted one, which stays highlighted. Without a
 // highlighted line the new line ends the script.
-void EditorForm::Place_Line(const std::string& line) {
+void LineComposer::Place_Line(const std::string& line) {
   ListModel& trace = engine_.TraceWindow;
   const long highlighted = trace.Selected();
   if (highlighted < 0 || highlighted >= static_cast<long>(trace.Count())) return trace.Add(line);
   const auto index = static_cast<std::size_t>(highlighted);
-  if (!OverwriteMode) return trace.Insert(index, line);
+  if (!panel_.Overwriting()) return trace.Insert(index, line);
   const bool marked = Starts_With(Trim(trace.Item(highlighted)), kBreakpointMark);
   trace.Set(index, marked ? std::string(kBreakpointMark) + " " + line : line);
   trace.Select(highlighted);
 }
 
-void EditorForm::Set_Overwrite_Mode(bool on) {
-  OverwriteMode = on;
-  controls_.SetCaption(C::InsertCommandButton, on ? kOverwriteCaption : kInsertCaption);
-  controls_.SetToolTip(C::InsertCommandButton,
-                       on ? "This will OVERWRITE the command that is hilited" : "Insert this command in the Script");
-}
-
-void EditorForm::InsertCommandButton_Click() {
+void LineComposer::InsertCommandButton_Click() {
   Trap(engine_, true, "Editor.InsertCommandButton.Click.TrappableErrors.1", kGoOn, [&] {
-    const std::uint8_t code = CurrentCode;
+    const std::uint8_t code = panel_.Current_Code();
     if (code > kSendButtonsCommand) return;  // no command chosen
     Place_Line(Compose_Line());
     // One overwrite per double click: the next insertion inserts again.
-    if (OverwriteMode) Set_Overwrite_Mode(false);
-    ScriptChanged = true;
+    if (panel_.Overwriting()) panel_.Set_Overwrite_Mode(false);
+    activity_.Set_Script_Changed(true);
     controls_.SetEnabled(C::SaveScriptButton, true);
-    Set_Control_State("EmptyCommands");
-    Set_Control_State("EnableCommands");
-    if (Moves_On(code) && ChosenPosition != kNoEntry) {
-      CommandList_Click(ChosenPosition + 1);
+    panel_.Set_Control_State("EmptyCommands");
+    panel_.Set_Control_State("EnableCommands");
+    if (Moves_On(code) && panel_.Chosen_Position() != CommandPanel::kNoEntry) {
+      panel_.CommandList_Click(panel_.Chosen_Position() + 1);
     } else {
       controls_.SetFocus(C::CommandList);  // the next command is chosen there
     }
@@ -129,7 +122,7 @@ void EditorForm::InsertCommandButton_Click() {
 
 // The highlight stays at the same place (the line that followed the removed
 // one), or on the last line when the last was removed.
-void EditorForm::RemoveCommandButton_Click() {
+void LineComposer::RemoveCommandButton_Click() {
   Trap(engine_, true, "Editor.RemoveCommandButton.Click.TrappableErrors.1", kGoOn, [&] {
     ListModel& trace = engine_.TraceWindow;
     const long highlighted = trace.Selected();
@@ -137,11 +130,24 @@ void EditorForm::RemoveCommandButton_Click() {
     if (highlighted <= 0 || highlighted >= static_cast<long>(trace.Count())) return;
     trace.Remove(static_cast<std::size_t>(highlighted));
     if (trace.Count() == 1) trace.Add("");  // a line below the heading to insert before
-    Set_Trace_HScroll_Bar();
+    scrolling_.Set_Trace_HScroll_Bar();
     trace.Select(std::min(highlighted, static_cast<long>(trace.Count()) - 1));
-    ScriptChanged = true;
+    activity_.Set_Script_Changed(true);
     controls_.SetEnabled(C::SaveScriptButton, true);
-    Focus_First_Enabled_Field();
+    panel_.Focus_First_Enabled_Field();
+  });
+}
+
+// The heading line is not a place to run from: a click on it highlights the
+// line below, made empty when there is none. A click ends overwrite mode.
+void LineComposer::TraceWindow_Click() {
+  Trap(engine_, true, "Editor.TraceWindow.Click.TrappableErrors.1", kGoOn, [&] {
+    ListModel& trace = engine_.TraceWindow;
+    if (trace.Selected() == 0) {
+      if (trace.Count() == 1) trace.Add("");
+      trace.Select(1);
+    }
+    panel_.Set_Overwrite_Mode(false);
   });
 }
 

@@ -1,9 +1,13 @@
 // Running the script from the editor: the whole script from the highlighted
 // line on, or one line; the halt button; breakpoints.
+#include "command_panel.h"
 #include "debug_log.h"
-#include "editor_form.h"
+#include "editor_activity.h"
+#include "editor_run.h"
 #include "engine.h"
+#include "form_window.h"
 #include "interpreter.h"
+#include "list_scrolling.h"
 #include "preprocessor.h"
 #include "script_text.h"
 #include "text.h"
@@ -26,7 +30,15 @@ bool Is_Marked(const std::string& line) { return Starts_With(Trim(line), kBreakp
 
 }  // namespace
 
-void EditorForm::Show_Halt_Button(int fontSize, const char* caption) {
+EditorRun::EditorRun(Engine& engine, FormControls& controls, FormWindow& window, CommandPanel& panel,
+                     EditorActivity& activity, ListScrolling& scrolling)
+    : engine_(engine), controls_(controls), window_(window), panel_(panel), activity_(activity), scrolling_(scrolling) {
+  engine.TraceWindow.AddObserver(&breakpointCaption_);
+}
+
+EditorRun::~EditorRun() { engine_.TraceWindow.RemoveObserver(&breakpointCaption_); }
+
+void EditorRun::Show_Halt_Button(int fontSize, const char* caption) {
   FontSpec font = controls_[C::ExecuteNextButton].Font;
   font.Size = fontSize;
   controls_.SetFont(C::ExecuteNextButton, font);
@@ -36,35 +48,35 @@ void EditorForm::Show_Halt_Button(int fontSize, const char* caption) {
 // Everything but the halt button is locked while lines run.
 // A run or step starts afresh: logging on (a `debug: off` of an earlier run
 // does not carry over) and no overwrite left from a double click.
-void EditorForm::Lock_For_Run() {
-  Running = true;
+void EditorRun::Lock_For_Run() {
+  activity_.Set_Running(true);
   engine_.state.DebugOn = true;
-  Set_Overwrite_Mode(false);
-  Set_Control_State("Files", false);
-  Set_Control_State("DisableCommands");
-  Set_Control_State("TraceControls", false);
+  panel_.Set_Overwrite_Mode(false);
+  panel_.Set_Control_State("Files", false);
+  panel_.Set_Control_State("DisableCommands");
+  panel_.Set_Control_State("TraceControls", false);
   Show_Halt_Button(kHaltSize, kHaltCaption);
   controls_.SetEnabled(C::ExecuteNextButton, true);
   controls_.SetEnabled(C::TraceControlsFrame, true);
 }
 
 // The commands run will have activated other programs: the editor comes back.
-void EditorForm::Unlock_After_Run() {
+void EditorRun::Unlock_After_Run() {
   Show_Halt_Button(kIdleSize, kIdleCaption);
-  Set_Control_State("Files", true);
-  Set_Control_State("EnableCommands");
-  Set_Control_State("TraceControls", true);
+  panel_.Set_Control_State("Files", true);
+  panel_.Set_Control_State("EnableCommands");
+  panel_.Set_Control_State("TraceControls", true);
   controls_.SetEnabled(C::TraceFrame, true);
   controls_.SetEnabled(C::TraceWindow, true);
   controls_.SetFocus(C::ExecuteNextButton);
   window_.BringFocusToForeground();
   engine_.state.DebugOn = true;  // picks after the run are logged
-  Running = false;
-  Close_If_Requested();
+  activity_.Set_Running(false);
+  activity_.Close_If_Requested();
 }
 
 // The button becomes the execute button again; a halt asked for is told.
-void EditorForm::Report_Halt() {
+void EditorRun::Report_Halt() {
   Show_Halt_Button(kIdleSize, kIdleCaption);
   RunState& state = engine_.state;
   if (!state.HaltRequested) return;
@@ -75,7 +87,7 @@ void EditorForm::Report_Halt() {
 
 // The opening lines of a run or step and the block check before it; false
 // after a block error, which leaves nothing to run.
-bool EditorForm::Preprocess_For_Run() {
+bool EditorRun::Preprocess_For_Run() {
   RunState& state = engine_.state;
   state.HaltRequested = false;
   Log_Trace(engine_, true, kRunStart);
@@ -88,7 +100,7 @@ bool EditorForm::Preprocess_For_Run() {
 
 // Runs the highlighted line; true when the run must not go on after it (a
 // quit line ran).
-bool EditorForm::Run_Highlighted_Line() {
+bool EditorRun::Run_Highlighted_Line() {
   RunState& state = engine_.state;
   engine_.editor.QuitRun = false;
   Process_Command(engine_, true, state.DebugOn, state.ScriptFileNumber, state.DebugFileNumber,
@@ -96,7 +108,7 @@ bool EditorForm::Run_Highlighted_Line() {
   return engine_.editor.QuitRun;
 }
 
-void EditorForm::ExecuteButton_Click() {
+void EditorRun::ExecuteButton_Click() {
   RunState& state = engine_.state;
   Lock_For_Run();
   controls_.SetEnabled(C::TraceFrame, false);
@@ -124,8 +136,7 @@ void EditorForm::ExecuteButton_Click() {
   Unlock_After_Run();  // also after an unexpected error: the editor never stays locked
 }
 
-// During a run this is the halt button.
-void EditorForm::ExecuteNextButton_Click() {
+void EditorRun::ExecuteNextButton_Click() {
   engine_.state.StopRunning = false;
   if (controls_[C::ExecuteNextButton].Caption == kHaltCaption) return Request_Halt();
   Lock_For_Run();
@@ -136,14 +147,13 @@ void EditorForm::ExecuteNextButton_Click() {
   Unlock_After_Run();
 }
 
-// The running line ends first; the halt button waits for it, disabled.
-void EditorForm::Request_Halt() {
+void EditorRun::Request_Halt() {
   engine_.state.HaltRequested = true;
   Show_Halt_Button(kHaltingSize, kHaltingCaption);
   controls_.SetEnabled(C::TraceControlsFrame, false);
 }
 
-void EditorForm::BreakPointButton_Click() {
+void EditorRun::BreakPointButton_Click() {
   Trap(engine_, true, "Editor.BreakPointButton.Click.TrappableErrors.1", kGoOn, [&] {
     ListModel& trace = engine_.TraceWindow;
     const long highlighted = trace.Selected();
@@ -154,41 +164,15 @@ void EditorForm::BreakPointButton_Click() {
     trace.Set(static_cast<std::size_t>(highlighted),
               Is_Marked(text) ? std::string(Without_Breakpoint_Mark(text)) : std::string(kBreakpointMark) + " " + text);
     trace.Select(highlighted);
-    Set_Trace_HScroll_Bar();
+    scrolling_.Set_Trace_HScroll_Bar();
   });
 }
 
-void EditorForm::Show_Breakpoint_State() {
+void EditorRun::Show_Breakpoint_State() {
   const bool marked = Is_Marked(engine_.TraceWindow.Item(engine_.TraceWindow.Selected()));
   controls_.SetCaption(C::BreakPointButton, marked ? "Clear Break" : "Set Break");
   controls_.SetToolTip(C::BreakPointButton,
                        marked ? "Clear this break point" : "Set a break point at the hitlited location");
-}
-
-// The heading line is not a place to run from: a click on it highlights the
-// line below, made empty when there is none.
-void EditorForm::TraceWindow_Click() {
-  Trap(engine_, true, "Editor.TraceWindow.Click.TrappableErrors.1", kGoOn, [&] {
-    ListModel& trace = engine_.TraceWindow;
-    if (trace.Selected() == 0) {
-      if (trace.Count() == 1) trace.Add("");
-      trace.Select(1);
-    }
-    Set_Overwrite_Mode(false);
-  });
-}
-
-bool EditorForm::May_Close_Now() {
-  if (!Running && !Picking) return true;
-  CloseRequested = true;
-  if (Running) Request_Halt();
-  return false;
-}
-
-void EditorForm::Close_If_Requested() {
-  if (!CloseRequested || Running || Picking) return;
-  CloseRequested = false;
-  window_.Close();
 }
 
 }  // namespace velmora

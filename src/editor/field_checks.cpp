@@ -3,7 +3,7 @@
 #include <string_view>
 
 #include "command_codes.h"
-#include "editor_form.h"
+#include "command_panel.h"
 #include "engine.h"
 #include "numeric.h"
 #include "text.h"
@@ -38,11 +38,11 @@ std::string Time_Digits_Of(const std::string& text) {
 
 // A line can be made from the panel: the fields its command needs hold text,
 // and a time or position is more than zero (an empty field counts as 0).
-bool EditorForm::Insert_Allowed() const {
+bool CommandPanel::Insert_Allowed() const {
   const auto text = [&](ControlId id) { return Trim(controls_[id].Caption); };
   const auto number = [&](ControlId id) { return Numeric_Value(text(id)).value_or(0); };
   const bool timeGiven = number(C::Minutes) + number(C::Seconds) > 0;
-  switch (CurrentCode) {
+  switch (currentCode_) {
     case kRunCommand:
     case kSendKeysCommand:
     case kCommentLine:
@@ -55,17 +55,17 @@ bool EditorForm::Insert_Allowed() const {
     case kTestCommand:
       return !text(C::Minutes).empty();
     default:
-      return CurrentCode <= kSendButtonsCommand;
+      return currentCode_ <= kSendButtonsCommand;
   }
 }
 
 // A character typed that does not fit a time is taken out again (the one
 // before the caret); a paste that does not fit keeps only its digits. The
 // variable name and text of test are free text.
-void EditorForm::Filter_Time_Field(ControlId field) {
+void CommandPanel::Filter_Time_Field(ControlId field) {
   const std::string text = controls_[field].Caption;
   const long caret = controls_[field].Caret;
-  if (CurrentCode != kTestCommand && !Is_Time_Number(text)) {
+  if (currentCode_ != kTestCommand && !Is_Time_Number(text)) {
     const bool typed = caret > 0 && caret <= static_cast<long>(text.size());
     std::string without = text;
     if (typed) without.erase(static_cast<std::size_t>(caret - 1), 1);
@@ -81,15 +81,14 @@ void EditorForm::Filter_Time_Field(ControlId field) {
   controls_.SetEnabled(C::InsertCommandButton, Insert_Allowed());
 }
 
-void EditorForm::Minutes_Change() {
-  Trap(engine_, true, "Editor.Minutes.Change.TrappableErrors.1", kGoOn, [&] { Filter_Time_Field(C::Minutes); });
-}
-
-void EditorForm::Seconds_Change() {
-  Trap(engine_, true, "Editor.Seconds.Change.TrappableErrors.1", kGoOn, [&] { Filter_Time_Field(C::Seconds); });
-}
-
-void EditorForm::CommandLine_Change() {
+// Each field reports its own errors, under its own name.
+void CommandPanel::Field_Changed(ControlId field) {
+  if (field == C::Minutes || field == C::Seconds) {
+    const char* where =
+        field == C::Minutes ? "Editor.Minutes.Change.TrappableErrors.1" : "Editor.Seconds.Change.TrappableErrors.1";
+    return Trap(engine_, true, where, kGoOn, [&] { Filter_Time_Field(field); });
+  }
+  if (field != C::CommandLine) return;
   Trap(engine_, true, "Editor.CommandLine.Change.TrappableErrors.1", kGoOn,
        [&] { controls_.SetEnabled(C::InsertCommandButton, Insert_Allowed()); });
 }

@@ -26,15 +26,48 @@ EditorForm::EditorForm(Engine& engine, FormControls& controls, FormWindow& windo
     : engine_(engine),
       controls_(controls),
       window_(window),
-      dialogs_(dialogs),
       settings_(settings),
-      traceExtent_(engine.TraceWindow, [&engine](const std::string& text) {
-        return engine.surface ? engine.surface->MeasureTraceText(text) : 0L;
-      }) {
-  engine.TraceWindow.AddObserver(&breakpointCaption_);
+      activity_(window),
+      scrolling_(engine),
+      panel_(engine, controls),
+      composer_(engine, controls, panel_, activity_, scrolling_),
+      files_(engine, controls, window, dialogs, settings, panel_, activity_, scrolling_),
+      runner_(engine, controls, window, panel_, activity_, scrolling_),
+      picker_(engine, controls, panel_, activity_, [this] { files_.Browse_For_Program(); }) {}
+
+void EditorForm::Button_Clicked(ControlId button) {
+  switch (button) {
+    case ControlId::OpenScriptButton:
+      return files_.Open_Script_File();
+    case ControlId::SaveScriptButton:
+      return files_.Save_Script_File();
+    case ControlId::CreateDebugButton:
+      return files_.Save_Debug_File();
+    case ControlId::InsertCommandButton:
+      return composer_.InsertCommandButton_Click();
+    case ControlId::RemoveCommandButton:
+      return composer_.RemoveCommandButton_Click();
+    case ControlId::ExecuteButton:
+      return runner_.ExecuteButton_Click();
+    case ControlId::ExecuteNextButton:
+      return runner_.ExecuteNextButton_Click();
+    case ControlId::BreakPointButton:
+      return runner_.BreakPointButton_Click();
+    default:
+      return;
+  }
 }
 
-EditorForm::~EditorForm() { engine_.TraceWindow.RemoveObserver(&breakpointCaption_); }
+void EditorForm::Field_Entered(ControlId field, bool byKeyboard) {
+  if (field == ControlId::CommandLine) picker_.CommandLine_GotFocus(byKeyboard);
+  if (field == ControlId::Minutes) picker_.Minutes_GotFocus(byKeyboard);
+}
+
+bool EditorForm::May_Close_Now() {
+  if (activity_.May_Close_Now()) return true;
+  if (activity_.Running()) runner_.Request_Halt();
+  return false;
+}
 
 void EditorForm::Form_Load_Interactive() {
   controls_.SetCaption(ControlId::VersionLabel, "Version:  " + std::to_string(VELMORA_VERSION_MAJOR) + "." +
@@ -42,36 +75,18 @@ void EditorForm::Form_Load_Interactive() {
                                                     std::to_string(VELMORA_VERSION_PATCH));
   const std::string program = engine_.host.ProgramPath();
   const auto slash = program.find_last_of('\\');
-  HelpFile = (slash == std::string::npos ? std::string() : program.substr(0, slash)) + "\\Velmora.chm";
+  helpFile_ = (slash == std::string::npos ? std::string() : program.substr(0, slash)) + "\\Velmora.chm";
   engine_.host.DoEvents();
 
-  ScriptChanged = false;
-  DebugFileOpen = false;
+  activity_.Set_Script_Changed(false);
   controls_.SetEnabled(ControlId::SaveScriptButton, false);
-  Set_Control_State("DisableCommands");
-  Set_Control_State("TraceControls", false);
+  panel_.Set_Control_State("DisableCommands");
+  panel_.Set_Control_State("TraceControls", false);
   for (ControlId id : {ControlId::TraceFrame, ControlId::TraceWindow, ControlId::DebugFrame, ControlId::DebugWindow})
     controls_.SetEnabled(id, false);
-  Load_Commands(1);
-  Restore_Placement();
-  Restore_File_Names();
-  Show_File_Labels();
-  if (!engine_.editor.ScriptFileName.empty()) {
-    StartupLoad = true;
-    Open_Script_File();
-    StartupLoad = false;
-  }
-}
-
-void EditorForm::Restore_Placement() { Restore_Form_Placement(settings_, kSection, window_); }
-
-// A script named on the command line wins over the remembered one.
-void EditorForm::Restore_File_Names() {
-  const std::string script = Stored_File_Name(settings_, engine_.host, kSection, "Script File");
-  const std::string debug = Stored_File_Name(settings_, engine_.host, kSection, "Debug File");
-  if (engine_.editor.ScriptFileName.empty()) engine_.editor.ScriptFileName = script;
-  engine_.editor.DebugFileName = debug;
-  DebugPromptPending = !debug.empty();
+  panel_.Load_Commands(1);
+  Restore_Form_Placement(settings_, kSection, window_);
+  files_.Load_At_Start();
 }
 
 void EditorForm::Form_Resize() {
@@ -102,8 +117,8 @@ void EditorForm::Form_Resize() {
   width_of(ControlId::DebugWindow, controls_[ControlId::DebugFrame].Rect.Width - 80);
   Share_Height(form.Height);
 
-  Set_Trace_HScroll_Bar();
-  Set_Debug_HScroll_Bar();
+  scrolling_.Set_Trace_HScroll_Bar();
+  scrolling_.Set_Debug_HScroll_Bar();
 }
 
 // Down the right-hand side: the script list and its buttons over the debug
@@ -127,34 +142,15 @@ void EditorForm::Share_Height(long formHeight) {
         controls_[ControlId::DebugFrame].Rect.Height - 280);
 }
 
-// The trace list scrolls sideways exactly to the end of its widest line.
-void EditorForm::Set_Trace_HScroll_Bar() {
-  EditorSurface* surface = engine_.surface;
-  if (!surface) return;
-  const long extent = surface->TraceWindowWidth() < traceExtent_.Widest() ? traceExtent_.Widest() + 5 : 0;
-  if (extent != traceExtentSent_) surface->SetTraceHorizontalExtent(extent);
-  traceExtentSent_ = extent;
-}
-
-void EditorForm::Set_Debug_HScroll_Bar() {
-  EditorSurface* surface = engine_.surface;
-  const long widest = engine_.editor.WidestDebugLine;
-  if (surface && surface->DebugWindowWidth() < widest) surface->SetDebugHorizontalExtent(widest + 5);
-}
-
 // A changed script is settled first: the question's Cancel, or a cancelled
 // save, keeps the editor open with the script as it is.
 bool EditorForm::Form_QueryUnload() {
-  if (!Script_Changes_May_Go()) return false;
+  if (!files_.Script_Changes_May_Go()) return false;
   engine_.host.Beep();
-  Save_Placement();
+  Save_Form_Placement(settings_, kSection, window_);
   Log_Always(engine_, true, "Info: Editor shut down!" + Date_Time_Stamp(engine_));
-  if (DebugFileOpen) Close_Debug_File();
-  settings_.SaveSetting(kSection, "Script File", engine_.editor.ScriptFileName);
-  settings_.SaveSetting(kSection, "Debug File", engine_.editor.DebugFileName);
+  files_.Close_Files();
   return true;
 }
-
-void EditorForm::Save_Placement() { Save_Form_Placement(settings_, kSection, window_); }
 
 }  // namespace velmora

@@ -3,9 +3,10 @@
 #include <string_view>
 
 #include "catalogue_table.h"
-#include "editor_form.h"
+#include "command_panel.h"
 #include "engine.h"
 #include "error_report.h"
+#include "line_composer.h"
 #include "parser.h"
 #include "script_text.h"
 #include "text.h"
@@ -27,13 +28,13 @@ std::string Bare_Name(std::string name) {
 }  // namespace
 
 // Minutes before the full stop, seconds after it, as written in the line.
-void EditorForm::Fill_Time(const std::string& time) {
+void LineComposer::Fill_Time(const std::string& time) {
   const auto stop = time.find('.');
   controls_.SetCaption(C::Minutes, Trim(time.substr(0, stop)));
   controls_.SetCaption(C::Seconds, stop == std::string::npos ? "" : Trim(time.substr(stop + 1)));
 }
 
-void EditorForm::Fill_Panel(const ParsedCommand& parsed, const std::string& line) {
+void LineComposer::Fill_Panel(const ParsedCommand& parsed, const std::string& line) {
   const std::string& parameters = parsed.Parameters;
   const auto colon = line.find(':');
   const std::string written = colon == std::string::npos ? "" : Trim(line.substr(colon + 1));
@@ -79,7 +80,7 @@ void EditorForm::Fill_Panel(const ParsedCommand& parsed, const std::string& line
 // A line that fails its checks is reported by the parser and not loaded: the
 // panel keeps what it held. Its report is fatal for a run, but no run is under
 // way, so the stop it asks for is withdrawn and the next run starts normally.
-void EditorForm::TraceWindow_DblClick() {
+void LineComposer::TraceWindow_DblClick() {
   Trap(engine_, true, "Editor.TraceWindow.DblClick.TrappableErrors.1", kGoOn, [&] {
     const ListModel& trace = engine_.TraceWindow;
     const long index = trace.Selected();
@@ -97,13 +98,13 @@ void EditorForm::TraceWindow_DblClick() {
       return;
     }
     // Overwrite mode first: a field that takes the focus must not start a pick.
-    Set_Overwrite_Mode(true);
-    if (Catalogue != place->Catalogue) Load_Commands(place->Catalogue);
-    ChosenPosition = kNoEntry;  // a fresh panel, as for a new choice
-    CommandList_Click(place->Position);
+    panel_.Set_Overwrite_Mode(true);
+    if (panel_.Catalogue() != place->Catalogue) panel_.Load_Commands(place->Catalogue);
+    panel_.Forget_Choice();
+    panel_.CommandList_Click(place->Position);
     Fill_Panel(parsed, line);
     // The values read back make a whole line: the button need not wait for typing.
-    if (Insert_Allowed()) controls_.SetEnabled(C::InsertCommandButton, true);
+    if (panel_.Insert_Allowed()) controls_.SetEnabled(C::InsertCommandButton, true);
   });
 }
 

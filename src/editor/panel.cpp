@@ -3,7 +3,7 @@
 #include <initializer_list>
 #include <optional>
 
-#include "editor_form.h"
+#include "command_panel.h"
 #include "engine.h"
 #include "trap.h"
 
@@ -15,6 +15,10 @@ using C = ControlId;
 
 constexpr char kNotApplicable[] = "Not Applicable";
 constexpr char kNoParameters[] = "No Parameters Accepted!";
+// The insert button's captions; the overwrite one tells that a double click
+// put a script line in the panel.
+constexpr char kInsertCaption[] = "Insert Command";
+constexpr char kOverwriteCaption[] = "Overwrite Command";
 
 void Set_Enabled(FormControls& controls, std::initializer_list<ControlId> ids, bool enabled) {
   for (ControlId id : ids) controls.SetEnabled(id, enabled);
@@ -34,7 +38,7 @@ std::optional<ControlId> Usable_Option(const FormControls& controls, ControlId f
 
 }  // namespace
 
-void EditorForm::Reset_Panel(bool emptyTexts) {
+void CommandPanel::Reset_Panel(bool emptyTexts) {
   for (ControlId label : {C::CommandLineLabel, C::TimeOutLabel}) {
     controls_.SetCaption(label, kNotApplicable);
     controls_.SetToolTip(label, kNoParameters);
@@ -57,7 +61,7 @@ void EditorForm::Reset_Panel(bool emptyTexts) {
   controls_.SetEnabled(C::InsertCommandButton, false);
 }
 
-void EditorForm::Set_Control_State(const std::string& group, bool enabled) {
+void CommandPanel::Set_Control_State(const std::string& group, bool enabled) {
   Trap(engine_, true, "Editor.(General).Set_Control_State.TrappableErrors.1", kGoOn, [&] {
     if (group == "Files") {
       Set_Enabled(
@@ -71,11 +75,11 @@ void EditorForm::Set_Control_State(const std::string& group, bool enabled) {
       Set_Enabled(controls_, {C::ScriptEditorFrame, C::RemoveCommandButton, C::AvailableCommandsFrame, C::CommandList},
                   group == "EnableCommands");
       // The panel is reset: no catalogue entry may stay highlighted as if chosen.
-      CommandList.Select(ListModel::kNoSelection);
-      CurrentCode = kNoEntry;
+      commandList_.Select(ListModel::kNoSelection);
+      currentCode_ = kNoEntry;
       Reset_Panel(false);
     } else if (group == "EmptyCommands") {
-      CommandList.Select(ListModel::kNoSelection);
+      commandList_.Select(ListModel::kNoSelection);
       Reset_Panel(true);
       controls_.SetChecked(DebugState(0), true);
       controls_.SetChecked(DebugState(1), false);
@@ -86,7 +90,7 @@ void EditorForm::Set_Control_State(const std::string& group, bool enabled) {
 }
 
 // After a removal the user goes on typing where the panel expects input.
-void EditorForm::Focus_First_Enabled_Field() {
+void CommandPanel::Focus_First_Enabled_Field() {
   const auto usable = [&](ControlId id) { return controls_[id].Enabled && controls_[id].Visible; };
   if (usable(C::CommandLine)) return controls_.SetFocus(C::CommandLine);
   for (ControlId first : {DebugState(0), MouseButton(0)}) {
@@ -95,6 +99,13 @@ void EditorForm::Focus_First_Enabled_Field() {
   }
   for (ControlId field : {C::Minutes, C::Seconds})
     if (usable(field)) return controls_.SetFocus(field);
+}
+
+void CommandPanel::Set_Overwrite_Mode(bool on) {
+  overwriting_ = on;
+  controls_.SetCaption(C::InsertCommandButton, on ? kOverwriteCaption : kInsertCaption);
+  controls_.SetToolTip(C::InsertCommandButton,
+                       on ? "This will OVERWRITE the command that is hilited" : "Insert this command in the Script");
 }
 
 }  // namespace velmora

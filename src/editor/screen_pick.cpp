@@ -7,11 +7,13 @@
 #include <optional>
 
 #include "command_codes.h"
+#include "command_panel.h"
 #include "debug_log.h"
-#include "editor_form.h"
+#include "editor_activity.h"
 #include "engine.h"
 #include "find_window.h"
 #include "form_placement.h"
+#include "screen_picker.h"
 #include "screen_point.h"
 #include "session.h"
 #include "text.h"
@@ -59,8 +61,8 @@ long Mouse_Range(long pixel, int screenPixels) {
 
 }  // namespace
 
-void EditorForm::Disable_For_Pick(const char* title, const char* logLine, const char* hint) {
-  Picking = true;
+void ScreenPicker::Disable_For_Pick(const char* title, const char* logLine, const char* hint) {
+  activity_.Set_Picking(true);
   controls_.SetEnabled(C::Form, false);
   controls_.SetCaption(C::Form, title);
   Log_Trace(engine_, true, logLine);
@@ -68,15 +70,15 @@ void EditorForm::Disable_For_Pick(const char* title, const char* logLine, const 
   engine_.host.Beep();
 }
 
-void EditorForm::Enable_After_Pick() {
+void ScreenPicker::Enable_After_Pick() {
   controls_.SetCaption(C::Form, kFormTitle);
   controls_.SetEnabled(C::Form, true);
   Log_Trace(engine_, true, "Info: Editor Re-Enabled!");
-  Picking = false;
+  activity_.Set_Picking(false);
 }
 
 // The old frame goes by having the screen under the window repainted.
-void EditorForm::Erase_Frame(WindowHandle framed) {
+void ScreenPicker::Erase_Frame(WindowHandle framed) {
   WindowRect rect;
   if (framed != 0 && engine_.desktop->GetWindowRect(framed, rect)) engine_.desktop->RepaintScreenArea(rect);
 }
@@ -85,14 +87,14 @@ void EditorForm::Erase_Frame(WindowHandle framed) {
 // one pixel, for 30 samples over another program's window (the editor's own
 // are never picked); framing the window under it on the way, when asked.
 // A close of the form or Escape ends the wait early, with nothing picked.
-std::optional<ScreenPoint> EditorForm::Wait_For_Still_Pointer(bool frameWindows) {
+std::optional<ScreenPoint> ScreenPicker::Wait_For_Still_Pointer(bool frameWindows) {
   Desktop& desktop = *engine_.desktop;
   WindowHandle framed = 0;
   std::optional<ScreenPoint> previous;
   ScreenPoint point;
   desktop.EscapePressed();  // a press from before the pick does not end it
   bool escaped = false;
-  for (int still = 0; still < kStillSamples && !CloseRequested && !escaped;) {
+  for (int still = 0; still < kStillSamples && !activity_.Close_Requested() && !escaped;) {
     point = desktop.GetCursorPos();
     Pause_Tenths(engine_, 1);
     escaped = desktop.EscapePressed();
@@ -109,13 +111,13 @@ std::optional<ScreenPoint> EditorForm::Wait_For_Still_Pointer(bool frameWindows)
   }
   Erase_Frame(framed);
   if (escaped) Log_Trace(engine_, true, "Info: Pick ended with Escape; nothing was picked.");
-  if (escaped || CloseRequested) return std::nullopt;
+  if (escaped || activity_.Close_Requested()) return std::nullopt;
   return point;
 }
 
 // Every level from the picked window out to its top-level window, each with
 // the point as fractions of its rectangle; outermost first in the text.
-std::string EditorForm::Describe_Window(WindowHandle picked, ScreenPoint point, std::vector<WindowLevel>& levels) {
+std::string ScreenPicker::Describe_Window(WindowHandle picked, ScreenPoint point, std::vector<WindowLevel>& levels) {
   Desktop& desktop = *engine_.desktop;
   std::string groups;
   for (WindowHandle window = picked; window != 0 && levels.size() < 255;) {
@@ -140,7 +142,7 @@ std::string EditorForm::Describe_Window(WindowHandle picked, ScreenPoint point, 
 // Searches the description as findwindow will when it plays it, and says
 // how many windows it finds and whether its choice among them is the one
 // that was picked.
-void EditorForm::Report_Matches(const std::vector<WindowLevel>& levels, WindowHandle picked) {
+void ScreenPicker::Report_Matches(const std::vector<WindowLevel>& levels, WindowHandle picked) {
   for (const WindowLevel& level : levels) {
     if (level.title.find('"') != std::string::npos || level.className.find('"') != std::string::npos)
       return Log_Trace(engine_, true, "Info: The picked window cannot be found again: a title holds a double quote.");
@@ -159,10 +161,11 @@ void EditorForm::Report_Matches(const std::vector<WindowLevel>& levels, WindowHa
   Log_Trace(engine_, true, line);
 }
 
-void EditorForm::CommandLine_GotFocus(bool byKeyboard) {
-  if (OverwriteMode || Picking || (byKeyboard && !Trim(controls_[C::CommandLine].Caption).empty())) return;
-  if (CurrentCode == kRunCommand) return Browse_For_Program();
-  if (CurrentCode != kFindWindowCommand || !engine_.desktop) return;
+void ScreenPicker::CommandLine_GotFocus(bool byKeyboard) {
+  if (panel_.Overwriting() || activity_.Picking()) return;
+  if (byKeyboard && !Trim(controls_[C::CommandLine].Caption).empty()) return;
+  if (panel_.Current_Code() == kRunCommand) return browseForProgram_();
+  if (panel_.Current_Code() != kFindWindowCommand || !engine_.desktop) return;
   Disable_For_Pick("Velmora Script Editor  ** DISABLED PENDING WINDOW LOCATION INPUT! **",
                    "Info: Editor Disabled Pending Window Location Input!",
                    "  To pick window, leave mouse stationary for 3 seconds!");
@@ -174,18 +177,19 @@ void EditorForm::CommandLine_GotFocus(bool byKeyboard) {
     controls_.SetCaption(C::CommandLine, "");
     std::vector<WindowLevel> levels;
     controls_.SetCaption(C::CommandLine, Describe_Window(picked, point, levels));
-    CommandLine_Change();
+    panel_.Field_Changed(C::CommandLine);
     if (!levels.empty()) Report_Matches(levels, picked);
   });
   Enable_After_Pick();
   controls_.SetFocus(C::Minutes);
-  Close_If_Requested();
+  activity_.Close_If_Requested();
 }
 
 // The position goes into X and Y in usemouse's range, 0 to 65535 across the
 // screen.
-void EditorForm::Minutes_GotFocus(bool byKeyboard) {
-  if (OverwriteMode || Picking || CurrentCode != kUseMouseCommand || !engine_.desktop) return;
+void ScreenPicker::Minutes_GotFocus(bool byKeyboard) {
+  if (panel_.Overwriting() || activity_.Picking()) return;
+  if (panel_.Current_Code() != kUseMouseCommand || !engine_.desktop) return;
   if (byKeyboard && !Trim(controls_[C::Minutes].Caption).empty()) return;
   Disable_For_Pick("Velmora Script Editor  ** DISABLED PENDING MOUSE LOCATION INPUT! **",
                    "Info: Editor Disabled Pending Mouse Location Input!",
@@ -202,7 +206,7 @@ void EditorForm::Minutes_GotFocus(bool byKeyboard) {
   controls_.SetCaption(C::TimeOutLabel, label);
   Enable_After_Pick();
   controls_.SetFocus(C::InsertCommandButton);
-  Close_If_Requested();
+  activity_.Close_If_Requested();
 }
 
 }  // namespace velmora

@@ -1,12 +1,18 @@
 // The editor's script and debug files: choosing them through the common
 // dialogs, saving the script, and loading a chosen pair.
+#include "script_files.h"
 #include "careful_io.h"
+#include "command_panel.h"
 #include "debug_log.h"
-#include "editor_form.h"
+#include "editor_activity.h"
 #include "editor_layout.h"
 #include "engine.h"
+#include "file_dialogs.h"
 #include "form_placement.h"
+#include "form_window.h"
+#include "list_scrolling.h"
 #include "preprocessor.h"
+#include "reg_settings.h"
 #include "script_text.h"
 #include "session.h"
 #include "text.h"
@@ -16,6 +22,7 @@ namespace velmora {
 
 namespace {
 
+constexpr const char* kSection = "Editor";
 constexpr const char* kScriptFilter = "Velmora Script (*.vls)|*.vls|All Files (*.*)|*.*";
 constexpr const char* kDebugFilter = "Velmora Debug (*.vld)|*.vld|All Files (*.*)|*.*";
 constexpr const char* kProgramFilter =
@@ -30,43 +37,43 @@ std::string Line_To_Save(const std::string& line) {
 
 }  // namespace
 
-void EditorForm::Change_Folder_For(const std::string& quotedName) { Change_To_Folder_Of(engine_.host, quotedName); }
+void ScriptFiles::Change_Folder_For(const std::string& quotedName) { Change_To_Folder_Of(engine_.host, quotedName); }
 
-bool EditorForm::Both_Names_Set() const {
+bool ScriptFiles::Both_Names_Set() const {
   return !engine_.editor.ScriptFileName.empty() && !engine_.editor.DebugFileName.empty();
 }
 
-void EditorForm::Show_File_Labels() {
+void ScriptFiles::Show_File_Labels() {
   controls_.SetCaption(ControlId::ScriptFileLabel, "Script: " + Unquoted(engine_.editor.ScriptFileName));
   controls_.SetCaption(ControlId::DebugFileLabel, "Debug: " + Unquoted(engine_.editor.DebugFileName));
 }
 
-bool EditorForm::Script_Changes_May_Go() {
+bool ScriptFiles::Script_Changes_May_Go() {
   const std::string name = Unquoted(engine_.editor.ScriptFileName);
-  return Changes_May_Go(dialogs_, name.empty() ? "the new script" : name, ScriptChanged, [this] {
+  return Changes_May_Go(dialogs_, name.empty() ? "the new script" : name, activity_.Script_Changed(), [this] {
     Save_Script_File();
-    return !ScriptChanged;
+    return !activity_.Script_Changed();
   });
 }
 
-void EditorForm::Open_Script_File() {
+void ScriptFiles::Open_Script_File() {
   EditorState& names = engine_.editor;
   Change_Folder_For(names.ScriptFileName);
   // At start-up the restored names are loaded without asking.
-  if (!StartupLoad) {
+  if (!startupLoad_) {
     const auto chosen = dialogs_.Show({false, "New Script File", ".VLS", kScriptFilter, engine_.host.CurrentDirectory(),
                                        Unquoted(names.ScriptFileName)});
     if (!chosen || !Script_Changes_May_Go()) return;
     const std::string name = Trim(*chosen);
     if (!name.empty()) names.ScriptFileName = Quoted(name);
   }
-  ScriptChanged = false;  // saved, or let go
+  activity_.Set_Script_Changed(false);  // saved, or let go
   Show_File_Labels();
   if (Both_Names_Set()) Load_Script_And_Debug();
-  if (!DebugPromptPending) Save_Debug_File();
+  if (!debugPromptPending_) Save_Debug_File();
 }
 
-void EditorForm::Save_Script_File() {
+void ScriptFiles::Save_Script_File() {
   EditorState& names = engine_.editor;
   Change_Folder_For(names.ScriptFileName);
   const auto chosen = dialogs_.Show({true, "Save Script File", ".VLS", kScriptFilter, engine_.host.CurrentDirectory(),
@@ -92,12 +99,12 @@ void EditorForm::Save_Script_File() {
   names.ScriptFileName = Quoted(name);
   engine_.host.Beep();
   Log_Trace(engine_, true, "Info: Script File " + names.ScriptFileName + " saved.");
-  ScriptChanged = false;
+  activity_.Set_Script_Changed(false);
   controls_.SetEnabled(ControlId::SaveScriptButton, false);
 }
 
-void EditorForm::Save_Debug_File() {
-  DebugPromptPending = false;
+void ScriptFiles::Save_Debug_File() {
+  debugPromptPending_ = false;
   EditorState& names = engine_.editor;
   Change_Folder_For(names.DebugFileName);
   const auto chosen = dialogs_.Show({false, "Open New Debug File", ".VLD", kDebugFilter,
@@ -107,13 +114,13 @@ void EditorForm::Save_Debug_File() {
   // The script is read again with the new debug file: its edits are settled first.
   const bool reload = !names.ScriptFileName.empty() && (!name.empty() || !names.DebugFileName.empty());
   if (reload && !Script_Changes_May_Go()) return;
-  if (DebugFileOpen) {
+  if (debugFileOpen_) {
     Log_Trace(engine_, true, "Info: Closing Debug File.  NEW Debug File " + name + " opened.");
     Close_Debug_File();
   }
   if (!name.empty()) {
     names.DebugFileName = Quoted(name);
-    DebugPromptPending = true;
+    debugPromptPending_ = true;
     Show_File_Labels();
   }
   if (Both_Names_Set()) {
@@ -124,45 +131,45 @@ void EditorForm::Save_Debug_File() {
   }
 }
 
-void EditorForm::Close_Debug_File() {
+void ScriptFiles::Close_Debug_File() {
   engine_.state.DebugFileOpen = false;  // nothing more may go to the closed file
   std::string unused;
   Careful_IO(engine_, true, kClose, engine_.state.DebugFileNumber, unused, "",
              "Editor.(General).Save_Debug_File.Close.1", kGoOn);
-  DebugFileOpen = false;
+  debugFileOpen_ = false;
 }
 
-void EditorForm::Browse_For_Program() {
+void ScriptFiles::Browse_For_Program() {
   const auto chosen =
       dialogs_.Show({false, "Browse for Program", ".exe", kProgramFilter, engine_.host.CurrentDirectory(), ""});
   if (!chosen) return;
   controls_.SetCaption(ControlId::CommandLine, Trim(*chosen));
-  CommandLine_Change();
+  panel_.Field_Changed(ControlId::CommandLine);
 }
 
-void EditorForm::Load_Script_And_Debug() {
+void ScriptFiles::Load_Script_And_Debug() {
   RunState& state = engine_.state;
   Initial_Setup(engine_, true, state.DebugOn, state.StopRunning, state.ScriptFileNumber, state.DebugFileNumber);
   Preprocess_Commands(engine_, true, state.DebugOn, true, state.LastCommandSucceeded);
   const long stoppedAt = state.StopRunning ? engine_.TraceWindow.Selected() : -1;
-  DebugFileOpen = state.DebugFileOpen;
-  if (!DebugFileOpen)
+  debugFileOpen_ = state.DebugFileOpen;
+  if (!debugFileOpen_)
     controls_.SetCaption(ControlId::DebugFileLabel, "Debug: (none; " + Unquoted(engine_.editor.DebugFileName) +
                                                         " could not be opened)");
-  ScriptChanged = false;
+  activity_.Set_Script_Changed(false);
   controls_.SetEnabled(ControlId::SaveScriptButton, false);
-  Set_Control_State("EnableCommands");
-  Set_Control_State("TraceControls", true);
+  panel_.Set_Control_State("EnableCommands");
+  panel_.Set_Control_State("TraceControls", true);
   Highlight_After_Load(stoppedAt);
   for (ControlId id : {ControlId::DebugFrame, ControlId::DebugWindow, ControlId::TraceFrame, ControlId::TraceWindow})
     controls_.SetEnabled(id, true);
-  Set_Trace_HScroll_Bar();
+  scrolling_.Set_Trace_HScroll_Bar();
 }
 
 // The line where preprocessing stopped, else the first line to run. A script
 // with nothing to run gets an empty last line to insert before, so that new
 // lines go below the heading.
-void EditorForm::Highlight_After_Load(long stoppedAt) {
+void ScriptFiles::Highlight_After_Load(long stoppedAt) {
   ListModel& trace = engine_.TraceWindow;
   if (stoppedAt >= 0 && stoppedAt < static_cast<long>(trace.Count())) return trace.Select(stoppedAt);
   const long first = Next_Executeable_Statement(engine_, 0);
@@ -172,7 +179,7 @@ void EditorForm::Highlight_After_Load(long stoppedAt) {
 }
 
 // Holding the right button on a file label shows the whole name over the file strip.
-void EditorForm::Stretch_Label(ControlId label, bool held) {
+void ScriptFiles::Stretch_Label(ControlId label, bool held) {
   const bool script = label == ControlId::ScriptFileLabel;
   for (ControlId id :
        {ControlId::DebugFileLabel, ControlId::DebugCover, ControlId::CreateDebugButton, ControlId::VelmoraMenu,
@@ -191,17 +198,32 @@ void EditorForm::Stretch_Label(ControlId label, bool held) {
   controls_.SetRect(label, rect);
 }
 
-void EditorForm::ScriptFileLabel_MouseDown(int button) {
-  if (button == 2) Stretch_Label(ControlId::ScriptFileLabel, true);
+void ScriptFiles::Label_Mouse(ControlId label, int button, bool down) {
+  if (button == 2) Stretch_Label(label, down);
 }
-void EditorForm::ScriptFileLabel_MouseUp(int button) {
-  if (button == 2) Stretch_Label(ControlId::ScriptFileLabel, false);
+
+// A script named on the command line wins over the remembered one.
+void ScriptFiles::Restore_File_Names() {
+  const std::string script = Stored_File_Name(settings_, engine_.host, kSection, "Script File");
+  const std::string debug = Stored_File_Name(settings_, engine_.host, kSection, "Debug File");
+  if (engine_.editor.ScriptFileName.empty()) engine_.editor.ScriptFileName = script;
+  engine_.editor.DebugFileName = debug;
+  debugPromptPending_ = !debug.empty();
 }
-void EditorForm::DebugFileLabel_MouseDown(int button) {
-  if (button == 2) Stretch_Label(ControlId::DebugFileLabel, true);
+
+void ScriptFiles::Load_At_Start() {
+  Restore_File_Names();
+  Show_File_Labels();
+  if (engine_.editor.ScriptFileName.empty()) return;
+  startupLoad_ = true;
+  Open_Script_File();
+  startupLoad_ = false;
 }
-void EditorForm::DebugFileLabel_MouseUp(int button) {
-  if (button == 2) Stretch_Label(ControlId::DebugFileLabel, false);
+
+void ScriptFiles::Close_Files() {
+  if (debugFileOpen_) Close_Debug_File();
+  settings_.SaveSetting(kSection, "Script File", engine_.editor.ScriptFileName);
+  settings_.SaveSetting(kSection, "Debug File", engine_.editor.DebugFileName);
 }
 
 }  // namespace velmora

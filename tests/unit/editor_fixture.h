@@ -15,45 +15,37 @@ class FakeFormWindow : public FormWindow {
  public:
   TwipsRect placement{0, 0, 9600, 9000};
   WindowState state = WindowState::Normal;
-  long screenWidth = 19200;
-  long screenHeight = 14400;
-
-  std::optional<TwipsRect> restored;  // when minimised or maximised; else the placement
+  long screenWidth = 19200, screenHeight = 14400;
+  int foregroundCalls = 0, closeCalls = 0;
   TwipsRect Placement() override { return placement; }
-  TwipsRect RestoredPlacement() override { return restored.value_or(placement); }
+  TwipsRect RestoredPlacement() override { return placement; }
   void SetPlacement(const TwipsRect& rect) override { placement = rect; }
   WindowState State() override { return state; }
   void SetState(WindowState s) override { state = s; }
   long ScreenWidth() override { return screenWidth; }
   long ScreenHeight() override { return screenHeight; }
-  int foregroundCalls = 0;
-  int closeCalls = 0;
   void BringFocusToForeground() override { ++foregroundCalls; }
   void Close() override { ++closeCalls; }
 };
 
-// Answers each dialog with the next reply (nothing = cancel), each save
-// question with the next answer (none left = Cancel), and keeps the requests.
+// Answers each dialog with the next reply (none left: cancelled), each save
+// question with the next answer (none left: Cancel), and keeps the requests.
 class QueuedDialogs : public FileDialogs {
  public:
   std::deque<std::optional<std::string>> replies;
-  std::vector<FileDialogRequest> requests;
   std::deque<SaveAnswer> answers;
+  std::vector<FileDialogRequest> requests;
   std::vector<std::string> asked;  // the names asked about
-
   SaveAnswer AskToSave(const std::string& name) override {
     asked.push_back(name);
-    if (answers.empty()) return SaveAnswer::Cancel;
-    const SaveAnswer answer = answers.front();
-    answers.pop_front();
+    const SaveAnswer answer = answers.empty() ? SaveAnswer::Cancel : answers.front();
+    if (!answers.empty()) answers.pop_front();
     return answer;
   }
-
   std::optional<std::string> Show(const FileDialogRequest& request) override {
     requests.push_back(request);
-    if (replies.empty()) return std::nullopt;
-    auto reply = replies.front();
-    replies.pop_front();
+    const auto reply = replies.empty() ? std::nullopt : replies.front();
+    if (!replies.empty()) replies.pop_front();
     return reply;
   }
 };
@@ -66,13 +58,13 @@ class EditorTest : public EngineTest {
   QueuedDialogs dialogs;
   CRegSettings settings{registry};
   EditorForm form{engine, controls, window, dialogs, settings};
+  CommandPanel& panel = form.Panel();
 
   EditorTest() {
     engine.surface = &surface;
     engine.state.InteractiveSession = true;
   }
-
-  std::string Stored(const std::string& key) { return settings.GetSetting("Editor", key, "<none>"); }
+  void Click(ControlId button) { form.Button_Clicked(button); }
   void Script(const Lines& lines, long highlighted) {
     engine.DebugWindow.Clear();
     engine.TraceWindow.Clear();

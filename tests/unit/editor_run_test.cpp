@@ -11,7 +11,6 @@ namespace velmora::test {
 namespace {
 
 using C = ControlId;
-const std::string kStars(49, '*'), kPluses(49, '+'), kHalted = "Info: Execution Halted at your request.";
 
 class EditorRunTest : public EditorTest {
  protected:
@@ -24,7 +23,7 @@ class EditorRunTest : public EditorTest {
     engine.desktop = &desktop;
     engine.automation = &automation;
     engine.state.DebugOn = true;
-    form.Load_Commands(1);
+    panel.Load_Commands(1);
   }
   void Script(const Lines& lines, long highlighted) { EditorTest::Script(Joined({"# heading"}, lines), highlighted); }
   Lines Ran() const { return Ran_In(engine.DebugWindow.Items()); }
@@ -35,253 +34,126 @@ class EditorRunTest : public EditorTest {
     };
   }
   void Choose(std::uint8_t code) { form.CommandList_Click(Catalogue_Place_Of(code)->Position); }
+  void Pick(C field, bool byKeyboard = false) { form.Field_Entered(field, byKeyboard); }
 };
 
-TEST_F(EditorRunTest, RunsStopAtTheNextMarkAQuitTheEndOrABlockError) {
+// A run stops before the next marked line, after a quit, at the end or on a
+// block error; a step runs one line. Each starts afresh, whatever the last
+// left: no overwrite from a double click, logging on after a `debug: off`.
+TEST_F(EditorRunTest, RunsStopAtTheNextMarkAQuitTheEndOrABlockErrorAndStartAfresh) {
   const std::string w = "wait: 0.00", marked = ">>> wait: 0.00";
   // The script, whether a step runs it, the lines that ran, and the line highlighted at the end.
   const std::tuple<Lines, bool, Lines, long> rows[] = {
+      {{"debug: off", w}, true, {"debug: off"}, 2},
       {{marked, w, marked, w}, false, {marked, w}, 3},
+      {{"debug: off", w}, false, {"debug: off"}, 2},
       {{w, "quit", w, marked}, false, {w, "quit"}, 3},
       {{w, w}, false, {w, w}, 2},            // the end
       {{"if: succeeded", w}, false, {}, 2},  // a block error; an empty line goes in before the if
       {{"if: succeeded", w}, true, {}, 2},
-      {{marked, w}, true, {marked}, 2},
-  };
+      {{marked, w}, true, {marked}, 2}};
   for (const auto& [script, step, ran, endsOn] : rows) {
     Script(script, 1);
+    form.TraceWindow_DblClick();
     engine.state.StopRunning = true;  // as a step that ran the last line leaves it
-    step ? form.ExecuteNextButton_Click() : form.ExecuteButton_Click();
+    Click(step ? C::ExecuteNextButton : C::ExecuteButton);
     EXPECT_EQ(Ran(), ran);
     EXPECT_EQ(engine.TraceWindow.Selected(), endsOn);
-    EXPECT_TRUE(Shown({kStars, "Info: PreProcessing..."}));
-    EXPECT_EQ(Shown({"", kStars, kStars, "Info: Execution BEGINS!!"}), !step);
-    EXPECT_EQ(Shown({"", "Info: Execution ends.", kPluses, kPluses}), !step);
-    EXPECT_TRUE(controls[C::CommandList].Enabled && controls[C::ExecuteButton].Enabled && !form.Running);
+    EXPECT_TRUE(controls[C::CommandList].Enabled && controls[C::ExecuteButton].Enabled);
+    EXPECT_FALSE(form.Activity().Running() || panel.Overwriting());
+    EXPECT_EQ(panel.CommandList().Selected(), ListModel::kNoSelection);
   }
-  EXPECT_EQ(window.foregroundCalls, 6);
-}
-
-// The halt waits for the running line: a wait to its end, a findwindow only
-// to its next search. A close during a run halts it, then closes.
-TEST_F(EditorRunTest, AHaltOrACloseEndsTheRunAfterTheRunningLine) {
-  const struct {
-    std::string line;
-    bool close;
-    long long endsBefore;
-  } rows[] = {{"wait: 0.05", false, 6000},
-              {"findwindow: 1, \"Nowhere\", \"None\", 0, 0.5, 0.5, 0.30", false, 4000},
-              {"wait: 0.05", true, 6000}};
-  for (const auto& row : rows) {
-    Script({row.line, "wait: 0.01"}, 1);
-    const long long start = host.clockMs;
-    std::string during;
-    At(start + 2000, [&] {
-      if (row.close)
-        EXPECT_FALSE(form.May_Close_Now());
-      else
-        form.ExecuteNextButton_Click();
-      for (C id : {C::OpenScriptButton, C::CommandList, C::TraceFrame, C::TraceWindow, C::ExecuteButton,
-                   C::TraceControlsFrame})
-        during += controls[id].Enabled ? '1' : '0';
-      const ControlState& button = controls[C::ExecuteNextButton];
-      during += " " + button.Caption + " " + std::to_string(button.Font.Size);
-    });
-    form.ExecuteButton_Click();
-    EXPECT_EQ(during, "000100 Halt in Progress... 14");
-    EXPECT_EQ(Ran(), std::vector<std::string>{row.line});
-    EXPECT_LT(host.clockMs - start, row.endsBefore);
-    EXPECT_TRUE(Shown({kHalted, "", "Info: Execution ends."}));
-    EXPECT_EQ(controls[C::ExecuteNextButton].Caption + std::to_string(controls[C::ExecuteNextButton].Font.Size),
-              " Execute Currently Selected Command12");
-  }
-  EXPECT_EQ(window.closeCalls, 1);
-}
-
-TEST_F(EditorRunTest, BreakpointsToggleAndTheHeadingIsNeverHighlighted) {
-  Script({"  wait: 0.01"}, 1);
-  form.BreakPointButton_Click();
-  EXPECT_EQ(engine.TraceWindow.Item(1) + "|" + controls[C::BreakPointButton].ToolTip,
-            ">>> wait: 0.01|Clear this break point");
-  form.BreakPointButton_Click();
-  EXPECT_EQ(engine.TraceWindow.Item(1) + "|" + controls[C::BreakPointButton].Caption, "wait: 0.01|Set Break");
-  // The script, the line clicked, and then the highlight, the count of lines and the caption.
-  const std::tuple<Lines, long, const char*> rows[] = {
-      {{}, 0, "1 2 Set Break"}, {{">>> quit"}, 0, "1 2 Clear Break"}, {{"quit", ">>>quit"}, 2, "2 3 Clear Break"}};
-  for (const auto& [script, clicked, after] : rows) {
-    Script(script, clicked);
-    form.TraceWindow_Click();
-    EXPECT_EQ(std::to_string(engine.TraceWindow.Selected()) + " " + std::to_string(engine.TraceWindow.Count()) + " " +
-                  controls[C::BreakPointButton].Caption,
-              after);
-  }
-}
-
-// A run or step starts afresh, whatever the last one left: no overwrite from
-// a double click, logging on after a `debug: off`; the breakpoint button
-// follows the line the run stopped on.
-TEST_F(EditorRunTest, EachRunStartsAfreshAndTheBreakButtonFollowsWhereItStopped) {
-  for (const bool step : {false, true}) {
-    SCOPED_TRACE(step ? "step" : "run");
-    Script({"debug: off", "wait: 0.00", ">>> wait: 0.00"}, 1);
-    form.TraceWindow_DblClick();  // overwrite mode, then the run
-    step ? form.ExecuteNextButton_Click() : form.ExecuteButton_Click();
-    EXPECT_FALSE(form.OverwriteMode);
-    EXPECT_EQ(controls[C::InsertCommandButton].Caption, EditorForm::kInsertCaption);
-    // The panel was reset: the catalogue shows no command as chosen.
-    EXPECT_EQ(form.CommandList.Selected(), ListModel::kNoSelection);
-    EXPECT_EQ(controls[C::CommandLineLabel].Caption, controls[C::TimeOutLabel].Caption);
-    EXPECT_EQ(controls[C::BreakPointButton].Caption, step ? "Set Break" : "Clear Break");
-    engine.DebugWindow.Clear();
-    form.ExecuteNextButton_Click();  // the next line is logged although debug went off
-    EXPECT_EQ(Ran().size(), 1u);
-  }
-}
-
-// Two alike dialogs side by side: the description and the match line of a pick.
-TEST_F(EditorRunTest, AStillPointerPicksTheWindowWithEveryLevelAndForeseesTheChoice) {
-  desktop.Add(desktop.Add(desktop.DesktopWindow(), "Setup", "#32770", 0, {600, 100, 1000, 400}), "Next >", "Button", 1,
-              {900, 350, 980, 380});
-  const std::string two = "Info: 2 windows match the picked description now; the choice by the picked point lands on ";
-  const std::string button = "2, \"Setup\", \"#32770\", 0, 0.85, 0.8833, \"Next >\", \"Button\", 1, 0.5, 0.5";
-  const struct {
-    ScreenPoint at;
-    std::string description, matches;
-  } rows[] = {{{440, 365}, button, two + "the picked window."},
-              {{940, 365}, button, two + "another window."},
-              {{100, 100}, "1, \"Setup\", \"#32770\", 0, 0, 0", two + "the picked window."}};
-  for (const auto& row : rows) {
-    engine.DebugWindow.Clear();
-    Choose(kFindWindowCommand);
-    desktop.cursor = row.at;
-    std::string title;
-    host.onDoEvents = [&] { title = controls[C::Form].Caption; };
-    form.CommandLine_GotFocus();
-    EXPECT_EQ(title, "Velmora Script Editor  ** DISABLED PENDING WINDOW LOCATION INPUT! **");
-    EXPECT_EQ(controls[C::CommandLine].Caption, row.description);
-    EXPECT_EQ(engine.DebugWindow.Items(),
-              (std::vector<std::string>{"Info: Editor Disabled Pending Window Location Input!",
-                                        "  To pick window, leave mouse stationary for 3 seconds!", row.matches,
-                                        "Info: Editor Re-Enabled!"}));
-    EXPECT_TRUE(controls[C::Form].Enabled && controls[C::InsertCommandButton].Enabled);
-    EXPECT_EQ(controls.Focused(), C::Minutes);
-  }
-}
-
-// A pop-up beside its owner (a tooltip left of the dialog): the owner's level
-// takes the edge, since findwindow takes no negative fraction.
-TEST_F(EditorRunTest, APopUpLeftOfItsOwnerGivesTheOwnersEdge) {
-  const WindowHandle tip = desktop.Add(desktop.DesktopWindow(), "Tip", "VelmoraTip", 0, {20, 150, 90, 200});
-  desktop.At(tip).popup = true;
-  desktop.At(tip).owner = dialog;
-  Choose(kFindWindowCommand);
-  desktop.cursor = {50, 175};
-  form.CommandLine_GotFocus();
-  EXPECT_EQ(controls[C::CommandLine].Caption,
-            "2, \"Setup\", \"#32770\", 0, 0, 0.25, \"Tip\", \"VelmoraTip\", 0, 0.4286, 0.5");
+  EXPECT_EQ(window.foregroundCalls, 8);
 }
 
 // 30 unmoved samples after the last move, which may be one pixel along
 // either axis; every change of the window under the pointer wipes the old
 // frame and draws the new one.
 TEST_F(EditorRunTest, OnePixelRestartsTheWaitAndEachWindowIsFramedInTurn) {
-  const std::vector<std::string> toButton = {"frame 2", "repaint 100,100,500,400", "frame 3", "repaint 400,350,480,380"};
-  std::vector<std::string> backToDialog = toButton;
-  backToDialog.insert(backToDialog.end(), {"frame 2", "repaint 100,100,500,400"});
-  const struct {
-    std::vector<ScreenPoint> moves;
-    std::vector<std::string> marks;
-  } rows[] = {{{{440, 365}, {441, 365}}, toButton},
-              {{{440, 365}, {440, 366}}, toButton},
-              {{{440, 365}, {441, 365}, {200, 201}}, backToDialog}};
-  for (const auto& row : rows) {
+  for (const ScreenPoint last : {ScreenPoint{441, 365}, ScreenPoint{440, 366}}) {
+    const std::vector<ScreenPoint> moves = {{440, 365}, last};
     Choose(kFindWindowCommand);
     std::vector<ScreenPoint> path(20, {200, 200});
-    path.insert(path.end(), row.moves.begin(), row.moves.end());
+    path.insert(path.end(), moves.begin(), moves.end());
     desktop.cursor = path.front();
     desktop.screenMarks.clear();
     const long long samples = host.tenthSleeps;
     host.onDoEvents = [&, start = host.clockMs] {
       desktop.cursor = path[std::min<std::size_t>((host.clockMs - start) / 95, path.size() - 1)];
     };
-    form.CommandLine_GotFocus();
+    Pick(C::CommandLine);
     EXPECT_EQ(host.tenthSleeps - samples, static_cast<long long>(path.size()) + 30);
-    EXPECT_EQ(desktop.screenMarks, row.marks);
+    EXPECT_EQ(desktop.screenMarks, (Lines{"frame 2", "repaint 100,100,500,400", "frame 3", "repaint 400,350,480,380"}));
   }
 }
 
 // The pointer resting on the editor's own window picks nothing: the pick
 // waits for another program's window. Escape ends a pick with nothing picked;
 // a field entered by Tab that holds a description is left to correct by hand.
+// A pop-up left of its owner gives the owner's edge: findwindow takes no
+// negative fraction.
 TEST_F(EditorRunTest, APickTakesNoOwnWindowEndsWithEscapeAndLeavesATabbedFieldAlone) {
   const WindowHandle own = desktop.Add(desktop.DesktopWindow(), "Velmora - IDE", "VelmoraEditor", 0, {600, 0, 900, 300});
   desktop.At(own).program = desktop.ownProgram;
+  const WindowHandle tip = desktop.Add(desktop.DesktopWindow(), "Tip", "VelmoraTip", 0, {20, 150, 90, 200});
+  desktop.At(tip).popup = true;
+  desktop.At(tip).owner = dialog;
   const std::string setup = "1, \"Setup\", \"#32770\", 0, 0.25, 0.3333";
-  const struct {
-    const char* what;
-    bool mouse, tabbed;
-    long long escapeAfterMs;
-    const char* before;
-    std::string after;
-    long long mostSamples;
-  } rows[] = {{"own window, then the setup", false, false, -1, "", setup, 100},
-              {"Escape", false, false, 500, "kept", "kept", 10},
-              {"Escape in a mouse pick", true, false, 500, "7", "7", 10},
-              {"tabbed into a description", false, true, -1, "kept", "kept", 0},
-              {"tabbed into an empty field", false, true, -1, "", setup, 100}};
-  for (const auto& row : rows) {
-    SCOPED_TRACE(row.what);
-    Choose(row.mouse ? kUseMouseCommand : kFindWindowCommand);
-    const C field = row.mouse ? C::Minutes : C::CommandLine;
-    controls.SetCaption(field, row.before);
+  // Entered by Tab or not, Escape pressed after some time (or not), the field's text before, where
+  // the pointer goes after 4 s on the editor, the text after, and the most samples taken.
+  const std::tuple<bool, long long, const char*, ScreenPoint, std::string, long long> rows[] = {
+      {false, -1, "", {200, 200}, setup, 100},
+      {false, -1, "", {50, 175}, "2, \"Setup\", \"#32770\", 0, 0, 0.25, \"Tip\", \"VelmoraTip\", 0, 0.4286, 0.5", 100},
+      {false, 500, "kept", {200, 200}, "kept", 10},
+      {true, -1, "kept", {200, 200}, "kept", 0},
+      {true, -1, "", {200, 200}, setup, 100}};
+  for (const auto& [tabbed, escapeAfterMs, before, to, after, mostSamples] : rows) {
+    SCOPED_TRACE(after);
+    Choose(kFindWindowCommand);
+    controls.SetCaption(C::CommandLine, before);
     desktop.cursor = {700, 100};  // on the editor
     const long long start = host.clockMs, samples = host.tenthSleeps;
-    desktop.escapeAtMs = row.escapeAfterMs < 0 ? -1 : start + row.escapeAfterMs;
-    At(start + 4000, [&] { desktop.cursor = {200, 200}; });  // longer than a pick's 3 s on the editor
-    row.mouse ? form.Minutes_GotFocus(row.tabbed) : form.CommandLine_GotFocus(row.tabbed);
-    EXPECT_EQ(controls[field].Caption, row.after);
-    EXPECT_LE(host.tenthSleeps - samples, row.mostSamples);
+    desktop.escapeAtMs = escapeAfterMs < 0 ? -1 : start + escapeAfterMs;
+    At(start + 4000, [&, to = to] { desktop.cursor = to; });  // longer than a pick's 3 s on the editor
+    Pick(C::CommandLine, tabbed);
+    EXPECT_EQ(controls[C::CommandLine].Caption, after);
+    EXPECT_LE(host.tenthSleeps - samples, mostSamples);
     EXPECT_EQ(std::count(desktop.screenMarks.begin(), desktop.screenMarks.end(), "frame " + std::to_string(own)), 0);
-    EXPECT_EQ(Shown({"Info: Pick ended with Escape; nothing was picked."}), row.escapeAfterMs >= 0);
-    EXPECT_TRUE(controls[C::Form].Enabled);
+    EXPECT_EQ(Shown({"Info: Pick ended with Escape; nothing was picked."}), escapeAfterMs >= 0);
+    EXPECT_EQ(Shown({"Info: Editor Disabled Pending Window Location Input!",
+                     "  To pick window, leave mouse stationary for 3 seconds!"}), mostSamples > 0);
+    EXPECT_TRUE(controls[C::Form].Enabled && (mostSamples == 0 || Shown({"Info: Editor Re-Enabled!"})));
     engine.DebugWindow.Clear();
   }
 }
 
-// The mouse pick, in usemouse's range; no pick where none is asked for.
+// The mouse pick, in usemouse's range; no pick for another command or in
+// overwrite mode; a close ends a pick, with nothing picked.
 TEST_F(EditorRunTest, TheMousePickGivesUseMousesRangeAndPicksStartOnlyWhereAskedFor) {
   desktop.screenWidth = 1024, desktop.screenHeight = 768;
-  const std::pair<ScreenPoint, std::string> rows[] = {
-      {{512, 384}, "32768 32768"}, {{1023, 767}, "65472 65451"}, {{2000, -5}, "65535 0"}};
-  for (const auto& [at, xy] : rows) {
+  for (const auto& [at, xy] : {std::pair{ScreenPoint{512, 384}, "32768 32768"}, {{1023, 767}, "65472 65451"},
+                                {{2000, -5}, "65535 0"}}) {
     Choose(kUseMouseCommand);
     desktop.cursor = at;
-    std::string label;
-    host.onDoEvents = [&] { label = controls[C::TimeOutLabel].Caption; };
-    form.Minutes_GotFocus();
-    EXPECT_EQ(label, "Mouse Location*");
+    Pick(C::Minutes);
     EXPECT_EQ(controls[C::Minutes].Caption + " " + controls[C::Seconds].Caption, xy);
-    EXPECT_EQ(controls.Focused(), C::InsertCommandButton);
   }
-  host.onDoEvents = nullptr;  // it holds the loop's label
-  EXPECT_EQ(controls[C::TimeOutLabel].Caption, "Mouse Location:    X                   Y");
-  // No pick for another command or in overwrite mode; a close ends a pick.
   const long long samples = host.tenthSleeps;
   Choose(kWaitCommand);
-  form.Minutes_GotFocus();
-  form.CommandLine_GotFocus();
-  Script({"findwindow: 1, \"Setup\", \"#32770\", 0, 0.5, 0.5, 0.30"}, 1);
-  form.TraceWindow_DblClick();
-  form.CommandLine_GotFocus();
-  Script({"usemouse: sl, 100, 100"}, 1);
-  form.TraceWindow_DblClick();
-  form.Minutes_GotFocus();
+  Pick(C::Minutes);
+  Pick(C::CommandLine);
+  for (const char* line : {"findwindow: 1, \"Setup\", \"#32770\", 0, 0.5, 0.5, 0.30", "usemouse: sl, 100, 100"}) {
+    Script({line}, 1);
+    form.TraceWindow_DblClick();
+    Pick(C::CommandLine);
+    Pick(C::Minutes);
+  }
   EXPECT_EQ(host.tenthSleeps, samples);
   form.TraceWindow_Click();  // out of overwrite mode
   Choose(kFindWindowCommand);
   const std::string before = controls[C::CommandLine].Caption;
   At(host.clockMs + 500, [&] { EXPECT_FALSE(form.May_Close_Now()); });
-  form.CommandLine_GotFocus();
+  Pick(C::CommandLine);
   EXPECT_LT(host.tenthSleeps, samples + 10);
   EXPECT_EQ(controls[C::CommandLine].Caption, before);
   EXPECT_EQ(window.closeCalls, 1);
