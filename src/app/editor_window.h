@@ -8,6 +8,7 @@
 #include <memory>
 
 #include "editor_surface.h"
+#include "form_controls.h"
 #include "form_view.h"
 #include "list_box_mirror.h"
 

@@ -1,9 +1,9 @@
 // The messages every form handles alike: its size, place, closing and end,
 // the controls' colours and notifications, the keys it takes before its
 // controls, and the one message loop that serves every form.
-#include <commctrl.h>
-
 #include "form_view.h"
+
+#include <commctrl.h>
 
 namespace velmora {
 
