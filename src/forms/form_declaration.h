@@ -4,9 +4,9 @@
 #pragma once
 
 #include <span>
+#include <string>
 #include <vector>
 
-#include "control_help.h"
 #include "control_state.h"
 
 namespace velmora {
@@ -27,6 +27,15 @@ struct ControlDeclaration {
   bool StartsGroup = false;
 };
 
+// A control's help: the text its What's-This pop-up shows, and the page of the
+// help file that F1 opens. Each form's table is a .inc file the help build reads too.
+struct ControlHelp {
+  ControlKey Id;
+  const char* Page;   // the help page of the control's area, without ".html"
+  const char* Title;  // the control's name for people
+  const char* Text;
+};
+
 struct FormDeclaration {
   ControlKey Form;  // the form's own identifier: its window
   const char* Title;
@@ -43,5 +52,8 @@ const ControlHelp* Find_Control_Help(const FormDeclaration& form, ControlKey id)
 
 // The page F1 opens: the area of the focused control, or the form's own page.
 std::string Help_Page_For(const FormDeclaration& form, ControlKey focused);
+
+// The address the HTML Help viewer takes for a page of the help file.
+std::string Help_Topic(const std::string& helpFile, const std::string& page);
 
 }  // namespace velmora
