@@ -77,7 +77,7 @@ Timings Time_Editor(std::size_t lines) {
   Win32Registry registry;
   Win32Desktop desktop;
   Engine engine(host, registry, &desktop);
-  FormControls controls;
+  FormControls controls(Editor_Form());
   EditorWindow window(engine, controls);
   CRegSettings settings(registry);
   NoDialogs dialogs;

@@ -1,8 +1,8 @@
 #!/usr/bin/perl
 # Builds Velmora.chm: the user guide, the script reference (a page for each
 # command), the pages under docs/help, and for each area of the forms the help
-# texts of its controls from src/editor/control_help_table.inc, the table the
-# What's-This pop-ups show. Markdown becomes HTML with cmark-gfm (the docs use
+# texts of its controls from the forms' help tables (src/editor/control_help_table.inc,
+# src/batchvars/batch_help_table.inc), the tables the What's-This pop-ups show. Markdown becomes HTML with cmark-gfm (the docs use
 # GitHub's tables), chmcmd compiles it with a keyword index and full-text
 # search, and the compiled file is read back to check that it holds a page for
 # every script command, every area and the batch editor, the index and the
@@ -39,25 +39,36 @@ sub spew {
 
 # --- the controls' help table and what the code says of the controls --------
 
+# Each form: its help table, the header of its identifiers, its layout table.
+my @forms = (['src/editor/control_help_table.inc', 'src/editor/form_controls.h', 'src/editor/editor_layout.cpp'],
+             ['src/batchvars/batch_help_table.inc', 'src/batchvars/envvar_setup_layout.h',
+              'src/batchvars/envvar_setup_layout.cpp']);
+
 my @help;    # { id, page, title, text }, in table order
-for my $line (split /\n/, slurp("$root/src/editor/control_help_table.inc")) {
-  next unless $line =~ /^VELMORA_CONTROL_HELP\((\w+), "([^"]+)", "([^"]+)", "((?:[^"\\]|\\")+)"\)$/;
-  push @help, {id => $1, page => $2, title => $3, text => $4 =~ s/\\"/"/gr};
+for my $table (map { $_->[0] } @forms) {
+  my $entries = @help;
+  for my $line (split /\n/, slurp("$root/$table")) {
+    next unless $line =~ /^VELMORA_CONTROL_HELP\((\w+), "([^"]+)", "([^"]+)", "((?:[^"\\]|\\")+)"\)$/;
+    push @help, {id => $1, page => $2, title => $3, text => $4 =~ s/\\"/"/gr};
+  }
+  fail("no entries in $table") if @help == $entries;
 }
-fail('no entries in control_help_table.inc') unless @help;
 
 my %number;    # enumerator -> identifier
-my $ids = slurp("$root/src/editor/form_controls.h");
-$number{$1} = $2 while $ids =~ /^\s+(\w+) = (\d+),/mg;
+for my $header (map { $_->[1] } @forms) {
+  my $ids = slurp("$root/$header");
+  $number{$1} = $2 while $ids =~ /^\s+(\w+) = (\d+),/mg;
+}
 
 my %name;    # enumerator -> the control's name in the forms' tables
-for my $layout ('src/editor/editor_layout.cpp', 'src/batchvars/envvar_setup_layout.cpp') {
+for my $layout (map { $_->[2] } @forms) {
   my $text = slurp("$root/$layout");
   $name{$1} = $2 while $text =~ /\{C::(\w+),\s*"([^"]+)"/g;
 }
+delete $name{Form};    # the form's own declaration: its title, not a control
 my %helped = map { $_->{id} => 1 } @help;
 for my $id (sort keys %name) {
-  fail("the control $name{$id} has no entry in control_help_table.inc") unless $helped{$id};
+  fail("the control $name{$id} has no entry in its form's help table") unless $helped{$id};
 }
 
 # The script commands, as the parser's table of words names them.
@@ -94,7 +105,7 @@ my %page_by_name = map { $_->{name} => $_ } @pages;
 # Each area page lists its controls after its own text.
 for my $entry (@help) {
   my $page = $page_by_name{$entry->{page}} or fail("no page $entry->{page} for the control $entry->{id}");
-  fail("the control $entry->{id} is not in form_controls.h") unless defined $number{$entry->{id}};
+  fail("the control $entry->{id} has no identifier in its form's header") unless defined $number{$entry->{id}};
   $page->{markdown} .= "\n## Controls\n" unless $page->{controls}++;
   my $control = $name{$entry->{id}} // $entry->{id};
   $page->{markdown} .= "\n### $entry->{title}\n\n`$control`, identifier $number{$entry->{id}}.\n\n$entry->{text}\n";

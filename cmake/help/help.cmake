@@ -22,7 +22,9 @@ add_custom_command(
           ${CMAKE_BINARY_DIR}/help ${velmora_chm} ${VELMORA_CMARK_GFM} ${VELMORA_CHMCMD}
   DEPENDS ${PROJECT_SOURCE_DIR}/cmake/help/build_help.pl ${velmora_help_pages}
           ${PROJECT_SOURCE_DIR}/src/editor/control_help_table.inc ${PROJECT_SOURCE_DIR}/src/editor/form_controls.h
-          ${PROJECT_SOURCE_DIR}/src/editor/editor_layout.cpp ${PROJECT_SOURCE_DIR}/src/batchvars/envvar_setup_layout.cpp
+          ${PROJECT_SOURCE_DIR}/src/editor/editor_layout.cpp ${PROJECT_SOURCE_DIR}/src/batchvars/batch_help_table.inc
+          ${PROJECT_SOURCE_DIR}/src/batchvars/envvar_setup_layout.h
+          ${PROJECT_SOURCE_DIR}/src/batchvars/envvar_setup_layout.cpp
           ${PROJECT_SOURCE_DIR}/src/language/parser.cpp
   COMMENT "Building Velmora.chm"
   VERBATIM)

@@ -121,16 +121,14 @@ std::string Window_Text(HWND window) {
   return text;
 }
 
-bool Starts_Option_Group(ControlId id) { return id == ControlId::MouseButton0 || id == ControlId::DebugState0; }
-
 HWND Create_Control(const ControlDeclaration& declaration, const ControlState& state, HWND parent,
-                    const TwipsScale& scale, bool firstOfGroup) {
-  const WindowKind kind = Kind_Of(declaration.Kind, firstOfGroup);
+                    const TwipsScale& scale) {
+  const WindowKind kind = Kind_Of(declaration.Kind, declaration.StartsGroup);
   DWORD style = WS_CHILD | kind.Style;
   if (state.Visible) style |= WS_VISIBLE;
   if (!state.Enabled) style |= WS_DISABLED;
   const RECT place = scale.Pixels(state.Rect);
-  const auto identifier = reinterpret_cast<HMENU>(static_cast<INT_PTR>(declaration.Id));
+  const auto identifier = reinterpret_cast<HMENU>(static_cast<INT_PTR>(declaration.Id.Value()));
   return CreateWindowExA(kind.ExStyle, kind.ClassName, state.Caption.c_str(), style, place.left, place.top,
                          place.right - place.left, place.bottom - place.top, parent, identifier,
                          reinterpret_cast<HINSTANCE>(GetWindowLongPtrA(parent, GWLP_HINSTANCE)), nullptr);

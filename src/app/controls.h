@@ -8,7 +8,7 @@
 #include <set>
 #include <string>
 
-#include "editor_layout.h"
+#include "form_declaration.h"
 #include "twips.h"
 
 namespace velmora {
@@ -21,13 +21,10 @@ void Register_Frame_Class(HINSTANCE instance);
 // Creates the control with its fixed identifier (GWLP_ID), its place in
 // pixels and its state's caption, visibility and enabled state.
 HWND Create_Control(const ControlDeclaration& declaration, const ControlState& state, HWND parent,
-                    const TwipsScale& scale, bool firstOfGroup);
+                    const TwipsScale& scale);
 
 // A window's text, whole.
 std::string Window_Text(HWND window);
-
-// Option buttons that start a group of their own.
-bool Starts_Option_Group(ControlId id);
 
 class ToolTips {
  public:

@@ -8,6 +8,7 @@
 #include <memory>
 
 #include "editor_surface.h"
+#include "form_controls.h"
 #include "form_view.h"
 #include "list_box_mirror.h"
 
@@ -25,8 +26,6 @@ class EditorWindow : public FormView, public EditorSurface {
 
   // Creates the window hidden, with every control, and starts mirroring.
   bool Create(HINSTANCE instance, EditorForm& form);
-  // Keyboard navigation (Tab, arrows, access keys); true when it took the message.
-  bool Translate_Dialog_Key(MSG& message);
 
   // EditorSurface
   long MeasureDebugText(const std::string& text) override;
@@ -39,33 +38,29 @@ class EditorWindow : public FormView, public EditorSurface {
   std::string SetTraceFont(const std::string& name) override;
 
  private:
-  static LRESULT CALLBACK Control_Hook(HWND control, UINT message, WPARAM wParam, LPARAM lParam, UINT_PTR,
-                                       DWORD_PTR self);
-  LRESULT Handle_Message(UINT message, WPARAM wParam, LPARAM lParam) override;
+  // FormView
+  void Lay_Out() override;
+  bool May_Close() override;
+  void Forget_Own_Windows() override;
+  bool Own_Key(MSG& message) override;
+  bool Own_Message(UINT message, WPARAM wParam, LPARAM lParam) override;
+  bool Control_Message(HWND control, ControlKey id, UINT message, WPARAM wParam, LPARAM lParam,
+                       LRESULT& result) override;
   std::string Help_File() const override;
-  HelpForm Help_Form() const override { return HelpForm::Editor; }
-  LRESULT Handle_Control_Message(HWND control, UINT message, WPARAM wParam, LPARAM lParam, bool& handled);
-  void Attach_Lists();
 
   // Input, in editor_window_input.cpp.
-  void On_Command(ControlId id, int code);
-  void On_Button_Clicked(ControlId id);
+  void Route_Notifications();
+  void On_Menu_Button();
   void On_Menu(MenuId id);
-  void On_Text_Changed(ControlId id);
   void On_List_Selection_Changed(ControlId id);
+  void On_Field_Focused(ControlId id);
   void On_Field_Entered(ControlId id, bool byKeyboard);
-
-  // The form's own events.
-  void On_Size();
-  void On_Close();
-  void On_Destroy();
+  bool On_Catalogue_Message(HWND control, UINT message, WPARAM wParam, LPARAM lParam, LRESULT& result);
 
   Engine& engine_;
   EditorForm* form_ = nullptr;
   std::unique_ptr<ListBoxMirror> commandMirror_, traceMirror_, debugMirror_;
   bool keyboardMove_ = false;  // the catalogue's highlight moves by keys: not a choice
-  bool tabbing_ = false;       // the focus moves by Tab or Shift+Tab
-  bool resizing_ = false;
 };
 
 }  // namespace velmora

@@ -5,7 +5,6 @@
 #include <commctrl.h>
 
 #include <string>
-#include <utility>
 
 #include "about_box.h"
 #include "editor_form.h"
@@ -23,32 +22,38 @@ constexpr char kUsingHelpPage[] = "using-help";
 
 long Selected_Index(HWND list) { return static_cast<long>(SendMessageA(list, LB_GETCURSEL, 0, 0)); }
 
+// The buttons whose click the form handles.
+constexpr ControlId kFormButtons[] = {
+    ControlId::OpenScriptButton,    ControlId::SaveScriptButton, ControlId::CreateDebugButton,
+    ControlId::InsertCommandButton, ControlId::RemoveCommandButton, ControlId::ExecuteButton,
+    ControlId::ExecuteNextButton,   ControlId::BreakPointButton,
+};
+
 }  // namespace
 
-void EditorWindow::On_Command(ControlId id, int code) {
-  switch (code) {
-    case BN_CLICKED:
-      On_Button_Clicked(id);
-      break;
-    case EN_CHANGE:
-      if (!showingText_) On_Text_Changed(id);
-      break;
-    case EN_SETFOCUS:
-    case LBN_SETFOCUS:
-      controls_.FocusMoved(id);
-      // Coming back to the form is no entering of the field: no pick starts.
-      if (!restoringFocus_ && (id == ControlId::CommandLine || id == ControlId::Minutes))
-        PostMessageA(window_, kFieldEntered, static_cast<WPARAM>(id), tabbing_ ? 1 : 0);
-      break;
-    case LBN_SELCHANGE:
-      On_List_Selection_Changed(id);
-      break;
-    case LBN_DBLCLK:
-      if (id == ControlId::TraceWindow) form_->TraceWindow_DblClick();
-      break;
-    default:
-      break;
-  }
+// What the controls' notifications do; typed text and the focus are already
+// in the model.
+void EditorWindow::Route_Notifications() {
+  using C = ControlId;
+  notifications_ = {
+      {C::VelmoraMenu, BN_CLICKED, [this] { On_Menu_Button(); }},
+      {C::CommandLine, EN_CHANGE, [this] { form_->Text_Changed(C::CommandLine); }},
+      {C::Minutes, EN_CHANGE, [this] { form_->Text_Changed(C::Minutes); }},
+      {C::Seconds, EN_CHANGE, [this] { form_->Text_Changed(C::Seconds); }},
+      {C::CommandLine, EN_SETFOCUS, [this] { On_Field_Focused(C::CommandLine); }},
+      {C::Minutes, EN_SETFOCUS, [this] { On_Field_Focused(C::Minutes); }},
+      {C::CommandList, LBN_SELCHANGE, [this] { On_List_Selection_Changed(C::CommandList); }},
+      {C::TraceWindow, LBN_SELCHANGE, [this] { On_List_Selection_Changed(C::TraceWindow); }},
+      {C::TraceWindow, LBN_DBLCLK, [this] { form_->TraceWindow_DblClick(); }},
+  };
+  for (const ControlId button : kFormButtons)
+    notifications_.push_back({button, BN_CLICKED, [this, button] { form_->Button_Clicked(button); }});
+}
+
+// Coming back to the form is no entering of the field: no pick starts. A
+// field entered by Tab is told so: it may hold a description to correct by hand.
+void EditorWindow::On_Field_Focused(ControlId id) {
+  if (!restoringFocus_) PostMessageA(window_, kFieldEntered, static_cast<WPARAM>(id), tabbing_ ? 1 : 0);
 }
 
 // A pick or a dialog starts once the click that gave the field the focus has
@@ -60,16 +65,8 @@ void EditorWindow::On_Field_Entered(ControlId id, bool byKeyboard) {
   form_->Field_Entered(id, byKeyboard);
 }
 
-void EditorWindow::On_Button_Clicked(ControlId id) {
-  if (id == ControlId::VelmoraMenu) {
-    if (const auto chosen = Track_Velmora_Menu(window_, Control(id))) On_Menu(*chosen);
-    return;
-  }
-  if (Is_Option(id)) {
-    controls_.SetChecked(id, SendMessageA(Control(id), BM_GETCHECK, 0, 0) == BST_CHECKED);
-    return;
-  }
-  form_->Button_Clicked(id);
+void EditorWindow::On_Menu_Button() {
+  if (const auto chosen = Track_Velmora_Menu(window_, Control(ControlId::VelmoraMenu))) On_Menu(*chosen);
 }
 
 void EditorWindow::On_Menu(MenuId id) {
@@ -86,11 +83,6 @@ void EditorWindow::On_Menu(MenuId id) {
   }
 }
 
-void EditorWindow::On_Text_Changed(ControlId id) {
-  Take_Typed_Text(id);
-  form_->Text_Changed(id);
-}
-
 // The catalogue: a click chooses an entry, the arrow keys only move the
 // highlight (Enter chooses). The trace list: every new highlight is the
 // current line.
@@ -105,46 +97,43 @@ void EditorWindow::On_List_Selection_Changed(ControlId id) {
   }
 }
 
-LRESULT CALLBACK EditorWindow::Control_Hook(HWND control, UINT message, WPARAM wParam, LPARAM lParam, UINT_PTR,
-                                            DWORD_PTR self) {
-  bool handled = false;
-  const LRESULT result =
-      reinterpret_cast<EditorWindow*>(self)->Handle_Control_Message(control, message, wParam, lParam, handled);
-  return handled ? result : DefSubclassProc(control, message, wParam, lParam);
-}
-
 // The catalogue takes Enter from the dialog keys and marks key moves; the
 // file labels report the right button, held until it is released anywhere,
 // and pass its release on.
-LRESULT EditorWindow::Handle_Control_Message(HWND control, UINT message, WPARAM wParam, LPARAM lParam, bool& handled) {
-  const auto id = static_cast<ControlId>(GetDlgCtrlID(control));
-  handled = true;
-  if (id == ControlId::CommandList) {
-    const auto* key = reinterpret_cast<const MSG*>(lParam);
-    if (message == WM_GETDLGCODE && key && key->message == WM_KEYDOWN && key->wParam == VK_RETURN)
-      return DefSubclassProc(control, message, wParam, lParam) | DLGC_WANTMESSAGE;
-    if (message == WM_KEYDOWN && wParam == VK_RETURN) {
-      form_->CommandList_Click(Selected_Index(control));
-      return 0;
-    }
-    if (message == WM_CHAR && wParam == '\r') return 0;
-    if (message == WM_KEYDOWN || message == WM_CHAR) {
-      keyboardMove_ = true;
-      const LRESULT result = DefSubclassProc(control, message, wParam, lParam);
-      keyboardMove_ = false;
-      return result;
-    }
-  } else if (message == WM_RBUTTONDOWN) {
+bool EditorWindow::Control_Message(HWND control, ControlKey key, UINT message, WPARAM wParam, LPARAM lParam,
+                                   LRESULT& result) {
+  const auto id = key.As<ControlId>();
+  if (id == ControlId::CommandList) return On_Catalogue_Message(control, message, wParam, lParam, result);
+  if (id != ControlId::ScriptFileLabel && id != ControlId::DebugFileLabel) return false;
+  if (message == WM_RBUTTONDOWN) {
     SetCapture(control);
     form_->Label_Mouse(id, kRightButton, true);
-    return 0;
-  } else if (message == WM_RBUTTONUP) {
+    return true;
+  }
+  if (message == WM_RBUTTONUP) {
     // The layout comes back first; the release then shows the label's What's-This.
     if (GetCapture() == control) ReleaseCapture();
     form_->Label_Mouse(id, kRightButton, false);
   }
-  handled = false;
-  return 0;
+  return false;
+}
+
+bool EditorWindow::On_Catalogue_Message(HWND control, UINT message, WPARAM wParam, LPARAM lParam, LRESULT& result) {
+  const auto* key = reinterpret_cast<const MSG*>(lParam);
+  if (message == WM_GETDLGCODE && key && key->message == WM_KEYDOWN && key->wParam == VK_RETURN) {
+    result = DefSubclassProc(control, message, wParam, lParam) | DLGC_WANTMESSAGE;
+    return true;
+  }
+  if (message == WM_KEYDOWN && wParam == VK_RETURN) {
+    form_->CommandList_Click(Selected_Index(control));
+    return true;
+  }
+  if (message == WM_CHAR && wParam == '\r') return true;
+  if (message != WM_KEYDOWN && message != WM_CHAR) return false;
+  keyboardMove_ = true;
+  result = DefSubclassProc(control, message, wParam, lParam);
+  keyboardMove_ = false;
+  return true;
 }
 
 }  // namespace velmora

@@ -21,9 +21,6 @@ class EnvVarSetupWindow : public FormView, public BatchView {
   EnvVarSetupWindow(FormControls& controls, std::string helpFile);
 
   bool Create(HINSTANCE instance, HWND owner, EnvVarSetupForm& form);
-  // Keyboard navigation (Tab, access keys); true when it took the message.
-  bool Translate_Dialog_Key(MSG& message);
-  bool Closed() const { return window_ == nullptr; }
 
   // BatchView
   long MeasureBatchText(const std::string& text) override;
@@ -33,17 +30,16 @@ class EnvVarSetupWindow : public FormView, public BatchView {
   void ShowReport(const std::string& title, const std::string& text) override;
 
  private:
-  static LRESULT CALLBACK Control_Hook(HWND control, UINT message, WPARAM wParam, LPARAM lParam, UINT_PTR,
-                                       DWORD_PTR self);
-  LRESULT Handle_Message(UINT message, WPARAM wParam, LPARAM lParam) override;
+  // FormView
+  void Lay_Out() override { form_->Form_Resize(); }
+  bool May_Close() override { return form_->Form_Unload(); }
+  void Forget_Own_Windows() override { listMirror_.reset(); }
+  bool Own_Key(MSG& message) override;
+  bool Control_Message(HWND control, ControlKey id, UINT message, WPARAM wParam, LPARAM lParam,
+                       LRESULT& result) override;
   std::string Help_File() const override { return helpFile_; }
-  HelpForm Help_Form() const override { return HelpForm::BatchEditor; }
-  LRESULT Handle_Control_Message(HWND control, UINT message, WPARAM wParam, LPARAM lParam, bool& handled);
-  void On_Command(ControlId id, int code);
-  void On_Close();
 
   EnvVarSetupForm* form_ = nullptr;
-  HWND owner_ = nullptr;
   std::unique_ptr<ListBoxMirror> listMirror_;
   std::string helpFile_;
 };

@@ -8,7 +8,7 @@
 #include <string>
 #include <tuple>
 
-#include "form_controls.h"
+#include "control_state.h"
 #include "win32_handles.h"
 
 namespace velmora {

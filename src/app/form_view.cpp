@@ -32,8 +32,8 @@ void Give_Own_Icon(HWND window, HINSTANCE instance) {
 
 }  // namespace
 
-FormView::FormView(FormControls& controls, const std::vector<ControlDeclaration>& table)
-    : controls_(controls), scale_(Screen_Dpi()), fonts_(scale_.Dpi()), table_(table) {}
+FormView::FormView(FormControls& controls, const FormDeclaration& form)
+    : controls_(controls), form_(form), scale_(Screen_Dpi()), fonts_(scale_.Dpi()) {}
 
 FormView::~FormView() {
   controls_.SetObserver(nullptr);
@@ -43,8 +43,8 @@ FormView::~FormView() {
 bool FormView::Create_Form(HINSTANCE instance, const char* className, HWND owner) {
   Register_Form_Class(instance, className, Procedure);
   Register_Frame_Class(instance);
-  const RECT place = scale_.Pixels(controls_[ControlId::Form].Rect);
-  window_ = CreateWindowExA(WS_EX_CONTROLPARENT, className, controls_[ControlId::Form].Caption.c_str(),
+  const RECT place = scale_.Pixels(controls_[form_.Form].Rect);
+  window_ = CreateWindowExA(WS_EX_CONTROLPARENT, className, controls_[form_.Form].Caption.c_str(),
                             WS_OVERLAPPEDWINDOW | WS_CLIPCHILDREN, place.left, place.top, place.right - place.left,
                             place.bottom - place.top, owner, nullptr, instance, this);
   if (!window_) return false;
@@ -56,16 +56,16 @@ bool FormView::Create_Form(HINSTANCE instance, const char* className, HWND owner
 }
 
 void FormView::Create_Controls() {
-  for (const ControlDeclaration& declaration : table_) {
+  for (const ControlDeclaration& declaration : form_.Controls) {
     const ControlState& state = controls_[declaration.Id];
-    HWND parent = declaration.Parent == ControlId::Form ? window_ : Control(declaration.Parent);
-    HWND control = Create_Control(declaration, state, parent, scale_, Starts_Option_Group(declaration.Id));
-    handles_[declaration.Id] = control;
+    HWND control = Create_Control(declaration, state, Control(declaration.Parent), scale_);
+    handles_[declaration.Id.Value()] = control;
     SendMessageA(control, WM_SETFONT, reinterpret_cast<WPARAM>(fonts_.Get(state.Font)), FALSE);
     if (state.Checked) SendMessageA(control, BM_SETCHECK, BST_CHECKED, 0);
     tips_.Set(control, state.ToolTip);
-    // Only the text boxes: a hook on the lists would slow every line they show.
-    if (declaration.Kind == ControlKind::TextBox) SetWindowSubclass(control, Text_Box_Hook, 0, 0);
+    // Only the text boxes, and the controls the form asks for: a hook on the
+    // lists would slow every line they show.
+    if (declaration.Kind == ControlKind::TextBox) Hook_Control(declaration.Id);
   }
 }
 
@@ -100,20 +100,14 @@ bool FormView::Keep_Focus_On_Activation(WPARAM wParam) {
   return true;
 }
 
-HWND FormView::Control(ControlId id) const {
-  if (id == ControlId::Form) return window_;
-  const auto found = handles_.find(id);
+HWND FormView::Control(ControlKey id) const {
+  if (id == form_.Form) return window_;
+  const auto found = handles_.find(id.Value());
   return found == handles_.end() ? nullptr : found->second;
 }
 
-const ControlDeclaration* FormView::Declaration(ControlId id) const {
-  for (const ControlDeclaration& declaration : table_)
-    if (declaration.Id == id) return &declaration;
-  return nullptr;
-}
-
-bool FormView::Is_Option(ControlId id) const {
-  const ControlDeclaration* declaration = Declaration(id);
+bool FormView::Is_Option(ControlKey id) const {
+  const ControlDeclaration* declaration = Find_Declaration(form_, id);
   return declaration && (declaration->Kind == ControlKind::OptionButton || declaration->Kind == ControlKind::CheckBox);
 }
 
@@ -134,7 +128,7 @@ bool FormView::Press_Focused_Button(const MSG& message) {
   return true;
 }
 
-void FormView::Take_Typed_Text(ControlId id) {
+void FormView::Take_Typed_Text(ControlKey id) {
   HWND control = Control(id);
   DWORD caret = 0;
   SendMessageA(control, EM_GETSEL, 0, reinterpret_cast<LPARAM>(&caret));
@@ -142,99 +136,7 @@ void FormView::Take_Typed_Text(ControlId id) {
 }
 
 void FormView::Track_Placement() {
-  if (!IsIconic(window_)) controls_.SetRect(ControlId::Form, Placement());
-}
-
-void FormView::Forget_Window() {
-  auto* icon = reinterpret_cast<HICON>(SendMessageA(window_, WM_SETICON, ICON_BIG, 0));
-  if (icon) DestroyIcon(icon);
-  controls_.SetObserver(nullptr);
-  handles_.clear();
-  window_ = nullptr;
-}
-
-void FormView::BringFocusToForeground() {
-  HWND focus = GetFocus();
-  SetForegroundWindow(focus ? GetAncestor(focus, GA_ROOT) : window_);
-}
-
-void FormView::Close() { PostMessageA(window_, WM_CLOSE, 0, 0); }
-
-TwipsRect FormView::Placement() {
-  RECT outer{};
-  GetWindowRect(window_, &outer);
-  return scale_.Twips(outer);
-}
-
-// Read as SetPlacement writes it, so that a stored place comes back the same.
-TwipsRect FormView::RestoredPlacement() {
-  if (!IsIconic(window_) && !IsZoomed(window_)) return Placement();
-  WINDOWPLACEMENT placement{};
-  placement.length = sizeof placement;
-  GetWindowPlacement(window_, &placement);
-  return scale_.Twips(placement.rcNormalPosition);
-}
-
-// A minimised or maximised form keeps the place as the one it returns to.
-void FormView::SetPlacement(const TwipsRect& rect) {
-  const RECT place = scale_.Pixels(rect);
-  if (IsWindowVisible(window_) && (IsIconic(window_) || IsZoomed(window_))) {
-    WINDOWPLACEMENT placement{};
-    placement.length = sizeof placement;
-    GetWindowPlacement(window_, &placement);
-    placement.rcNormalPosition = place;
-    SetWindowPlacement(window_, &placement);
-    return;
-  }
-  SetWindowPos(window_, nullptr, place.left, place.top, place.right - place.left, place.bottom - place.top,
-               SWP_NOZORDER | SWP_NOACTIVATE);
-}
-
-WindowState FormView::State() {
-  if (pendingState_) return *pendingState_;
-  if (IsIconic(window_)) return WindowState::Minimized;
-  return IsZoomed(window_) ? WindowState::Maximized : WindowState::Normal;
-}
-
-void FormView::SetState(WindowState state) {
-  if (!IsWindowVisible(window_)) {
-    pendingState_ = state;
-    return;
-  }
-  const int command[] = {SW_RESTORE, SW_MINIMIZE, SW_MAXIMIZE};
-  ShowWindow(window_, command[static_cast<int>(state)]);
-}
-
-long FormView::ScreenWidth() { return scale_.Twips(GetSystemMetrics(SM_CXSCREEN)); }
-
-long FormView::ScreenHeight() { return scale_.Twips(GetSystemMetrics(SM_CYSCREEN)); }
-
-long FormView::Measure(ControlId list, const std::string& text) {
-  if (!measureDc_) measureDc_.reset(CreateCompatibleDC(nullptr));
-  const auto font = reinterpret_cast<HGDIOBJ>(SendMessageA(Control(list), WM_GETFONT, 0, 0));
-  if (font) SelectObject(measureDc_.get(), font);  // the stock font stays the DC's own to restore
-  SIZE size{};
-  GetTextExtentPoint32A(measureDc_.get(), text.c_str(), static_cast<int>(text.size()), &size);
-  return size.cx;
-}
-
-long FormView::Client_Width(ControlId list) {
-  RECT client{};
-  GetClientRect(Control(list), &client);
-  return client.right - client.left;
-}
-
-// The font system gives the nearest face it has; its name tells the caller
-// whether the wanted one exists.
-std::string FormView::Set_List_Font(ControlId list, const std::string& name) {
-  FontSpec font = controls_[list].Font;
-  font.Name = name;
-  controls_.SetFont(list, font);
-  const ScopedWindowDC dc(Control(list));
-  const ScopedSelection selected(dc.get(), fonts_.Get(font));
-  char face[LF_FACESIZE] = "";
-  GetTextFaceA(dc.get(), LF_FACESIZE, face);
-  return face;
+  if (!IsIconic(window_)) controls_.SetRect(form_.Form, Placement());
 }
 
 }  // namespace velmora

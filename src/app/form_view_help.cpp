@@ -7,8 +7,6 @@
 // messages, a hundredfold under Wine, and a long script is many messages.
 #include "form_view.h"
 
-#include <commctrl.h>
-
 #include "help_viewer.h"
 #include "whats_this.h"
 
@@ -39,14 +37,6 @@ bool Asks_For_Whats_This(const MSG& message) {
 
 }  // namespace
 
-// A text box has a menu of its own (Cut, Copy, Paste), which What's-This
-// replaces: its request goes on to the form as the other controls' do. Text
-// boxes hold one line, so the hook costs nothing that matters.
-LRESULT CALLBACK FormView::Text_Box_Hook(HWND box, UINT message, WPARAM wParam, LPARAM lParam, UINT_PTR, DWORD_PTR) {
-  if (message == WM_CONTEXTMENU) return SendMessageA(GetParent(box), message, wParam, lParam);
-  return DefSubclassProc(box, message, wParam, lParam);
-}
-
 // Shift+F10 and the menu key on a control: the pop-up below it. Taken before
 // the control sees the key, as the dialog keys are: F10 would otherwise start
 // the keyboard menu of the window when it is released.
@@ -62,8 +52,8 @@ bool FormView::Handle_Help_Message(UINT message, WPARAM wParam, LPARAM lParam) {
     const auto* info = reinterpret_cast<const HELPINFO*>(lParam);
     auto* window = static_cast<HWND>(info->hItemHandle);
     if (info->iContextType != HELPINFO_WINDOW) return true;  // a menu's item: no page of its own
-    if (window == window_) Show_Help_For(ControlId::Form);
-    if (IsChild(window_, window)) Show_Help_For(static_cast<ControlId>(GetDlgCtrlID(window)));
+    if (window == window_) Show_Help_For(form_.Form);
+    if (IsChild(window_, window)) Show_Help_For(Key_Of(GetDlgCtrlID(window)));
     return true;
   }
   if (message != WM_CONTEXTMENU) return false;
@@ -79,7 +69,7 @@ bool FormView::Handle_Help_Message(UINT message, WPARAM wParam, LPARAM lParam) {
   return Show_Whats_This_At(window, point);
 }
 
-void FormView::Show_Help_For(ControlId id) { Show_Help_Page(window_, Help_File(), Help_Page_For(id, Help_Form())); }
+void FormView::Show_Help_For(ControlKey id) { Show_Help_Page(window_, Help_File(), Help_Page_For(form_, id)); }
 
 // The control at the point: the window itself, or the innermost child under
 // the point, disabled or not (those get no mouse input of their own). Nothing when the
@@ -103,7 +93,7 @@ void FormView::Show_Whats_This_Below(HWND control) {
 
 void FormView::Show_Whats_This_Of(HWND control, POINT screenPoint) {
   if (control == window_) return;
-  if (const ControlHelp* help = Find_Control_Help(static_cast<ControlId>(GetDlgCtrlID(control))))
+  if (const ControlHelp* help = Find_Control_Help(form_, Key_Of(GetDlgCtrlID(control))))
     Show_Whats_This(window_, help->Text, screenPoint);
 }
 

@@ -1,6 +1,6 @@
 #include "help_viewer.h"
 
-#include "control_help.h"
+#include "form_declaration.h"
 
 namespace velmora {
 

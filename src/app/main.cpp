@@ -19,17 +19,8 @@
 namespace velmora {
 namespace {
 
-void Run_Message_Loop(EditorWindow& window) {
-  MSG message;
-  while (GetMessageA(&message, nullptr, 0, 0) > 0) {
-    if (window.Translate_Dialog_Key(message)) continue;
-    TranslateMessage(&message);
-    DispatchMessageA(&message);
-  }
-}
-
 int Run_Editor(Engine& engine, HINSTANCE instance, int show) {
-  FormControls controls;
+  FormControls controls(Editor_Form());
   EditorWindow window(engine, controls);
   CRegSettings settings(engine.registry);
   settings.SetCompany(VELMORA_COMPANY_TEXT);
@@ -42,7 +33,7 @@ int Run_Editor(Engine& engine, HINSTANCE instance, int show) {
   state.InteractiveSession = true;
   form.Form_Load_Interactive();
   window.Show(show);
-  Run_Message_Loop(window);
+  window.Run_Until_Closed();
   Close_Help();
   Shut_Down(engine, true, state.ScriptFileNumber, state.DebugFileNumber);
   engine.surface = nullptr;

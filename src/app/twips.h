@@ -4,7 +4,7 @@
 
 #include <windows.h>
 
-#include "form_controls.h"
+#include "control_state.h"
 
 namespace velmora {
 

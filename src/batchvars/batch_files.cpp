@@ -59,7 +59,7 @@ void EnvVarSetupForm::Open_Batch_File() {
   Trap(engine_, true, "EnvVarSetup.(General).Open_Batch_File.TrappableErrors.2", kGoOn, [&] {
     const std::string previous = BatchFileName;
     BatchFileName = Quoted(name);
-    if (Initial_Setup()) return controls_.SetCaption(ControlId::BatchFileLabel, "Batch: " + name);
+    if (Initial_Setup()) return controls_.SetCaption(BatchId::BatchFileLabel, "Batch: " + name);
     BatchFileName = previous;  // the list still shows the file it showed
   });
 }
@@ -140,10 +140,10 @@ void EnvVarSetupForm::Save_Batch_File() {
   if (failed()) return Report_Last_Failure();
 
   BatchFileName = Quoted(name);
-  controls_.SetCaption(ControlId::BatchFileLabel, "Batch: " + name);  // only a file written is named
+  controls_.SetCaption(BatchId::BatchFileLabel, "Batch: " + name);  // only a file written is named
   engine_.host.Beep();
   Modified = false;
-  controls_.SetEnabled(ControlId::SaveBatchButton, false);
+  controls_.SetEnabled(BatchId::SaveBatchButton, false);
 }
 
 }  // namespace velmora

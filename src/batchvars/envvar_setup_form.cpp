@@ -32,7 +32,7 @@ EnvVarSetupForm::EnvVarSetupForm(Engine& engine, FormControls& controls, FormWin
 void EnvVarSetupForm::Form_Load() {
   Restore_Form_Placement(settings_, kSection, window_);
   Set_Command_State("DisableCommands");
-  controls_.SetEnabled(ControlId::SaveBatchButton, false);
+  controls_.SetEnabled(BatchId::SaveBatchButton, false);
   BatchFileName = Stored_File_Name(settings_, engine_.host, kSection, "Batch File");
 }
 
@@ -61,42 +61,42 @@ void EnvVarSetupForm::Form_Resize() {
     window_.SetPlacement(form);
   }
   const long width = form.Width - (kDesignedBatchFormWidth - 7520);
-  const auto place = [&](ControlId id, long left, long top, long w, long h) {
+  const auto place = [&](BatchId id, long left, long top, long w, long h) {
     controls_.SetRect(id, {left, top, w, h});
   };
-  const TwipsRect list = controls_[ControlId::BatchWindow].Rect;
+  const TwipsRect list = controls_[BatchId::BatchWindow].Rect;
   const long listHeight = std::max(600L, form.Height - (kDesignedBatchFormHeight - 3960));
-  place(ControlId::BatchFileLabel, 60, 480, width, 200);
-  place(ControlId::BatchWindow, list.Left, list.Top, width, listHeight);
-  place(ControlId::BatchFrame, 60, list.Top + listHeight + 60, width, 1320);
-  place(ControlId::EnvVarNameLabel, 120, 280, width - 240, 240);
-  place(ControlId::EnvVarValue, 120, 620, width - 2120, 300);
-  place(ControlId::UpdateEnvVarButton, width - 1880, 580, 1760, 380);
+  place(BatchId::BatchFileLabel, 60, 480, width, 200);
+  place(BatchId::BatchWindow, list.Left, list.Top, width, listHeight);
+  place(BatchId::BatchFrame, 60, list.Top + listHeight + 60, width, 1320);
+  place(BatchId::EnvVarNameLabel, 120, 280, width - 240, 240);
+  place(BatchId::EnvVarValue, 120, 620, width - 2120, 300);
+  place(BatchId::UpdateEnvVarButton, width - 1880, 580, 1760, 380);
   Set_HScroll_Bar();
 }
 
 // The fields' states by word; "Files" sets the file commands.
 void EnvVarSetupForm::Set_Command_State(const std::string& word) {
   if (word == "Files") {
-    controls_.SetEnabled(ControlId::OpenBatchButton, true);
-    controls_.SetEnabled(ControlId::SaveBatchButton, Modified);
+    controls_.SetEnabled(BatchId::OpenBatchButton, true);
+    controls_.SetEnabled(BatchId::SaveBatchButton, Modified);
     return;
   }
   const bool enable = word == "EnableCommands";
-  controls_.SetEnabled(ControlId::BatchFrame, word != "DisableCommands");
-  controls_.SetEnabled(ControlId::UpdateEnvVarButton, enable);
-  controls_.SetInactive(ControlId::EnvVarNameLabel, !enable);
-  controls_.SetVisible(ControlId::EnvVarValue, enable);
-  controls_.SetEnabled(ControlId::EnvVarValue, enable);
+  controls_.SetEnabled(BatchId::BatchFrame, word != "DisableCommands");
+  controls_.SetEnabled(BatchId::UpdateEnvVarButton, enable);
+  controls_.SetInactive(BatchId::EnvVarNameLabel, !enable);
+  controls_.SetVisible(BatchId::EnvVarValue, enable);
+  controls_.SetEnabled(BatchId::EnvVarValue, enable);
   if (enable) {
-    controls_.SetToolTip(ControlId::EnvVarNameLabel, "This is the name of the Environment Variable.");
-    controls_.SetToolTip(ControlId::EnvVarValue, "You may edit this value if you wish.");
+    controls_.SetToolTip(BatchId::EnvVarNameLabel, "This is the name of the Environment Variable.");
+    controls_.SetToolTip(BatchId::EnvVarValue, "You may edit this value if you wish.");
     return;
   }
   chosen_ = ListModel::kNoSelection;
-  controls_.SetCaption(ControlId::EnvVarNameLabel, "No Variable Selected");
-  controls_.SetToolTip(ControlId::EnvVarNameLabel, kTryTip);
-  controls_.SetToolTip(ControlId::EnvVarValue, kTryTip);
+  controls_.SetCaption(BatchId::EnvVarNameLabel, "No Variable Selected");
+  controls_.SetToolTip(BatchId::EnvVarNameLabel, kTryTip);
+  controls_.SetToolTip(BatchId::EnvVarValue, kTryTip);
 }
 
 void EnvVarSetupForm::Step_To_Next() {
@@ -145,16 +145,16 @@ void EnvVarSetupForm::BatchWindow_Click() {
 void EnvVarSetupForm::BatchWindow_DblClick() {
   const auto statement = Is_Set_Statement(Trim(BatchWindow.Item(BatchWindow.Selected())));
   if (!statement) return Set_Command_State("EmptyCommands");
-  controls_.SetCaption(ControlId::EnvVarNameLabel, statement->name);
-  controls_.SetCaret(ControlId::EnvVarValue, static_cast<long>(statement->value.size()));
-  controls_.SetCaption(ControlId::EnvVarValue, statement->value);
+  controls_.SetCaption(BatchId::EnvVarNameLabel, statement->name);
+  controls_.SetCaret(BatchId::EnvVarValue, static_cast<long>(statement->value.size()));
+  controls_.SetCaption(BatchId::EnvVarValue, statement->value);
   Set_Command_State("EnableCommands");
   chosen_ = BatchWindow.Selected();
-  controls_.SetFocus(ControlId::EnvVarValue);
+  controls_.SetFocus(BatchId::EnvVarValue);
 }
 
 void EnvVarSetupForm::EnvVarValue_Change() {
-  if (chosen_ != ListModel::kNoSelection) controls_.SetEnabled(ControlId::UpdateEnvVarButton, true);
+  if (chosen_ != ListModel::kNoSelection) controls_.SetEnabled(BatchId::UpdateEnvVarButton, true);
 }
 
 // Escape and Ctrl+C abandon the edit; Enter updates the line.
@@ -163,7 +163,7 @@ bool EnvVarSetupForm::EnvVarValue_KeyPress(int character) {
     Set_Command_State("EmptyCommands");
     return true;
   }
-  if (character == kEnter && controls_[ControlId::UpdateEnvVarButton].Enabled) {
+  if (character == kEnter && controls_[BatchId::UpdateEnvVarButton].Enabled) {
     UpdateEnvVarButton_Click();
     return true;
   }
@@ -172,15 +172,15 @@ bool EnvVarSetupForm::EnvVarValue_KeyPress(int character) {
 
 void EnvVarSetupForm::UpdateEnvVarButton_Click() {
   if (chosen_ == ListModel::kNoSelection) return;
-  const std::string line = Updated_Set_Line(BatchWindow.Item(chosen_), controls_[ControlId::EnvVarNameLabel].Caption,
-                                            controls_[ControlId::EnvVarValue].Caption);
+  const std::string line = Updated_Set_Line(BatchWindow.Item(chosen_), controls_[BatchId::EnvVarNameLabel].Caption,
+                                            controls_[BatchId::EnvVarValue].Caption);
   Widen_For(line);
   BatchWindow.Set(static_cast<std::size_t>(chosen_), line);
   BatchWindow.Select(chosen_);
-  controls_.SetEnabled(ControlId::UpdateEnvVarButton, false);
+  controls_.SetEnabled(BatchId::UpdateEnvVarButton, false);
   Modified = true;
   Set_Command_State("Files");
-  controls_.SetFocus(ControlId::EnvVarValue);
+  controls_.SetFocus(BatchId::EnvVarValue);
 }
 
 void EnvVarSetupForm::Report(long code, const std::string& message, const std::string& summary,

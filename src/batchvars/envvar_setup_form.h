@@ -7,8 +7,8 @@
 #include <optional>
 #include <string>
 
+#include "envvar_setup_layout.h"
 #include "file_dialogs.h"
-#include "form_controls.h"
 #include "form_window.h"
 #include "list_model.h"
 

@@ -9,7 +9,7 @@ const FontSpec kBoldFont{"MS Sans Serif", 8, true};
 const FontSpec kListFont{"Lucida Console", 9, false};
 
 using K = ControlKind;
-using C = ControlId;
+using C = BatchId;
 
 // Sizes that follow the form's are given at the designed size; Form_Resize
 // sets them from the form's size.
@@ -59,8 +59,21 @@ const std::vector<ControlDeclaration> kControls = {
      kFormFont},
 };
 
+#define VELMORA_CONTROL_HELP(id, page, title, text) {BatchId::id, page, title, text},
+constexpr ControlHelp kHelp[] = {
+#include "batch_help_table.inc"
+};
+#undef VELMORA_CONTROL_HELP
+
+const FormDeclaration kForm{C::Form,
+                            "Assign Environment Variables in Batch File",
+                            {0, 0, kDesignedBatchFormWidth, kDesignedBatchFormHeight},
+                            kControls,
+                            kHelp,
+                            "batch-editor"};
+
 }  // namespace
 
-const std::vector<ControlDeclaration>& Batch_Controls() { return kControls; }
+const FormDeclaration& Batch_Form() { return kForm; }
 
 }  // namespace velmora

@@ -50,7 +50,7 @@ const std::vector<ControlDeclaration> kControls = {
     {C::Seconds, "Seconds", K::TextBox, C::ScriptEditorFrame, {1500, 1040, 1200, 300}, "", "", kFormFont},
     {C::MouseLabel, "MouseLabel", K::Label, C::ScriptEditorFrame, {150, 1420, 1900, 200}, "", "", kFormFont},
     {C::MouseButton0, "MouseButton(0)", K::OptionButton, C::ScriptEditorFrame, {120, 1620, 400, 240}, "", "",
-     kFormFont},
+     kFormFont, true},
     {C::MouseButton1, "MouseButton(1)", K::OptionButton, C::ScriptEditorFrame, {560, 1620, 400, 240}, "", "",
      kFormFont},
     {C::MouseButton2, "MouseButton(2)", K::OptionButton, C::ScriptEditorFrame, {1000, 1620, 400, 240}, "", "",
@@ -61,7 +61,7 @@ const std::vector<ControlDeclaration> kControls = {
      kFormFont},
     // The first choice has the long captions ("Until: succeeded"), the second only ": failed" or "Debug: off".
     {C::DebugState0, "DebugState(0)", K::OptionButton, C::ScriptEditorFrame, {120, 1440, 2100, 300}, "", "",
-     kBoldFont},
+     kBoldFont, true},
     {C::DebugState1, "DebugState(1)", K::OptionButton, C::ScriptEditorFrame, {2260, 1440, 1520, 300}, "", "",
      kBoldFont},
     {C::InsertCommandButton, "InsertCommandButton", K::Button, C::ScriptEditorFrame, {120, 2180, 1760, 380},
@@ -84,14 +84,21 @@ const std::vector<ControlDeclaration> kControls = {
     {C::DebugWindow, "DebugWindow", K::ListBox, C::DebugFrame, {40, 220, 9345, 1725}, "", "", kDebugFont},
 };
 
+#define VELMORA_CONTROL_HELP(id, page, title, text) {ControlId::id, page, title, text},
+constexpr ControlHelp kHelp[] = {
+#include "control_help_table.inc"
+};
+#undef VELMORA_CONTROL_HELP
+
+const FormDeclaration kForm{
+    C::Form, "Velmora - IDE", {0, 0, kDesignedFormWidth, kDesignedFormHeight}, kControls, kHelp, "editor"};
+
 }  // namespace
+
+const FormDeclaration& Editor_Form() { return kForm; }
 
 const std::vector<ControlDeclaration>& Editor_Controls() { return kControls; }
 
-const ControlDeclaration* Find_Declaration(ControlId id) {
-  for (const ControlDeclaration& declaration : kControls)
-    if (declaration.Id == id) return &declaration;
-  return nullptr;
-}
+const ControlDeclaration* Find_Declaration(ControlId id) { return Find_Declaration(kForm, id); }
 
 }  // namespace velmora

@@ -6,21 +6,9 @@
 #include <vector>
 
 #include "form_controls.h"
+#include "form_declaration.h"
 
 namespace velmora {
-
-enum class ControlKind { Frame, Label, Cover, TextBox, ListBox, Button, OptionButton, CheckBox };
-
-struct ControlDeclaration {
-  ControlId Id;
-  const char* Name;  // the control's name, as the user guide lists it
-  ControlKind Kind;
-  ControlId Parent;  // the frame that holds it, or Form
-  TwipsRect Rect;    // relative to the parent
-  const char* Caption;
-  const char* ToolTip;
-  FontSpec Font;
-};
 
 // The designed size of the form (outer edges), and the smallest it may get.
 constexpr long kDesignedFormWidth = 9600;

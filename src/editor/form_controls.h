@@ -1,12 +1,8 @@
-// The editor's controls as data: every control's fixed identifier, and the
-// state the form procedures give it (caption or text, tooltip, enabled,
-// visible, checked, font, colour, place). The Win32 view shows this state and
-// reports the user's input back; tests read it directly.
+// The editor's controls: the identifiers of its controls and of the Velmora
+// menu's entries, on the forms' FormControls.
 #pragma once
 
-#include <map>
-#include <string>
-#include <vector>
+#include "control_state.h"
 
 namespace velmora {
 
@@ -54,15 +50,6 @@ enum class ControlId : int {
   // The debug output.
   DebugFrame = 1400,
   DebugWindow = 1401,
-  // The batch editor (a form of its own; its window is Form there).
-  BatchFileLabel = 2001,
-  OpenBatchButton = 2002,
-  SaveBatchButton = 2003,
-  BatchWindow = 2004,
-  BatchFrame = 2005,
-  EnvVarNameLabel = 2006,
-  EnvVarValue = 2007,
-  UpdateEnvVarButton = 2008,
 };
 
 // The Velmora menu's entries, as command identifiers of the pop-up menu.
@@ -73,6 +60,9 @@ enum class MenuId : int {
   AssignEnvVar = 3004,
 };
 
+template <>
+inline constexpr bool kFormIdentifiers<ControlId> = true;
+
 inline ControlId MouseButton(int index) {
   return static_cast<ControlId>(static_cast<int>(ControlId::MouseButton0) + index);
 }
@@ -80,92 +70,8 @@ inline ControlId DebugState(int index) {
   return static_cast<ControlId>(static_cast<int>(ControlId::DebugState0) + index);
 }
 
-struct FontSpec {
-  std::string Name = "MS Sans Serif";
-  int Size = 8;  // points
-  bool Bold = false;
-  bool operator==(const FontSpec&) const = default;
-};
-
-// Places and sizes in twips (1/1440 inch), relative to the containing frame
-// (or to the form's client area for a control outside any frame).
-struct TwipsRect {
-  long Left = 0;
-  long Top = 0;
-  long Width = 0;
-  long Height = 0;
-  bool operator==(const TwipsRect&) const = default;
-};
-
-struct ControlState {
-  std::string Caption;  // a label's or button's caption, a text box's text
-  std::string ToolTip;
-  bool Enabled = true;
-  bool Visible = true;
-  bool Checked = false;   // option buttons and check boxes
-  bool Inactive = false;  // drawn in the inactive colour (labels and text boxes of unused fields)
-  FontSpec Font;
-  TwipsRect Rect;
-  long Caret = 0;  // text boxes: the caret's position (characters before it)
-};
-
-// What changed in a control, for the view to show.
-enum class ControlAspect { Caption, ToolTip, Enabled, Visible, Checked, Inactive, Font, Rect, Caret };
-
-class ControlObserver {
- public:
-  virtual ~ControlObserver() = default;
-  virtual void OnControlChanged(ControlId id, ControlAspect aspect) = 0;
-  virtual void OnFocusRequested(ControlId id) = 0;
-};
-
-// The state of every control of the form. A setter that changes nothing tells
-// no one; a change is passed to the observer (the view).
-struct ControlDeclaration;
-
-class FormControls {
- public:
-  // The editor's controls.
-  FormControls();
-  // Another form's: its title, designed place and control table.
-  FormControls(const std::string& title, const TwipsRect& designed, const std::vector<ControlDeclaration>& table);
-
-  const ControlState& operator[](ControlId id) const;
-  ControlId Focused() const { return focused_; }
-
-  void SetCaption(ControlId id, const std::string& text);
-  void SetToolTip(ControlId id, const std::string& text);
-  void SetEnabled(ControlId id, bool enabled);
-  void SetVisible(ControlId id, bool visible);
-  void SetChecked(ControlId id, bool checked);
-  void SetInactive(ControlId id, bool inactive);
-  void SetFont(ControlId id, const FontSpec& font);
-  void SetRect(ControlId id, const TwipsRect& rect);
-  void SetCaret(ControlId id, long caret);
-  void SetFocus(ControlId id);
-
-  // Input from the user, already shown by the view: the state follows
-  // without telling the view again.
-  void TextTyped(ControlId id, const std::string& text, long caret);
-  void FocusMoved(ControlId id) { focused_ = id; }
-
-  void SetObserver(ControlObserver* observer) { observer_ = observer; }
-
- private:
-  ControlState& State(ControlId id);
-  void Changed(ControlId id, ControlAspect aspect);
-  // Sets one field and tells the observer, unless it already held the value.
-  template <class T>
-  void Assign(ControlId id, T ControlState::*field, const T& value, ControlAspect aspect) {
-    ControlState& state = State(id);
-    if (state.*field == value) return;
-    state.*field = value;
-    Changed(id, aspect);
-  }
-
-  std::map<ControlId, ControlState> states_;
-  ControlId focused_ = ControlId::Form;
-  ControlObserver* observer_ = nullptr;
-};
+struct FormDeclaration;
+// The editor form as designed (editor_layout.h has its table).
+const FormDeclaration& Editor_Form();
 
 }  // namespace velmora

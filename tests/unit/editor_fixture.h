@@ -53,7 +53,7 @@ class QueuedDialogs : public FileDialogs {
 class EditorTest : public EngineTest {
  protected:
   FakeSurface surface;
-  FormControls controls;
+  FormControls controls{Editor_Form()};
   FakeFormWindow window;
   QueuedDialogs dialogs;
   CRegSettings settings{registry};

@@ -4,7 +4,7 @@
 
 #include <string>
 
-#include "form_controls.h"
+#include "control_state.h"
 
 namespace velmora {
 
