@@ -54,7 +54,11 @@ bool EditorWindow::Own_Message(UINT message, WPARAM wParam, LPARAM lParam) {
 
 std::string EditorWindow::Help_File() const { return form_->HelpFile(); }
 
-void EditorWindow::Lay_Out() { form_->Form_Resize(); }
+void EditorWindow::Lay_Out() {
+  form_->Form_Resize();
+  for (ListBoxMirror* mirror : {traceMirror_.get(), debugMirror_.get()})
+    if (mirror) mirror->Fit_Extent();
+}
 
 // A run or a pick under way ends first, then asks for the close again; a
 // changed script the user does not let go keeps the editor open.

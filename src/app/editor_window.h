@@ -28,13 +28,7 @@ class EditorWindow : public FormView, public EditorSurface {
   bool Create(HINSTANCE instance, EditorForm& form);
 
   // EditorSurface
-  long MeasureDebugText(const std::string& text) override;
-  long DebugWindowWidth() override;
-  void SetDebugHorizontalExtent(long pixels) override;
   void EnableDebugFrame() override;
-  long MeasureTraceText(const std::string& text) override;
-  long TraceWindowWidth() override;
-  void SetTraceHorizontalExtent(long pixels) override;
   std::string SetTraceFont(const std::string& name) override;
 
  private:

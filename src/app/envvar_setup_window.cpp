@@ -82,14 +82,6 @@ bool EnvVarSetupWindow::Control_Message(HWND control, ControlKey key, UINT messa
   return false;
 }
 
-long EnvVarSetupWindow::MeasureBatchText(const std::string& text) { return Measure(BatchId::BatchWindow, text); }
-
-long EnvVarSetupWindow::BatchWindowWidth() { return Client_Width(BatchId::BatchWindow); }
-
-void EnvVarSetupWindow::SetBatchHorizontalExtent(long pixels) {
-  SendMessageA(Control(BatchId::BatchWindow), LB_SETHORIZONTALEXTENT, static_cast<WPARAM>(pixels), 0);
-}
-
 std::string EnvVarSetupWindow::SetBatchFont(const std::string& name) {
   return Set_List_Font(BatchId::BatchWindow, name);
 }

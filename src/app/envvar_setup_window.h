@@ -23,15 +23,15 @@ class EnvVarSetupWindow : public FormView, public BatchView {
   bool Create(HINSTANCE instance, HWND owner, EnvVarSetupForm& form);
 
   // BatchView
-  long MeasureBatchText(const std::string& text) override;
-  long BatchWindowWidth() override;
-  void SetBatchHorizontalExtent(long pixels) override;
   std::string SetBatchFont(const std::string& name) override;
   void ShowReport(const std::string& title, const std::string& text) override;
 
  private:
   // FormView
-  void Lay_Out() override { form_->Form_Resize(); }
+  void Lay_Out() override {
+    form_->Form_Resize();
+    if (listMirror_) listMirror_->Fit_Extent();
+  }
   bool May_Close() override { return form_->Form_Unload(); }
   void Forget_Own_Windows() override { listMirror_.reset(); }
   bool Own_Key(MSG& message) override;

@@ -87,9 +87,6 @@ class FormView : public ControlObserver, public FormWindow {
   HWND Control(ControlKey id) const;
   ControlKey Key_Of(int identifier) const { return controls_.Form().Sibling(identifier); }
   bool Is_Option(ControlKey id) const;
-  // Width of the text in pixels in the list's font, and the list's inner width.
-  long Measure(ControlKey list, const std::string& text);
-  long Client_Width(ControlKey list);
   // Sets the list's font by name and returns the face the font system gave.
   std::string Set_List_Font(ControlKey list, const std::string& name);
 
@@ -131,9 +128,6 @@ class FormView : public ControlObserver, public FormWindow {
   FontCache fonts_;
   bool showingText_ = false;  // the text change comes from the model, not from the user
   bool resizing_ = false;     // the layout is under way: a size it sets lays out nothing more
-  // Text is measured on a memory device context of our own: a window's DC
-  // costs a round trip to the display server on every line under Wine.
-  ScopedMemoryDC measureDc_;
   ToolTips tips_;
   std::map<int, HWND> handles_;
   std::optional<WindowState> pendingState_;  // asked for before the window was shown

@@ -141,21 +141,6 @@ long FormView::ScreenWidth() { return scale_.Twips(GetSystemMetrics(SM_CXSCREEN)
 
 long FormView::ScreenHeight() { return scale_.Twips(GetSystemMetrics(SM_CYSCREEN)); }
 
-long FormView::Measure(ControlKey list, const std::string& text) {
-  if (!measureDc_) measureDc_.reset(CreateCompatibleDC(nullptr));
-  const auto font = reinterpret_cast<HGDIOBJ>(SendMessageA(Control(list), WM_GETFONT, 0, 0));
-  if (font) SelectObject(measureDc_.get(), font);  // the stock font stays the DC's own to restore
-  SIZE size{};
-  GetTextExtentPoint32A(measureDc_.get(), text.c_str(), static_cast<int>(text.size()), &size);
-  return size.cx;
-}
-
-long FormView::Client_Width(ControlKey list) {
-  RECT client{};
-  GetClientRect(Control(list), &client);
-  return client.right - client.left;
-}
-
 // The font system gives the nearest face it has; its name tells the caller
 // whether the wanted one exists.
 std::string FormView::Set_List_Font(ControlKey list, const std::string& name) {

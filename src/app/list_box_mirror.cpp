@@ -38,7 +38,11 @@ HWND Create_Poster(ListBoxMirror* mirror, WNDPROC procedure) {
 }  // namespace
 
 ListBoxMirror::ListBoxMirror(ListModel& model, HWND listBox)
-    : model_(model), listBox_(listBox), poster_(Create_Poster(this, Poster_Procedure)) {
+    : model_(model),
+      listBox_(listBox),
+      measureDc_(CreateCompatibleDC(nullptr)),
+      widest_(model, [this](const std::string& text) { return Measure(text); }),
+      poster_(Create_Poster(this, Poster_Procedure)) {
   Hold_Redraw();
   Refill();
   model_.AddObserver(this);
@@ -72,8 +76,33 @@ void ListBoxMirror::Flush() {
   if (stale_) Refill();
   held_ = false;
   rewrites_ = 0;
+  Fit_Extent();
   Send(listBox_, WM_SETREDRAW, TRUE);
   InvalidateRect(listBox_, nullptr, TRUE);
+}
+
+long ListBoxMirror::Measure(const std::string& text) {
+  SIZE size{};
+  GetTextExtentPoint32A(measureDc_.get(), text.c_str(), static_cast<int>(text.size()), &size);
+  return size.cx;
+}
+
+// A list narrower than its widest item scrolls to the item's end and a little
+// beyond; a wide enough one does not scroll.
+void ListBoxMirror::Fit_Extent() {
+  const auto font = reinterpret_cast<HGDIOBJ>(Send(listBox_, WM_GETFONT));
+  if (font != measuredFont_) {
+    // The stock font stays the DC's own to restore.
+    SelectObject(measureDc_.get(), font ? font : GetStockObject(SYSTEM_FONT));
+    measuredFont_ = font;
+    widest_.Remeasure();
+  }
+  RECT client{};
+  GetClientRect(listBox_, &client);
+  const long widest = widest_.Widest();
+  const long extent = widest > client.right - client.left ? widest + 5 : 0;
+  if (extent != extent_) Send(listBox_, LB_SETHORIZONTALEXTENT, static_cast<WPARAM>(extent));
+  extent_ = extent;
 }
 
 void ListBoxMirror::Refill() {

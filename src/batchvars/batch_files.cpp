@@ -75,15 +75,14 @@ bool EnvVarSetupForm::Initial_Setup() {
     return false;
   }
   BatchWindow.Clear();
-  widest_ = 0;
   Choose_Font();
-  Add_Line(Trace_Header_Line());
+  BatchWindow.Add(Trace_Header_Line());
   while (!failed() && !At_End_Of_File(engine_, file)) {
     std::string line;
     Careful_IO(engine_, true, kLineInput, file, line, "", "EnvVarSetup.(General).Initial_Setup.Input.1", kGoOn);
-    if (!failed()) Add_Line(std::move(line));
+    if (!failed()) BatchWindow.Add(std::move(line));
   }
-  Add_Line(kSpareLine);
+  BatchWindow.Add(kSpareLine);
   std::string unused;
   Careful_IO(engine_, true, kClose, file, unused, "", "EnvVarSetup.(General).Initial_Setup.Close.1", kGoOn);
   if (failed()) Report_Last_Failure();
@@ -91,7 +90,6 @@ bool EnvVarSetupForm::Initial_Setup() {
   BatchWindow.Select(0);
   Set_Command_State("EmptyCommands");
   Set_Command_State("Files");
-  Set_HScroll_Bar();
   return true;
 }
 
@@ -99,25 +97,6 @@ void EnvVarSetupForm::Choose_Font() {
   Choose_List_Font([this](const std::string& name) { return view_.SetBatchFont(name); });
 }
 
-void EnvVarSetupForm::Add_Line(std::string line) {
-  Widen_For(line);
-  BatchWindow.Add(std::move(line));
-}
-
-void EnvVarSetupForm::Widen_For(const std::string& line) {
-  widest_ = std::max(widest_, view_.MeasureBatchText(line));
-  if (widest_ > view_.BatchWindowWidth() && widest_ > extent_) {
-    extent_ = widest_;
-    view_.SetBatchHorizontalExtent(extent_);
-  }
-}
-
-// After a resize the list scrolls sideways only as far as its widest line needs.
-void EnvVarSetupForm::Set_HScroll_Bar() {
-  const long extent = widest_ > view_.BatchWindowWidth() ? widest_ : 0;
-  if (extent != extent_) view_.SetBatchHorizontalExtent(extent);
-  extent_ = extent;
-}
 
 // A failed step reports itself and leaves the file marked as changed.
 void EnvVarSetupForm::Save_Batch_File() {

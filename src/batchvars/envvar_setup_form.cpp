@@ -72,7 +72,6 @@ void EnvVarSetupForm::Form_Resize() {
   place(BatchId::EnvVarNameLabel, 120, 280, width - 240, 240);
   place(BatchId::EnvVarValue, 120, 620, width - 2120, 300);
   place(BatchId::UpdateEnvVarButton, width - 1880, 580, 1760, 380);
-  Set_HScroll_Bar();
 }
 
 // The fields' states by word; "Files" sets the file commands.
@@ -174,7 +173,6 @@ void EnvVarSetupForm::UpdateEnvVarButton_Click() {
   if (chosen_ == ListModel::kNoSelection) return;
   const std::string line = Updated_Set_Line(BatchWindow.Item(chosen_), controls_[BatchId::EnvVarNameLabel].Caption,
                                             controls_[BatchId::EnvVarValue].Caption);
-  Widen_For(line);
   BatchWindow.Set(static_cast<std::size_t>(chosen_), line);
   BatchWindow.Select(chosen_);
   controls_.SetEnabled(BatchId::UpdateEnvVarButton, false);

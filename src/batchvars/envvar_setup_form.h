@@ -17,14 +17,11 @@ namespace velmora {
 struct Engine;
 class CRegSettings;
 
-// What the form needs of its window beyond the controls' state: measuring in
-// the list's font, the list's scrolling, and showing the form's own reports.
+// What the form needs of its window beyond the controls' state: the list's
+// font and showing the form's own reports.
 class BatchView {
  public:
   virtual ~BatchView() = default;
-  virtual long MeasureBatchText(const std::string& text) = 0;
-  virtual long BatchWindowWidth() = 0;
-  virtual void SetBatchHorizontalExtent(long pixels) = 0;
   // Sets the list's font and returns the name of the font it now has.
   virtual std::string SetBatchFont(const std::string& name) = 0;
   virtual void ShowReport(const std::string& title, const std::string& text) = 0;
@@ -80,9 +77,6 @@ class EnvVarSetupForm {
 
  private:
   void Show_Step(const std::optional<long>& found, const char* procedure);
-  void Add_Line(std::string line);
-  void Widen_For(const std::string& line);
-  void Set_HScroll_Bar();
   void Choose_Font();
   void Report(long code, const std::string& message, const std::string& summary, const std::string& location, int kind);
   void Report_Last_Failure();
@@ -96,8 +90,6 @@ class EnvVarSetupForm {
   FileDialogs& dialogs_;
   CRegSettings& settings_;
   long chosen_ = ListModel::kNoSelection;  // the line whose value the fields show
-  long widest_ = 0;                        // the widest line in pixels
-  long extent_ = 0;                        // the list's horizontal extent given last
 };
 
 }  // namespace velmora

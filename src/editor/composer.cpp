@@ -9,7 +9,6 @@
 #include "editor_activity.h"
 #include "engine.h"
 #include "line_composer.h"
-#include "list_scrolling.h"
 #include "script_text.h"
 #include "text.h"
 #include "trap.h"
@@ -130,7 +129,6 @@ void LineComposer::RemoveCommandButton_Click() {
     if (highlighted <= 0 || highlighted >= static_cast<long>(trace.Count())) return;
     trace.Remove(static_cast<std::size_t>(highlighted));
     if (trace.Count() == 1) trace.Add("");  // a line below the heading to insert before
-    scrolling_.Set_Trace_HScroll_Bar();
     trace.Select(std::min(highlighted, static_cast<long>(trace.Count()) - 1));
     activity_.Set_Script_Changed(true);
     controls_.SetEnabled(C::SaveScriptButton, true);

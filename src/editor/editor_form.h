@@ -11,7 +11,6 @@
 #include "editor_run.h"
 #include "file_dialogs.h"
 #include "line_composer.h"
-#include "list_scrolling.h"
 #include "screen_picker.h"
 #include "script_files.h"
 
@@ -52,7 +51,6 @@ class EditorForm {
   CRegSettings& settings_;
   std::string helpFile_;
   EditorActivity activity_;
-  ListScrolling scrolling_;
   CommandPanel panel_;
   LineComposer composer_;
   ScriptFiles files_;

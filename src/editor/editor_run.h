@@ -12,12 +12,10 @@ class CommandPanel;
 class EditorActivity;
 class FormControls;
 class FormWindow;
-class ListScrolling;
 
 class EditorRun {
  public:
-  EditorRun(Engine& engine, FormControls& controls, FormWindow& window, CommandPanel& panel, EditorActivity& activity,
-            ListScrolling& scrolling);
+  EditorRun(Engine& engine, FormControls& controls, FormWindow& window, CommandPanel& panel, EditorActivity& activity);
   ~EditorRun();
   EditorRun(const EditorRun&) = delete;
   EditorRun& operator=(const EditorRun&) = delete;
@@ -57,7 +55,6 @@ class EditorRun {
   FormWindow& window_;
   CommandPanel& panel_;
   EditorActivity& activity_;
-  ListScrolling& scrolling_;
   BreakpointCaption breakpointCaption_{*this};
 };
 

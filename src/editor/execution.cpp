@@ -7,7 +7,6 @@
 #include "engine.h"
 #include "form_window.h"
 #include "interpreter.h"
-#include "list_scrolling.h"
 #include "preprocessor.h"
 #include "script_text.h"
 #include "text.h"
@@ -31,8 +30,8 @@ bool Is_Marked(const std::string& line) { return Starts_With(Trim(line), kBreakp
 }  // namespace
 
 EditorRun::EditorRun(Engine& engine, FormControls& controls, FormWindow& window, CommandPanel& panel,
-                     EditorActivity& activity, ListScrolling& scrolling)
-    : engine_(engine), controls_(controls), window_(window), panel_(panel), activity_(activity), scrolling_(scrolling) {
+                     EditorActivity& activity)
+    : engine_(engine), controls_(controls), window_(window), panel_(panel), activity_(activity) {
   engine.TraceWindow.AddObserver(&breakpointCaption_);
 }
 
@@ -164,7 +163,6 @@ void EditorRun::BreakPointButton_Click() {
     trace.Set(static_cast<std::size_t>(highlighted),
               Is_Marked(text) ? std::string(Without_Breakpoint_Mark(text)) : std::string(kBreakpointMark) + " " + text);
     trace.Select(highlighted);
-    scrolling_.Set_Trace_HScroll_Bar();
   });
 }
 

@@ -28,11 +28,10 @@ EditorForm::EditorForm(Engine& engine, FormControls& controls, FormWindow& windo
       window_(window),
       settings_(settings),
       activity_(window),
-      scrolling_(engine),
       panel_(engine, controls),
-      composer_(engine, controls, panel_, activity_, scrolling_),
-      files_(engine, controls, window, dialogs, settings, panel_, activity_, scrolling_),
-      runner_(engine, controls, window, panel_, activity_, scrolling_),
+      composer_(engine, controls, panel_, activity_),
+      files_(engine, controls, window, dialogs, settings, panel_, activity_),
+      runner_(engine, controls, window, panel_, activity_),
       picker_(engine, controls, panel_, activity_, [this] { files_.Browse_For_Program(); }) {}
 
 void EditorForm::Button_Clicked(ControlId button) {
@@ -116,9 +115,6 @@ void EditorForm::Form_Resize() {
   width_of(ControlId::DebugFrame, form.Width - 175);
   width_of(ControlId::DebugWindow, controls_[ControlId::DebugFrame].Rect.Width - 80);
   Share_Height(form.Height);
-
-  scrolling_.Set_Trace_HScroll_Bar();
-  scrolling_.Set_Debug_HScroll_Bar();
 }
 
 // Down the right-hand side: the script list and its buttons over the debug

@@ -12,13 +12,11 @@ struct ParsedCommand;
 class CommandPanel;
 class EditorActivity;
 class FormControls;
-class ListScrolling;
 
 class LineComposer {
  public:
-  LineComposer(Engine& engine, FormControls& controls, CommandPanel& panel, EditorActivity& activity,
-               ListScrolling& scrolling)
-      : engine_(engine), controls_(controls), panel_(panel), activity_(activity), scrolling_(scrolling) {}
+  LineComposer(Engine& engine, FormControls& controls, CommandPanel& panel, EditorActivity& activity)
+      : engine_(engine), controls_(controls), panel_(panel), activity_(activity) {}
 
   void InsertCommandButton_Click();
   void RemoveCommandButton_Click();
@@ -35,7 +33,6 @@ class LineComposer {
   FormControls& controls_;
   CommandPanel& panel_;
   EditorActivity& activity_;
-  ListScrolling& scrolling_;
 };
 
 }  // namespace velmora

@@ -10,7 +10,6 @@
 #include "file_dialogs.h"
 #include "form_placement.h"
 #include "form_window.h"
-#include "list_scrolling.h"
 #include "preprocessor.h"
 #include "reg_settings.h"
 #include "script_text.h"
@@ -163,7 +162,6 @@ void ScriptFiles::Load_Script_And_Debug() {
   Highlight_After_Load(stoppedAt);
   for (ControlId id : {ControlId::DebugFrame, ControlId::DebugWindow, ControlId::TraceFrame, ControlId::TraceWindow})
     controls_.SetEnabled(id, true);
-  scrolling_.Set_Trace_HScroll_Bar();
 }
 
 // The line where preprocessing stopped, else the first line to run. A script

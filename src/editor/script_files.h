@@ -15,20 +15,18 @@ class CommandPanel;
 class EditorActivity;
 class FileDialogs;
 class FormWindow;
-class ListScrolling;
 
 class ScriptFiles {
  public:
   ScriptFiles(Engine& engine, FormControls& controls, FormWindow& window, FileDialogs& dialogs, CRegSettings& settings,
-              CommandPanel& panel, EditorActivity& activity, ListScrolling& scrolling)
+              CommandPanel& panel, EditorActivity& activity)
       : engine_(engine),
         controls_(controls),
         window_(window),
         dialogs_(dialogs),
         settings_(settings),
         panel_(panel),
-        activity_(activity),
-        scrolling_(scrolling) {}
+        activity_(activity) {}
 
   void Open_Script_File();
   void Save_Script_File();
@@ -60,7 +58,6 @@ class ScriptFiles {
   CRegSettings& settings_;
   CommandPanel& panel_;
   EditorActivity& activity_;
-  ListScrolling& scrolling_;
   bool debugFileOpen_ = false;
   bool startupLoad_ = false;
   bool debugPromptPending_ = false;

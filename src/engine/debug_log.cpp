@@ -6,21 +6,6 @@
 
 namespace velmora {
 
-namespace {
-
-// Keeps the debug list scrollable to the end of its widest line. The extent
-// message goes out only when the widest line grows past the list's width.
-void Widen_Debug_Scroll(Engine& engine, const std::string& text) {
-  EditorSurface& surface = *engine.surface;
-  const long width = surface.MeasureDebugText(text);
-  if (width > engine.editor.WidestDebugLine) {
-    engine.editor.WidestDebugLine = width;
-    if (surface.DebugWindowWidth() < width) surface.SetDebugHorizontalExtent(width + 5);
-  }
-}
-
-}  // namespace
-
 void Print_Debug(Engine& engine, bool interactive, FileNumber debugFileNumber, bool debugOn, const std::string& text) {
   if (!debugOn) return;
   if (engine.state.DebugFileOpen) {
@@ -30,7 +15,6 @@ void Print_Debug(Engine& engine, bool interactive, FileNumber debugFileNumber, b
   }
   if (!interactive) return;
   Trap(engine, interactive, "Velmora.(General).Print_Debug.TrappableErrors.1", kGoOn, [&] {
-    if (engine.surface) Widen_Debug_Scroll(engine, text);
     engine.editor.DebugLogHasOutput = true;
     engine.DebugWindow.Add(text);
     engine.DebugWindow.Select(static_cast<long>(engine.DebugWindow.Count()) - 1);

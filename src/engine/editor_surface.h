@@ -1,6 +1,6 @@
 // What the engine asks of the editor's window while an interactive session
-// runs: measuring debug lines, the debug list's scroll extent, the debug frame
-// and the trace font. The automatic session has no surface.
+// runs: the debug frame and the trace font. The automatic session has no
+// surface; the lists' sideways scrolling is the window's own business.
 #pragma once
 
 #include <functional>
@@ -11,15 +11,7 @@ namespace velmora {
 class EditorSurface {
  public:
   virtual ~EditorSurface() = default;
-  // Width of the text in pixels, measured in the debug list's font.
-  virtual long MeasureDebugText(const std::string& text) = 0;
-  virtual long DebugWindowWidth() = 0;
-  virtual void SetDebugHorizontalExtent(long pixels) = 0;
   virtual void EnableDebugFrame() = 0;
-  // The same for the trace list, in its own font.
-  virtual long MeasureTraceText(const std::string& text) = 0;
-  virtual long TraceWindowWidth() = 0;
-  virtual void SetTraceHorizontalExtent(long pixels) = 0;
   // Sets the trace list's font and returns the name of the font it now has.
   virtual std::string SetTraceFont(const std::string& name) = 0;
 };
@@ -41,7 +33,6 @@ struct EditorState {
   bool NewSection = false;
   bool ScriptRunning = false;
   bool QuitRun = false;  // a quit line ran in the editor: the editor's run stops after it
-  long WidestDebugLine = 0;
 };
 
 }  // namespace velmora

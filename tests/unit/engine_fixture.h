@@ -22,21 +22,14 @@ using Lines = std::vector<std::string>;
 // records it; the log's framing of a report is tested once, in reporting_test.
 using ReportFields = std::tuple<long, std::string, std::string, int>;
 
-// Records what the engine asked of the editor's window: 7 pixels a character,
-// lists 300 pixels wide, and only Courier New of the fonts asked for installed.
+// Records what the engine asked of the editor's window, with only Courier New
+// of the fonts asked for installed.
 class FakeSurface : public EditorSurface {
  public:
-  std::vector<long> extents, traceExtents;
   int debugFrameEnabled = 0;
   std::vector<std::string> fonts;
 
-  long MeasureDebugText(const std::string& text) override { return static_cast<long>(text.size()) * 7; }
-  long DebugWindowWidth() override { return 300; }
-  void SetDebugHorizontalExtent(long pixels) override { extents.push_back(pixels); }
   void EnableDebugFrame() override { ++debugFrameEnabled; }
-  long MeasureTraceText(const std::string& text) override { return static_cast<long>(text.size()) * 7; }
-  long TraceWindowWidth() override { return 300; }
-  void SetTraceHorizontalExtent(long pixels) override { traceExtents.push_back(pixels); }
   std::string SetTraceFont(const std::string& name) override {
     fonts.push_back(name);
     return name == "Courier New" ? name : "System";

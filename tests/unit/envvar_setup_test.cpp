@@ -13,9 +13,6 @@ class FakeBatchView : public BatchView {
  public:
   Lines reports;  // a report: the file label beside it, and where it was made
   const FormControls* form = nullptr;
-  long MeasureBatchText(const std::string& text) override { return static_cast<long>(text.size()) * 10; }
-  long BatchWindowWidth() override { return 100; }
-  void SetBatchHorizontalExtent(long) override {}
   std::string SetBatchFont(const std::string& name) override { return name; }
   void ShowReport(const std::string&, const std::string& text) override {
     const auto at = text.find("Location:  ") + 11;

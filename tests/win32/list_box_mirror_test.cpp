@@ -1,5 +1,6 @@
 // A list box mirroring a list model: the model's selection (and the caret the
-// arrow keys move from) survives every item change. (How fast it fills is the
+// arrow keys move from) survives every item change, and the list scrolls
+// sideways exactly as far as its widest item needs. (How fast it fills is the
 // editor's opening benchmark's check.)
 #include <functional>
 #include <string>
@@ -21,7 +22,7 @@ class ListBoxMirrorTest : public testing::Test {
   }
   Windows windows_;
   HWND list_ = windows_.Child(windows_.TopLevel("STATIC", "", {0, 0, 400, 300}), "LISTBOX", "", 0, {0, 0, 380, 280},
-                              WS_VSCROLL | LBS_NOTIFY | LBS_NOINTEGRALHEIGHT);
+                              WS_VSCROLL | WS_HSCROLL | LBS_NOTIFY | LBS_NOINTEGRALHEIGHT);
   ListModel model_;
 };
 
@@ -40,6 +41,26 @@ TEST_F(ListBoxMirrorTest, ShowsTheModelsSelectionAfterEveryItemChange) {
     EXPECT_EQ(Shown(), model_.Items());
     EXPECT_EQ(Ask(LB_GETCURSEL), model_.Selected());
     EXPECT_EQ(Ask(LB_GETCARETINDEX), model_.Selected());
+  }
+}
+
+TEST_F(ListBoxMirrorTest, ScrollsSidewaysToTheEndOfItsWidestItem) {
+  ListBoxMirror mirror(model_, list_);
+  RECT client{};
+  GetClientRect(list_, &client);
+  const std::pair<std::function<void()>, bool> rows[] = {
+      {[&] { model_.Add("short"); }, false},
+      {[&] { model_.Add(std::string(100, 'W')); }, true},
+      {[&] { model_.Remove(1); }, false},
+  };
+  for (const auto& [change, scrolls] : rows) {
+    change();
+    Pump_For(0);
+    mirror.Fit_Extent();
+    EXPECT_EQ(Ask(LB_GETHORIZONTALEXTENT) > client.right, scrolls);
+    if (!scrolls) {
+      EXPECT_EQ(Ask(LB_GETHORIZONTALEXTENT), 0);
+    }
   }
 }
 

@@ -1,7 +1,7 @@
-// The widest line of a list, kept as the list changes: each item is measured
+// The widest item of a list, kept as the list changes: each item is measured
 // once, when it is added or changed, and a removal needs no new measuring.
-// So the horizontal extent comes out as if every line were measured, at the
-// cost of one measurement per changed line.
+// So a list's horizontal extent comes out as if every item were measured, at
+// the cost of one measurement per changed item.
 #pragma once
 
 #include <functional>
@@ -13,14 +13,14 @@
 
 namespace velmora {
 
-class TraceExtent : public ListObserver {
+class WidestItem : public ListObserver {
  public:
   using Measure = std::function<long(const std::string&)>;
 
-  TraceExtent(ListModel& list, Measure measure);
-  ~TraceExtent() override;
-  TraceExtent(const TraceExtent&) = delete;
-  TraceExtent& operator=(const TraceExtent&) = delete;
+  WidestItem(ListModel& list, Measure measure);
+  ~WidestItem() override;
+  WidestItem(const WidestItem&) = delete;
+  WidestItem& operator=(const WidestItem&) = delete;
 
   // The width of the widest item; 0 for an empty list.
   long Widest() const { return counts_.empty() ? 0 : counts_.rbegin()->first; }

@@ -1,21 +1,21 @@
-#include "trace_extent.h"
+#include "widest_item.h"
 
 namespace velmora {
 
-TraceExtent::TraceExtent(ListModel& list, Measure measure) : list_(list), measure_(std::move(measure)) {
+WidestItem::WidestItem(ListModel& list, Measure measure) : list_(list), measure_(std::move(measure)) {
   Remeasure();
   list_.AddObserver(this);
 }
 
-TraceExtent::~TraceExtent() { list_.RemoveObserver(this); }
+WidestItem::~WidestItem() { list_.RemoveObserver(this); }
 
-void TraceExtent::Count(long width, int delta) {
+void WidestItem::Count(long width, int delta) {
   long& count = counts_[width];
   count += delta;
   if (count == 0) counts_.erase(width);
 }
 
-void TraceExtent::Remeasure() {
+void WidestItem::Remeasure() {
   widths_.clear();
   counts_.clear();
   widths_.reserve(list_.Count());
@@ -25,24 +25,24 @@ void TraceExtent::Remeasure() {
   }
 }
 
-void TraceExtent::OnCleared() {
+void WidestItem::OnCleared() {
   widths_.clear();
   counts_.clear();
 }
 
-void TraceExtent::OnInserted(std::size_t index) {
+void WidestItem::OnInserted(std::size_t index) {
   const long width = measure_(list_.Item(static_cast<long>(index)));
   widths_.insert(widths_.begin() + static_cast<std::ptrdiff_t>(index), width);
   Count(width, 1);
 }
 
-void TraceExtent::OnChanged(std::size_t index) {
+void WidestItem::OnChanged(std::size_t index) {
   Count(widths_[index], -1);
   widths_[index] = measure_(list_.Item(static_cast<long>(index)));
   Count(widths_[index], 1);
 }
 
-void TraceExtent::OnRemoved(std::size_t index) {
+void WidestItem::OnRemoved(std::size_t index) {
   Count(widths_[index], -1);
   widths_.erase(widths_.begin() + static_cast<std::ptrdiff_t>(index));
 }
