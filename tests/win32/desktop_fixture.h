@@ -44,15 +44,13 @@ struct Windows {
   std::vector<HWND> made;
 };
 
-// Starts a program beside this one, an output handle given as its standard
-// output; its process (the thread's handle closed), or none.
+// Starts a program beside this one (output: its standard output); its process, or none.
 PROCESS_INFORMATION Start_Beside(const std::string& program, const std::string& arguments, HANDLE output = nullptr);
 
 WindowHandle Handle(HWND window);
 std::string ProcessTag();  // this process's identifier, to make titles unique
 
-// An interactive engine on the real host and desktop with the automation
-// attached: what the commands report goes to engine.DebugWindow.
+// An interactive engine with the automation on the real host and desktop; reports go to engine.DebugWindow.
 class DesktopEngineTest : public testing::Test, protected AutomationCommands {
  protected:
   DesktopEngineTest() : AutomationCommands(engine, automation) {}

@@ -110,10 +110,9 @@ TEST_F(FrozenProgramTest, EveryCommandGivesUpWithinItsBound) {
   }
 }
 
-// A program whose window thread was busy past the five seconds after which
-// the system calls it hung, and which then sends to one of our windows: it
-// answers within the bound, so it is responsive, and waiting for it must go
-// on answering what it sends us.
+// A program busy past the five seconds after which the system calls it hung,
+// which then sends to our window: it answers within the bound, so it is
+// responsive, and the wait must go on answering what it sends us.
 TEST(ResponsivenessTest, AProgramThatAnswersWithinTheBoundIsResponsive) {
   Win32Desktop desktop;
   Windows windows;

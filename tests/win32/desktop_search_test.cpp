@@ -1,8 +1,5 @@
-// The window search over a tree of real windows, where the system's own
-// answers matter: identifiers of labels and of windows with a menu, cut
-// texts, owners, Z order. And every line of wintree.exe --lines is a comment
-// or a findwindow line that finds its window again, its texts in the ANSI
-// code page the search compares.
+// The window search where the system's answers matter (label and menu
+// identifiers, cut texts, owners, Z order), and wintree's lines finding their windows.
 #include <gtest/gtest.h>
 
 #include <filesystem>
@@ -91,8 +88,7 @@ TEST_F(DesktopSearchTest, FindsExactlyTheDescribedWindows) {
     for (HWND w : row.expected) EXPECT_EQ(Window_Path_Of(desktop, Handle(w)), row.path) << row.what;
   }
   EXPECT_TRUE(Problem_Lines().empty());
-  // A near miss is judged by the same chain: the pop-up, at the top of the
-  // tree, is a level below its owner. Nothing here can be elevated.
+  // A near miss is judged by the same chain: the pop-up is a level below its owner.
   const auto nearest = Nearest_Windows(desktop, {{title, cls}, {popupTitle + " ", cls}}, 1);
   ASSERT_EQ(nearest.size(), 1u);
   EXPECT_EQ(nearest[0].window, Handle(popup));
@@ -102,8 +98,7 @@ TEST_F(DesktopSearchTest, FindsExactlyTheDescribedWindows) {
   EXPECT_FALSE(desktop.InServiceSession());
 }
 
-// What wintree.exe prints for the arguments. This thread's messages are
-// dispatched meanwhile: wintree reads our windows.
+// What wintree.exe prints, this thread's messages dispatched meanwhile: it reads our windows.
 std::string Wintree_Output(const std::string& arguments) {
   const std::string path = std::filesystem::temp_directory_path().string() + "\\wintree-" + ProcessTag() + ".txt";
   SECURITY_ATTRIBUTES inherited{sizeof inherited, nullptr, TRUE};

@@ -114,9 +114,8 @@ TEST(TextFileTest, OpeningWhatIsNotThereFailsWithCodeAndText) {
   }
 }
 
-// Before each row the scratch folder holds a.tmp, b.tmp, c.txt (bytes of
-// every kind) and "sub" with a.tmp and d.txt. A relative pattern is relative
-// to the current directory.
+// Each row starts with a.tmp, b.tmp, c.txt (bytes of every kind), sub\a.tmp
+// and sub\d.txt. A relative pattern is relative to the current directory.
 TEST(FileOperationsTest, CopyRenameAndDeleteDoWhatTheyNameOrFailWithText) {
   enum Op { kCopy, kRename, kDelete, kDeleteHere };
   const Names all{"a.tmp", "b.tmp", "c.txt"}, subAll{"a.tmp", "d.txt"};
@@ -180,9 +179,8 @@ TEST(HostEnvironmentTest, GetEnvReturnsTheProcessEnvironment) {
   SetEnvironmentVariableA("VELMORA_TEST_VALUE", nullptr);
 }
 
-// The script goes on while the installer runs; the task identifier is the
-// started process's own. The program is this test program, which exits with
-// 7 only when its arguments arrived as "--sleep 3000" (see main.cpp).
+// The script goes on while the installer runs; the task is the process's identifier.
+// This test program exits with 7 only when its arguments arrived (main.cpp).
 TEST(StartProgramTest, StartsTheProgramWithItsArgumentsAtOnceOrSaysWhyNot) {
   Win32Host host;
   SystemError error;
@@ -204,9 +202,8 @@ TEST(StartProgramTest, StartsTheProgramWithItsArgumentsAtOnceOrSaysWhyNot) {
   }
 }
 
-// Found where starting a program looks, and told apart by the file's header.
-// Whether the 32-bit header runs depends on the system, so that row asks
-// only for its processor.
+// Found where starting a program looks, told apart by its header (whether a
+// 32-bit one runs depends on the system).
 TEST(InspectProgramTest, FindsTheFileAsStartingAProgramWouldAndReadsItsHeader) {
   using Kind = ProgramFile::Kind;
   ScratchDir dir;

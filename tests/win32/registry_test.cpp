@@ -1,6 +1,5 @@
-// The Windows registry behind the Registry seam, under scratch keys
-// HKEY_CURRENT_USER\Software\VelmoraTest-<pid> and the same name under
-// HKEY_CLASSES_ROOT; results are also read with the registry API directly.
+// The Windows registry under scratch keys of the current user and the classes
+// root; results are also read with the registry API directly.
 #include <windows.h>
 
 #include <gtest/gtest.h>
