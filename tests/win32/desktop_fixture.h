@@ -1,7 +1,5 @@
-// Real windows for the desktop tests: a window class whose windows record
-// what reaches them, owners that destroy what a test made, a message pump
-// bounded in time, and an interactive engine that drives the automation
-// through the real Win32 desktop.
+// Real windows for the desktop tests, a bounded message pump, and an
+// interactive engine driving the automation through the real Win32 desktop.
 #pragma once
 
 #include <windows.h>
@@ -20,68 +18,39 @@
 
 namespace velmora::test {
 
-// Dispatches this thread's messages until `done` holds or the time is up;
-// returns done() at the end.
+// Dispatches this thread's messages until `done` holds or the time is up; returns done().
 bool Pump_Until(const std::function<bool()>& done, DWORD milliseconds);
-// Dispatches this thread's messages for the whole time.
-void Pump_For(DWORD milliseconds);
+inline void Pump_For(DWORD milliseconds) {
+  Pump_Until([] { return false; }, milliseconds);
+}
 
-// What a recording window saw: the clicks of its child buttons and its own
-// mouse button messages in order.
+// What a window of the recording class saw: its buttons' clicks by control identifier.
 struct WindowRecord {
-  struct Button {
-    UINT message;
-    POINT client;
-  };
-  std::map<int, int> clicksById;  // BN_CLICKED by control identifier
-  std::vector<Button> buttons;
+  std::map<int, int> clicksById;
 };
+// The recording class, registered once; its windows record into the WindowRecord given.
+const std::string& Recording_Class();
 
-// A window class registered for one test and unregistered at its end. Its
-// windows record into the WindowRecord passed at creation (may be null).
-class RecordingClass {
- public:
-  explicit RecordingClass(const std::string& name);
-  ~RecordingClass();
-  RecordingClass(const RecordingClass&) = delete;
-  RecordingClass& operator=(const RecordingClass&) = delete;
-
-  const std::string& Name() const { return name_; }
-  bool Registered() const { return atom_ != 0; }
-
- private:
-  std::string name_;
-  ATOM atom_ = 0;
-};
-
-// Owns the windows a test creates; destroys them, newest first, at its end.
-class Windows {
- public:
-  Windows() = default;
+// Owns the windows a test creates and destroys them, newest first.
+struct Windows {
   ~Windows();
-  Windows(const Windows&) = delete;
-  Windows& operator=(const Windows&) = delete;
-
-  // A top-level window at the given screen rectangle, shown without being
-  // activated. Popups without a caption are the default: Wine hands windows
-  // with a caption to the window manager and, when one is destroyed, waits
-  // two seconds for a window manager that Xvfb does not have.
+  // Shown without being activated, and without a caption: Wine hands captioned
+  // windows to the window manager and, destroying one, waits two seconds for
+  // a window manager that Xvfb does not have.
   HWND TopLevel(const std::string& className, const std::string& title, RECT rect, WindowRecord* record = nullptr,
                 DWORD style = WS_POPUP | WS_BORDER, HWND owner = nullptr, HMENU menu = nullptr);
-  // A visible child with the given control identifier, at a rectangle of the parent's client area.
   HWND Child(HWND parent, const std::string& className, const std::string& text, int id, RECT rect, DWORD style = 0,
              WindowRecord* record = nullptr);
-
- private:
-  HWND Keep(HWND window);
-  std::vector<HWND> windows_;
+  std::vector<HWND> made;
 };
 
-WindowHandle Handle(HWND window);
-std::string ProcessTag();  // this process's identifier, to make titles and class names unique
+// Starts a program beside this one (output: its standard output); its process, or none.
+PROCESS_INFORMATION Start_Beside(const std::string& program, const std::string& arguments, HANDLE output = nullptr);
 
-// An interactive engine on the real host and desktop with the automation
-// attached: what the commands report goes to engine.DebugWindow.
+WindowHandle Handle(HWND window);
+std::string ProcessTag();  // this process's identifier, to make titles unique
+
+// An interactive engine with the automation on the real host and desktop; reports go to engine.DebugWindow.
 class DesktopEngineTest : public testing::Test, protected AutomationCommands {
  protected:
   DesktopEngineTest() : AutomationCommands(engine, automation) {}
@@ -96,8 +65,7 @@ class DesktopEngineTest : public testing::Test, protected AutomationCommands {
     engine.automation = &automation;
     engine.state.InteractiveSession = engine.state.DebugOn = true;
   }
-  // A findwindow line for a control in a top-level window, picked at the
-  // control's centre, with a time-out of one second.
+  // A findwindow line for a control at its centre, with a time-out of one second.
   static std::string Find_Line(const std::string& title, const std::string& className, const std::string& text,
                                const std::string& controlClass, int id) {
     return "findwindow: 2, \"" + title + "\", \"" + className + "\", 0, 0.5, 0.5, \"" + text + "\", \"" + controlClass +

@@ -1,14 +1,15 @@
-// The window search over real windows: each test builds its own tree of
-// top-level windows, controls and nested children, searches it from the
-// desktop through the Win32 desktop, and destroys it. Rows give the target
-// described and the windows expected, in the order expected.
+// The window search where the system's answers matter (label and menu
+// identifiers, cut texts, owners, Z order), and wintree's lines finding their windows.
 #include <gtest/gtest.h>
 
+#include <filesystem>
+#include <sstream>
 #include <string>
 #include <vector>
 
 #include "desktop_fixture.h"
 #include "near_windows.h"
+#include "win32_handles.h"
 
 namespace velmora::test {
 namespace {
@@ -21,78 +22,38 @@ std::string Level(int id, const std::string& className, const std::string& text)
   return std::to_string(id) + ", \"" + className + "\", \"" + text + "\", ";
 }
 
-class DesktopSearchTest : public DesktopEngineTest {
- protected:
-  const std::string tag = ProcessTag();
-  const std::string title = "Velmora Search Test " + tag;
-  const std::string twinTitle = "Velmora Twin " + tag;
-  const std::string popupTitle = "Velmora Owned " + tag, overlappedTitle = "Velmora Owned Overlapped " + tag;
-  RecordingClass mainClass{"VelmoraSearch" + tag};
-  Windows windows;
-  HWND main = nullptr, ok = nullptr, label = nullptr, blank = nullptr, longText = nullptr, panel = nullptr,
-       panelOk = nullptr, panelEdit = nullptr, twin1 = nullptr, twin2 = nullptr, next1 = nullptr, next2 = nullptr,
-       popup = nullptr, overlapped = nullptr;
-  HMENU menu = nullptr;
-  std::vector<WindowHandle> found;
-
-  void SetUp() override {
-    DesktopEngineTest::SetUp();
-    ASSERT_TRUE(mainClass.Registered());
-    // A menu makes the top-level window's identifier field hold the menu
-    // handle: the search must still count the window's identifier as 0.
-    menu = CreateMenu();
-    AppendMenuA(menu, MF_STRING, 100, "&File");
-    main = windows.TopLevel(mainClass.Name(), title, {40, 40, 440, 340}, nullptr, WS_POPUP | WS_BORDER, nullptr, menu);
-    ASSERT_NE(main, nullptr);
-    ok = windows.Child(main, "Button", "OK", 1, {10, 10, 90, 35});
-    label = windows.Child(main, "Static", "Name:", kStaticId, {10, 80, 80, 100});
-    blank = windows.Child(main, "Static", "", 4, {90, 80, 160, 100});
-    longText = windows.Child(main, "Static", std::string(300, 'x'), 5, {10, 110, 380, 130});
-    panel = windows.Child(main, mainClass.Name(), "", 50, {10, 140, 380, 240});
-    panelOk = windows.Child(panel, "Button", "OK", 1, {5, 5, 85, 30});
-    panelEdit = windows.Child(panel, "Edit", "inside", 1002, {5, 40, 200, 62});
-    // Two identical dialogs, as a setup program that shows its page twice.
-    twin1 = windows.TopLevel("#32770", twinTitle, {40, 400, 340, 600});
-    twin2 = windows.TopLevel("#32770", twinTitle, {400, 400, 700, 600});
-    next1 = windows.Child(twin1, "Button", "Next >", 12, {200, 150, 280, 175});
-    next2 = windows.Child(twin2, "Button", "Next >", 12, {200, 150, 280, 175});
-    // GetParent of an owned popup is its owner, so the owner is part of the
-    // popup's path; an owned overlapped window has no parent and stands alone.
-    popup = windows.TopLevel(mainClass.Name(), popupTitle, {460, 40, 660, 140}, nullptr, WS_POPUP | WS_BORDER, main);
-    overlapped =
-        windows.TopLevel(mainClass.Name(), overlappedTitle, {460, 160, 660, 260}, nullptr, WS_OVERLAPPED, main);
-    for (HWND w :
-         {ok, label, blank, longText, panel, panelOk, panelEdit, twin1, twin2, next1, next2, popup, overlapped})
-      ASSERT_NE(w, nullptr);
-    ASSERT_EQ(GetWindow(overlapped, GW_OWNER), main);
-    Pump_For(50);
-  }
-  void TearDown() override {
-    // The menu goes with its window; one that was never attached is ours to free.
-    if (main == nullptr && menu) DestroyMenu(menu);
-  }
-
-  std::uint16_t Search(HWND start, const std::string& text, const std::string& className, std::int32_t id,
-                       const std::string& path) {
-    automation.Search().TargetChildID = id;
-    return automation.Search().Find_Window_Like(found, Handle(start), 0, text, className, id, path);
-  }
-  std::string MainLevel() const { return Level(0, mainClass.Name(), title); }
-  // The found list a search should leave: the unused element, then the windows.
-  static std::vector<WindowHandle> Found_List(const std::vector<HWND>& windows) {
-    std::vector<WindowHandle> list{0};
-    for (HWND w : windows) list.push_back(Handle(w));
-    return list;
-  }
-};
+using DesktopSearchTest = DesktopEngineTest;
 
 TEST_F(DesktopSearchTest, FindsExactlyTheDescribedWindows) {
-  const std::string cls = mainClass.Name();
-  const std::string okPath = Level(1, "Button", "OK") + MainLevel() + "2";
+  const std::string tag = ProcessTag(), cls = Recording_Class();
+  const std::string title = "Velmora Search Test " + tag, twinTitle = "Velmora Twin " + tag;
+  const std::string popupTitle = "Velmora Owned " + tag, overlappedTitle = "Velmora Owned Overlapped " + tag;
+  Windows windows;
+  // With a menu the window's identifier field holds the menu handle (freed with the window): the search counts 0.
+  const HMENU menu = CreateMenu();
+  AppendMenuA(menu, MF_STRING, 100, "&File");
+  const HWND main = windows.TopLevel(cls, title, {40, 40, 440, 340}, nullptr, WS_POPUP | WS_BORDER, nullptr, menu);
+  ASSERT_NE(main, nullptr);
+  windows.Child(main, "Button", "OK", 1, {10, 10, 90, 35});  // as the nested one, a level up
+  const HWND label = windows.Child(main, "Static", "Name:", kStaticId, {10, 80, 80, 100});
+  const HWND longText = windows.Child(main, "Static", std::string(300, 'x'), 5, {10, 110, 380, 130});
+  const HWND panel = windows.Child(main, cls, "", 50, {10, 140, 380, 240});
+  const HWND panelOk = windows.Child(panel, "Button", "OK", 1, {5, 5, 85, 30});
+  // Two identical dialogs, as a setup program that shows its page twice.
+  const HWND twin1 = windows.TopLevel("#32770", twinTitle, {40, 400, 340, 600});
+  const HWND twin2 = windows.TopLevel("#32770", twinTitle, {400, 400, 700, 600});
+  const HWND next1 = windows.Child(twin1, "Button", "Next >", 12, {200, 150, 280, 175});
+  const HWND next2 = windows.Child(twin2, "Button", "Next >", 12, {200, 150, 280, 175});
+  // GetParent of an owned popup is its owner; an owned overlapped window has none.
+  const HWND popup = windows.TopLevel(cls, popupTitle, {460, 40, 660, 140}, nullptr, WS_POPUP | WS_BORDER, main);
+  const HWND overlapped = windows.TopLevel(cls, overlappedTitle, {460, 160, 660, 260}, nullptr, WS_OVERLAPPED, main);
+  for (HWND w : {label, longText, panel, panelOk, twin1, twin2, next1, next2, popup, overlapped}) ASSERT_NE(w, nullptr);
+  ASSERT_EQ(GetWindow(overlapped, GW_OWNER), main);
+  Pump_For(50);
+  const auto MainLevel = [&] { return Level(0, cls, title); };
   const std::string nextPath = Level(12, "Button", "Next >") + Level(0, "#32770", twinTitle) + "2";
   struct Row {
     const char* what;
-    HWND start;  // null: the desktop
     std::string text, className;
     std::int32_t id;
     std::string path;
@@ -102,38 +63,32 @@ TEST_F(DesktopSearchTest, FindsExactlyTheDescribedWindows) {
   const LONG menuId = GetWindowLongA(main, GWL_ID);
   // clang-format off
   const Row rows[] = {
-      {"button in the window", nullptr, "OK", "Button", 1, okPath, {ok}},
-      {"nested button", nullptr, "OK", "Button", 1,
+      {"nested button", "OK", "Button", 1,
        Level(1, "Button", "OK") + Level(50, cls, "") + MainLevel() + "3", {panelOk}},
-      {"empty static", nullptr, "", "Static", 4, Level(4, "Static", "") + MainLevel() + "2", {blank}},
-      {"IDC_STATIC label", nullptr, "Name:", "Static", kStaticId,
+      {"IDC_STATIC label", "Name:", "Static", kStaticId,
        Level(kStaticId, "Static", "Name:") + MainLevel() + "2", {label}},
-      {"long text as cut", nullptr, x254, "Static", 5, Level(5, "Static", x254) + MainLevel() + "2", {longText}},
-      {"top-level window", nullptr, title, cls, 0, MainLevel() + "1", {main}},
-      {"top-level window by its menu handle", nullptr, title, cls, menuId, Level(menuId, cls, title) + "1", {}},
-      {"below the start window", panel, "inside", "Edit", 1002,
-       Level(1002, "Edit", "inside") + Level(50, cls, "") + MainLevel() + "3", {panelEdit}},
-      {"two identical dialogs", nullptr, "Next >", "Button", 12, nextPath, {next2, next1}},
-      {"popup with its owner", nullptr, popupTitle, cls, 0, Level(0, cls, popupTitle) + MainLevel() + "2", {popup}},
-      {"popup without its owner", nullptr, popupTitle, cls, 0, Level(0, cls, popupTitle) + "1", {}},
-      {"overlapped alone", nullptr, overlappedTitle, cls, 0, Level(0, cls, overlappedTitle) + "1", {overlapped}},
-      {"overlapped with its owner", nullptr, overlappedTitle, cls, 0,
-       Level(0, cls, overlappedTitle) + MainLevel() + "2", {}},
+      {"long text as cut", x254, "Static", 5, Level(5, "Static", x254) + MainLevel() + "2", {longText}},
+      {"top-level window by its menu handle", title, cls, menuId, Level(menuId, cls, title) + "1", {}},
+      {"two identical dialogs", "Next >", "Button", 12, nextPath, {next2, next1}},
+      {"popup with its owner", popupTitle, cls, 0, Level(0, cls, popupTitle) + MainLevel() + "2", {popup}},
+      {"overlapped alone", overlappedTitle, cls, 0, Level(0, cls, overlappedTitle) + "1", {overlapped}},
   };
   // clang-format on
   // Siblings come in Z order: the later dialog lies on top, so the walk meets it first.
   SetWindowPos(twin2, HWND_TOP, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE);
   for (const Row& row : rows) {
-    found = {0, 99, 98};  // whatever an earlier search left
-    const auto count = Search(row.start ? row.start : GetDesktopWindow(), row.text, row.className, row.id, row.path);
-    const std::vector<WindowHandle> expected = Found_List(row.expected);
+    std::vector<WindowHandle> found{0, 99, 98};  // whatever an earlier search left
+    automation.Search().TargetChildID = row.id;
+    const auto count = automation.Search().Find_Window_Like(found, Handle(GetDesktopWindow()), 0, row.text,
+                                                            row.className, row.id, row.path);
+    std::vector<WindowHandle> expected{0};  // the unused element, then the windows
+    for (HWND w : row.expected) expected.push_back(Handle(w));
     EXPECT_EQ(count, row.expected.size()) << row.what;
     EXPECT_EQ(found, expected) << row.what;
     for (HWND w : row.expected) EXPECT_EQ(Window_Path_Of(desktop, Handle(w)), row.path) << row.what;
   }
   EXPECT_TRUE(Problem_Lines().empty());
-  // A near miss is judged by the same chain: the pop-up, at the top of the
-  // tree, is a level below its owner. Nothing here can be elevated.
+  // A near miss is judged by the same chain: the pop-up is a level below its owner.
   const auto nearest = Nearest_Windows(desktop, {{title, cls}, {popupTitle + " ", cls}}, 1);
   ASSERT_EQ(nearest.size(), 1u);
   EXPECT_EQ(nearest[0].window, Handle(popup));
@@ -141,6 +96,54 @@ TEST_F(DesktopSearchTest, FindsExactlyTheDescribedWindows) {
   EXPECT_EQ(nearest[0].found, popupTitle);
   EXPECT_FALSE(desktop.RunsAtHigherIntegrity(Handle(popup)));
   EXPECT_FALSE(desktop.InServiceSession());
+}
+
+// What wintree.exe prints, this thread's messages dispatched meanwhile: it reads our windows.
+std::string Wintree_Output(const std::string& arguments) {
+  const std::string path = std::filesystem::temp_directory_path().string() + "\\wintree-" + ProcessTag() + ".txt";
+  SECURITY_ATTRIBUTES inherited{sizeof inherited, nullptr, TRUE};
+  const ScopedHandle out(CreateFileA(path.c_str(), GENERIC_READ | GENERIC_WRITE, 0, &inherited, CREATE_ALWAYS,
+                                     FILE_FLAG_DELETE_ON_CLOSE, nullptr));
+  const ScopedHandle process(Start_Beside("wintree.exe", arguments, out.get()).hProcess);
+  if (!Pump_Until([&] { return WaitForSingleObject(process.get(), 0) == WAIT_OBJECT_0; }, 20000)) {
+    TerminateProcess(process.get(), 1);
+    return "(not started or timed out)";
+  }
+  std::string text(1 << 16, '\0');
+  DWORD read = 0;
+  SetFilePointer(out.get(), 0, nullptr, FILE_BEGIN);
+  ReadFile(out.get(), text.data(), static_cast<DWORD>(text.size()), &read, nullptr);
+  return text.substr(0, read);
+}
+
+TEST_F(DesktopSearchTest, EveryWintreeLineIsACommentOrFindsItsWindow) {
+  Windows windows;
+  const std::string title = "Wintree Caf\xe9 " + ProcessTag();  // é in the ANSI code page
+  const HWND main = windows.TopLevel(Recording_Class(), title, {100, 100, 500, 400});
+  ASSERT_TRUE(main);
+  windows.Child(main, "Static", "Line 1\r\nLine 2", 1001, {10, 10, 200, 50});
+  windows.Child(main, "Static", "Name:", -1, {10, 60, 200, 80});  // IDC_STATIC, which no line can hold
+  windows.Child(main, "Button", "`OK`", 1, {10, 100, 100, 130});
+  std::istringstream output(Wintree_Output("--lines \"" + title + "\""));
+  std::vector<std::string> found, comments;
+  for (std::string line; std::getline(output, line);) {
+    if (!line.empty() && line.back() == '\r') line.pop_back();
+    if (line.rfind('#', 0) == 0) {
+      comments.push_back(line);
+      continue;
+    }
+    ASSERT_EQ(line.substr(line.size() - 6), ", 0.30") << line;
+    EXPECT_TRUE(Find(line.substr(0, line.size() - 6) + ", 0.01")) << line;
+    found.push_back(line);
+  }
+  // The window first, then its children in the order the system lists them.
+  ASSERT_EQ(found.size(), 2u) << "comments: " << comments.size();
+  EXPECT_NE(found[0].find("\"" + title + "\", \"" + Recording_Class() + "\", 0"), std::string::npos) << found[0];
+  EXPECT_NE(found[1].find("\"``OK``\", \"Button\", 1"), std::string::npos) << found[1];
+  ASSERT_EQ(comments.size(), 2u);
+  const std::string both = comments[0] + comments[1];
+  EXPECT_NE(both.find("id=1001: no findwindow line, class \"Static\""), std::string::npos) << both;
+  EXPECT_NE(both.find("id=-1: no findwindow line, class \"Static\""), std::string::npos) << both;
 }
 
 }  // namespace
