@@ -72,9 +72,17 @@ class EngineTest : public ::testing::Test {
 };
 
 // The lines that ran, in order, as a log shows them ("==> line").
-Lines Ran_In(const Lines& log);
+inline Lines Ran_In(const Lines& log) {
+  Lines ran;
+  for (const std::string& line : log)
+    if (line.rfind("==> ", 0) == 0) ran.push_back(line.substr(4));
+  return ran;
+}
 // The blocks one after the other.
-Lines Joined(Lines first, const Lines& second);
+inline Lines Joined(Lines first, const Lines& second) {
+  first.insert(first.end(), second.begin(), second.end());
+  return first;
+}
 
 // An interactive engine with debug output on, as the editor runs it.
 class InteractiveTest : public EngineTest {
