@@ -15,10 +15,10 @@ class FindWindowTest : public AutomationTest {
   WindowHandle dialog = 0, next = 0;
   void Add_Dialog() {
     dialog = desktop.Add(1, "Setup", "#32770", 0, {100, 100, 500, 400});
-    next = desktop.Add(dialog, "Next >", "Button", 1, {300, 350, 400, 380});
+    next = desktop.Add(dialog, "Next >", "Button", 12, {300, 350, 400, 382});
   }
   static constexpr const char* kNextLine =
-      "findwindow: 2, \"Setup\", \"#32770\", 0, 0.5, 0.9, \"Next >\", \"Button\", 1, 0.5, 0.5, 0.10";
+      "findwindow: 2, \"Setup\", \"#32770\", 0, 0.5, 0.9, \"Next >\", \"Button\", 12, 0.5, 0.5, 0.10";
 };
 
 TEST_F(FindWindowTest, ExactlyOneMatchIsUsedWithoutWarning) {
@@ -70,7 +70,7 @@ class SeveralCandidatesTest : public FindWindowTest {
     FindWindowTest::SetUp();
     Add_Dialog();
     dialog2 = desktop.Add(1, "Setup", "#32770", 0, {600, 100, 1000, 400});
-    next2 = desktop.Add(dialog2, "Next >", "Button", 1, {800, 350, 900, 380});
+    next2 = desktop.Add(dialog2, "Next >", "Button", 12, {800, 350, 900, 382});
   }
 };
 
@@ -234,17 +234,13 @@ TEST_F(AutomationTest, UseMouseMovesThenClicksWithPlainFlags) {
   EXPECT_TRUE(DebugLines().empty());
 }
 
-class SendButtonsTest : public AutomationTest {
+class SendButtonsTest : public FindWindowTest {
  protected:
-  WindowHandle dialog = 0, button = 0;
   void SetUp() override {
-    AutomationTest::SetUp();
-    dialog = desktop.Add(1, "Setup", "#32770", 0, {100, 100, 500, 400});
-    button = desktop.Add(dialog, "Next >", "Button", 12, {300, 350, 400, 382});
-    ASSERT_TRUE(Find("findwindow: 2, \"Setup\", \"#32770\", 0, 0.5, 0.9, \"Next >\", \"Button\", 12, 0.5, 0.5, 0.05"));
-    engine.DebugWindow.Clear();
-    host.tenthSleeps = 0;
-    desktop.mouseEvents.clear();
+    FindWindowTest::SetUp();
+    Add_Dialog();
+    ASSERT_TRUE(Find(kNextLine));
+    engine.DebugWindow.Clear(), host.tenthSleeps = 0, desktop.mouseEvents.clear();
   }
 };
 
@@ -252,7 +248,7 @@ TEST_F(SendButtonsTest, ClicksThePickedPointOfTheTargetInNormalisedUnits) {
   EXPECT_TRUE(Click("sl"));
   // Centre (350, 366) of a 1024 x 768 screen: 350 * 65536 / 1024 = 22400, 366 * 65536 / 768 = 31232.
   EXPECT_EQ(DebugLines(), (Lines{"Set Focus using:", "  Window Text   :  Next >", "  Window Class  :  Button",
-                                 "  Window ChildID:  12", "  Window Handle :  " + std::to_string(button),
+                                 "  Window ChildID:  12", "  Window Handle :  " + std::to_string(next),
                                  "Mouse X, Y:  22400, 31232"}));
   const long long move = 0xFFFF8001;
   EXPECT_EQ(Timeline(desktop.mouseEvents), (std::vector<std::vector<long long>>{{0, move, 22400, 31232},
@@ -263,7 +259,7 @@ TEST_F(SendButtonsTest, ClicksThePickedPointOfTheTargetInNormalisedUnits) {
 }
 
 TEST_F(SendButtonsTest, ADisabledTargetIsReportedAndNotClicked) {
-  desktop.At(button).enabledAt = SimDesktop::kNever;
+  desktop.At(next).enabledAt = SimDesktop::kNever;
   EXPECT_FALSE(Click("dl"));
   EXPECT_EQ(desktop.mouseEvents.size(), 1u);  // only the first move
   EXPECT_EQ(Last_Report(), ReportFields(-1, "This window is not able to receive input:  Next >",
