@@ -84,15 +84,10 @@ TEST(CheckerTest, ReportsEveryFaultyLineAndEndsWithItsStatus) {
 
 constexpr RegistryRoot kUser = RegistryRoot::CurrentUser;
 
-class RegSettingsTest : public ::testing::Test {
- protected:
-  std::string Get(const char* section, const char* key) { return settings.GetSetting(section, key, "(default)"); }
+TEST(RegSettingsTest, ReadsTheStoredSizeLessOneCharacter) {
   SimRegistry registry;
   CRegSettings settings{registry};
   const std::string app = "Software\\VB and VBA Program Settings\\" + Product_Name();
-};
-
-TEST_F(RegSettingsTest, ReadsTheStoredSizeLessOneCharacter) {
   registry.CreateKey(kUser, app + "\\Bin");
   registry.SetValue(kUser, app + "\\Bin", "v", RegistryType::Binary, "1234");
   // The section, the key, the value saved (nullptr: none) and the value read.
@@ -107,7 +102,7 @@ TEST_F(RegSettingsTest, ReadsTheStoredSizeLessOneCharacter) {
     if (saved) {
       EXPECT_TRUE(settings.SaveSetting(section, key, saved));
     }
-    EXPECT_EQ(Get(section, key), read) << section << "/" << key;
+    EXPECT_EQ(settings.GetSetting(section, key, "(default)"), read) << section << "/" << key;
   }
   EXPECT_EQ(registry.QueryString(kUser, app + "\\Editor", ""), "unnamed");
   EXPECT_EQ(registry.QueryValue(kUser, app + "\\Editor", "Top"), (RegistryValue{RegistryType::String, {"120", 4}}));

@@ -240,20 +240,13 @@ TEST(FlowTest, FollowsTheBlockTable) {
   }
 }
 
-class InteractiveInterpreterTest : public InteractiveTest {
- protected:
-  void Load(const Lines& script) {
-    for (const auto& line : script) engine.TraceWindow.Add(line);
-    engine.TraceWindow.Select(0);
-  }
-  void Step() {
-    RunState& s = engine.state;
+TEST_F(InteractiveTest, EmptyAndUnknownLinesSaySoAndQuitOnlyLogs) {
+  for (const char* line : {"", "jump: 5", "quit", "wait: 0"}) engine.TraceWindow.Add(line);
+  engine.TraceWindow.Select(0);
+  RunState& s = engine.state;
+  const auto Step = [&] {
     Process_Command(engine, true, s.DebugOn, s.ScriptFileNumber, s.DebugFileNumber, s.LastCommandSucceeded);
-  }
-};
-
-TEST_F(InteractiveInterpreterTest, EmptyAndUnknownLinesSaySoAndQuitOnlyLogs) {
-  Load({"", "jump: 5", "quit", "wait: 0"});
+  };
   Step();
   EXPECT_EQ(engine.DebugWindow.Items(), (Lines{"", "Info:  No Command found."}));
   EXPECT_EQ(host.beeps, 1);
