@@ -3,7 +3,7 @@
 #include <random>
 #include <tuple>
 
-#include "automation_fixture.h"
+#include "engine_fixture.h"
 #include "key_notation.h"
 #include "screen_point.h"
 

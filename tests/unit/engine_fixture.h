@@ -1,4 +1,5 @@
-// An engine on the simulated platform, with helpers to run it as a session.
+// An engine on the simulated platform, with helpers to run it as a session,
+// and one with the window automation on the simulated desktop.
 #pragma once
 
 #include <gtest/gtest.h>
@@ -8,9 +9,11 @@
 #include <tuple>
 #include <vector>
 
+#include "automation_commands.h"
 #include "careful_io.h"
 #include "engine.h"
 #include "error_report.h"
+#include "sim_desktop.h"
 #include "sim_host.h"
 #include "sim_registry.h"
 #include "trap.h"
@@ -88,6 +91,23 @@ inline Lines Joined(Lines first, const Lines& second) {
 class InteractiveTest : public EngineTest {
  protected:
   InteractiveTest() { engine.state.InteractiveSession = engine.state.DebugOn = true; }
+};
+
+// An interactive engine on the simulated host and desktop, with the window
+// automation attached.
+class AutomationTest : public InteractiveTest, protected AutomationCommands {
+ protected:
+  AutomationTest() : AutomationCommands(engine, automation) {}
+
+  SimDesktop desktop{host};
+  Automation automation{engine, desktop};
+
+  void SetUp() override {
+    engine.desktop = &desktop;
+    engine.automation = &automation;
+  }
+
+  const std::vector<std::string>& DebugLines() const { return engine.DebugWindow.Items(); }
 };
 
 }  // namespace velmora::test

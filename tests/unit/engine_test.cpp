@@ -11,7 +11,6 @@
 #include "numeric.h"
 #include "process_arguments.h"
 #include "session.h"
-#include "sim_desktop.h"
 
 namespace velmora::test {
 namespace {

@@ -6,7 +6,7 @@
 #include <string>
 #include <vector>
 
-#include "automation_fixture.h"
+#include "engine_fixture.h"
 #include "key_notation.h"
 
 namespace velmora::test {
