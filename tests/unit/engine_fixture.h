@@ -1,4 +1,5 @@
-// An engine on the simulated platform, with helpers to run it as a session.
+// An engine on the simulated platform, with helpers to run it as a session,
+// and one with the window automation on the simulated desktop.
 #pragma once
 
 #include <gtest/gtest.h>
@@ -8,9 +9,11 @@
 #include <tuple>
 #include <vector>
 
+#include "automation_commands.h"
 #include "careful_io.h"
 #include "engine.h"
 #include "error_report.h"
+#include "sim_desktop.h"
 #include "sim_host.h"
 #include "sim_registry.h"
 #include "trap.h"
@@ -19,7 +22,7 @@ namespace velmora::test {
 
 using Lines = std::vector<std::string>;
 // An error report's code, message, location and kind, as the reporter
-// records it; the log's framing of a report is tested once, in reporting_test.
+// records it; the log's framing of a report is tested once, in engine_test.
 using ReportFields = std::tuple<long, std::string, std::string, int>;
 
 // Records what the engine asked of the editor's window, with only Courier New
@@ -72,14 +75,39 @@ class EngineTest : public ::testing::Test {
 };
 
 // The lines that ran, in order, as a log shows them ("==> line").
-Lines Ran_In(const Lines& log);
+inline Lines Ran_In(const Lines& log) {
+  Lines ran;
+  for (const std::string& line : log)
+    if (line.rfind("==> ", 0) == 0) ran.push_back(line.substr(4));
+  return ran;
+}
 // The blocks one after the other.
-Lines Joined(Lines first, const Lines& second);
+inline Lines Joined(Lines first, const Lines& second) {
+  first.insert(first.end(), second.begin(), second.end());
+  return first;
+}
 
 // An interactive engine with debug output on, as the editor runs it.
 class InteractiveTest : public EngineTest {
  protected:
   InteractiveTest() { engine.state.InteractiveSession = engine.state.DebugOn = true; }
+};
+
+// An interactive engine on the simulated host and desktop, with the window
+// automation attached.
+class AutomationTest : public InteractiveTest, protected AutomationCommands {
+ protected:
+  AutomationTest() : AutomationCommands(engine, automation) {}
+
+  SimDesktop desktop{host};
+  Automation automation{engine, desktop};
+
+  void SetUp() override {
+    engine.desktop = &desktop;
+    engine.automation = &automation;
+  }
+
+  const std::vector<std::string>& DebugLines() const { return engine.DebugWindow.Items(); }
 };
 
 }  // namespace velmora::test

@@ -1,0 +1,372 @@
+// Finding the target window and sending it keys and clicks, on the simulated desktop.
+#include <algorithm>
+#include <random>
+#include <tuple>
+
+#include "engine_fixture.h"
+#include "key_notation.h"
+#include "screen_point.h"
+
+namespace velmora::test {
+namespace {
+
+class FindWindowTest : public AutomationTest {
+ protected:
+  WindowHandle dialog = 0, next = 0;
+  void Add_Dialog() {
+    dialog = desktop.Add(1, "Setup", "#32770", 0, {100, 100, 500, 400});
+    next = desktop.Add(dialog, "Next >", "Button", 12, {300, 350, 400, 382});
+  }
+  static constexpr const char* kNextLine =
+      "findwindow: 2, \"Setup\", \"#32770\", 0, 0.5, 0.9, \"Next >\", \"Button\", 12, 0.5, 0.5, 0.10";
+};
+
+TEST_F(FindWindowTest, ExactlyOneMatchIsUsedWithoutWarning) {
+  Add_Dialog();
+  EXPECT_TRUE(Find(kNextLine));
+  const std::string h = std::to_string(next);
+  EXPECT_EQ(DebugLines(), (Lines{"Maximum Wait Time:  10 seconds.", "Total Elapsed Time:  1 second.",
+                                 "Found Window:  " + h, "==>  Using Window:  " + h}));
+  EXPECT_EQ(host.tenthSleeps, 10);  // found only after the first one-second pause
+  EXPECT_EQ(automation.Target().TargetList, (std::vector<WindowHandle>{0, next}));
+  EXPECT_EQ(automation.Target().WindowText, "Next >");
+}
+
+TEST_F(FindWindowTest, NotFoundWaitsTheWholeTimeOutButSearchesAtLeastOnce) {
+  const struct {
+    const char* timeOut;
+    bool halt;  // a halt request ends the wait after the search under way
+    const char *maximum, *total;
+  } rows[] = {{"0.03", false, "3 seconds", "3 seconds"}, {"1.00", true, "60 seconds", "1 second"}};
+  for (const auto& row : rows) {
+    engine.DebugWindow.Clear();
+    host.tenthSleeps = 0;
+    engine.state.HaltRequested = row.halt;
+    EXPECT_FALSE(Find(std::string("findwindow: 1, \"Gone\", \"#32770\", 0, 0, 0, ") + row.timeOut));
+    EXPECT_EQ(DebugLines(),
+              (Lines{"Maximum Wait Time:  " + std::string(row.maximum) + ".",
+                     "Total Elapsed Time:  " + std::string(row.total) + ".", "The window was NOT found."}))
+        << row.timeOut;
+    EXPECT_EQ(host.tenthSleeps, row.halt ? 10 : std::max(10, 10 * std::stoi(row.timeOut + 2))) << row.timeOut;
+  }
+}
+
+// A back quote in a title opens a reference that swallows what follows, so the
+// expanded text lacks the pieces the search needs.
+TEST_F(FindWindowTest, BadNumbersOrTextsAfterExpansionAreTrappedAtTheHandler) {
+  const std::pair<const char*, const char*> rows[] = {{"\"Setup\", \"#32770\", 2147483648", "Overflow"},
+                                                      {"\"a`\", \"b`\", 0", "Subscript out of range"}};
+  for (const auto& [text, error] : rows) {
+    Find(std::string("findwindow: 1, ") + text + ", 0, 0, 0.01");
+    EXPECT_EQ(Last_Report(), ReportFields(std::string(error) == "Overflow" ? 6 : 9, error,
+                                          "Velmora.(General).FindWindow_Command.TrappableErrors.1", kFatal));
+  }
+}
+
+class SeveralCandidatesTest : public FindWindowTest {
+ protected:
+  WindowHandle dialog2 = 0, next2 = 0;
+  void SetUp() override {
+    FindWindowTest::SetUp();
+    Add_Dialog();
+    dialog2 = desktop.Add(1, "Setup", "#32770", 0, {600, 100, 1000, 400});
+    next2 = desktop.Add(dialog2, "Next >", "Button", 12, {800, 350, 900, 382});
+  }
+};
+
+TEST_F(SeveralCandidatesTest, TheCandidateUnderItsPickedPointIsChosen) {
+  desktop.At(next).rect = {0, 0, 1, 1};  // moved away: its dialog's picked point shows the dialog
+  EXPECT_TRUE(Find(kNextLine));
+  EXPECT_EQ(automation.Target().TargetList, (std::vector<WindowHandle>{0, next2, next}));
+  EXPECT_EQ(DebugLines().back(), "==>  Using Window:  " + std::to_string(next2));
+  // The nearer candidate is tried first: its dialog, then itself come forward.
+  EXPECT_EQ(desktop.foregroundCalls, (std::vector<WindowHandle>{dialog2, next2}));
+}
+
+class SendKeysTest : public AutomationTest {
+ protected:
+  WindowHandle dialog = 0, edit = 0;
+  void SetUp() override {
+    AutomationTest::SetUp();
+    dialog = desktop.Add(1, "Setup", "#32770", 0, {100, 100, 501, 400});
+    edit = desktop.Add(dialog, "Folder", "Edit", 1001, {110, 120, 310, 141});
+    ASSERT_TRUE(Find("findwindow: 2, \"Setup\", \"#32770\", 0, 0, 0, \"Folder\", \"Edit\", 1001, 0.5, 0.5, 0.05"));
+    engine.DebugWindow.Clear();
+    host.tenthSleeps = 0;
+  }
+  Lines Identity() const {
+    return {"Set Focus using:", "  Window Text   :  Folder", "  Window Class  :  Edit", "  Window ChildID:  4",
+            "  Window Handle :  " + std::to_string(edit)};
+  }
+};
+
+TEST_F(SendKeysTest, FocusesTheTargetAndTypesTheKeys) {
+  EXPECT_TRUE(Send("ab~"));
+  EXPECT_EQ(DebugLines(), Identity());  // the ChildID line shows the class name's length
+  EXPECT_EQ(desktop.keys, Parse_Key_String("ab~").inputs);
+  // The pointer goes to the centre (halves to even) twice, each time with the focus.
+  const ScreenPoint centre{210, 130};
+  ASSERT_EQ(desktop.cursorMoves.size(), 2u);
+  EXPECT_EQ(desktop.cursorMoves[1].x, centre.x);
+  EXPECT_EQ(desktop.cursorMoves[1].y, centre.y);
+  EXPECT_EQ(desktop.foreground, dialog);
+  EXPECT_EQ(desktop.focus, edit);
+  EXPECT_EQ(host.tenthSleeps, 3);  // enabled at once: only the 0.3 s before typing
+  EXPECT_EQ(automation.Search().TargetChildID, 1001);
+}
+
+TEST_F(SendKeysTest, WaitsForTheWindowToBecomeEnabledForTenPausesAtMost) {
+  desktop.At(edit).enabledAt = host.clockMs + 1200;
+  EXPECT_TRUE(Send("x"));
+  EXPECT_EQ(host.tenthSleeps, 3 * 5 + 3);  // three half-second pauses, then 0.3 s
+  EXPECT_EQ(desktop.keys.size(), 2u);
+
+  desktop.keys.clear(), engine.DebugWindow.Clear(), host.tenthSleeps = 0;
+  desktop.At(edit).enabledAt = SimDesktop::kNever;  // ten pauses, then a report that is not fatal
+  EXPECT_FALSE(Send("x"));
+  EXPECT_EQ(host.tenthSleeps, 50);
+  EXPECT_TRUE(desktop.keys.empty());
+  EXPECT_EQ(Last_Report(), ReportFields(-1, "This window is not able to receive input:  Folder",
+                                        "Velmora.(General).Send_Keys_To.IsWindowEnabledError.1", kGoOn));
+  EXPECT_FALSE(engine.state.StopRunning);
+}
+
+TEST_F(SendKeysTest, AMalformedKeyStringSendsNothingAndSaysWhy) {
+  EXPECT_FALSE(Send("ab{FOO}"));
+  EXPECT_TRUE(desktop.keys.empty());
+  EXPECT_EQ(Last_Report(), ReportFields(-1, "Invalid key string:  Unknown key name {FOO} at position 3",
+                                        "Velmora.(General).Send_Keys_To.Send_Keys_ToError.1", kGoOn));
+  EXPECT_FALSE(engine.state.StopRunning);
+}
+
+TEST_F(AutomationTest, KeysOrButtonsWithoutATargetAreFatalAndLeaveTheFlag) {
+  bool succeeded = true;
+  automation.SendKeys_Command(engine, true, Parsed("sendkeys: \"x\""), succeeded);
+  EXPECT_EQ(Last_Report(), ReportFields(-1, "No Window found to SendKeys_To",
+                                        "Velmora.(General).SendKeys_Command.Send_Keys_ToError.1", kFatal));
+  automation.SendButtons_Command(engine, true, Parsed("sendbuttons: sl"), succeeded);
+  EXPECT_EQ(Last_Report(), ReportFields(-1, "No Window found to SendButtons_To",
+                                        "Velmora.(General).SendButtons_Command.Send_Buttons_ToError.1", kFatal));
+  EXPECT_TRUE(succeeded);
+}
+
+// Input for an elevated program's window is dropped by the system: each
+// command that sends it says so once, whatever the debug state.
+TEST_F(SendKeysTest, InputForAnElevatedProgramIsNamedAsLost) {
+  const std::string kLost =
+      "Info: The target window belongs to a program running at a higher integrity level (elevated) than Velmora: "
+      "Windows drops the keys and clicks sent to it. Run Velmora as administrator.";
+  engine.state.DebugOn = false;
+  const std::pair<const char*, bool> rows[] = {{"sendkeys: \"a\"", true},
+                                               {"sendbuttons: sl", true},
+                                               {"usemouse: sl, 14000, 11100", true},
+                                               {"usemouse: sl, 40000, 11100", false}};
+  for (const auto& [line, elevated] : rows) {
+    SCOPED_TRACE(line);
+    desktop.At(edit).elevated = elevated;
+    engine.DebugWindow.Clear();
+    const ParsedCommand command = Parsed(line);
+    bool succeeded = false;
+    if (command.CommandCode == kSendKeysCommand) automation.SendKeys_Command(engine, true, command, succeeded);
+    if (command.CommandCode == kSendButtonsCommand) automation.SendButtons_Command(engine, true, command, succeeded);
+    if (command.CommandCode == kUseMouseCommand) automation.UseMouse_Command(engine, true, command);
+    EXPECT_EQ(DebugLines(), elevated ? Lines{kLost} : Lines{});
+  }
+}
+
+using Record = SimDesktop::MouseRecord;
+
+// The mouse events as (time since the first event, flags, x, y).
+std::vector<std::vector<long long>> Timeline(const std::vector<Record>& events) {
+  std::vector<std::vector<long long>> rows;
+  for (const Record& e : events)
+    rows.push_back({e.atMs - events.front().atMs, static_cast<long long>(e.flags), e.x, e.y});
+  return rows;
+}
+
+TEST(ClickTest, CodesSelectButtonsAndTheUnitIsTheDoubleClickTimeOverOneAndAHalf) {
+  const std::tuple<const char*, int, Click> cases[] = {{"dl", 500, {2, 4, true, 333}},
+                                                       {"sm", 600, {32, 64, false, 400}},
+                                                       {"dr", 250, {8, 16, true, 167}},
+                                                       {"nc", 501, {0, 0, false, 334}}};
+  for (const auto& [code, doubleClickTime, want] : cases) {
+    const Click k = Click_Of(code, doubleClickTime);
+    EXPECT_EQ(std::tie(k.down, k.up, k.isDouble, k.unitMs), std::tie(want.down, want.up, want.isDouble, want.unitMs))
+        << code;
+  }
+  EXPECT_THROW(Click_Of("sx", 500), std::exception);
+  EXPECT_THROW(Click_Of("", 500), std::exception);
+}
+
+TEST(PixelAtTest, RoundsHalvesToEvenAndKeepsTheWholeCoordinateWithin16Bits) {
+  // The rectangle, the fractions across and down, and the pixel.
+  const std::tuple<WindowRect, double, double, std::pair<long, long>> cases[] = {
+      {{11, 21, 14, 24}, 0.5, 0.5, {13, 23}},
+      {{-50, -50, 50, 50}, 0, 1, {-50, 50}},
+      {{32700, 0, 32766, 10}, 1, 0, {32766, 0}}};
+  for (const auto& [rect, fx, fy, pixel] : cases) {
+    const ScreenPoint p = Pixel_At(rect, fx, fy);
+    EXPECT_EQ(std::pair(p.x, p.y), pixel) << fx << ", " << fy;
+  }
+  // The offset alone fits; the coordinate it makes does not.
+  EXPECT_THROW(Pixel_At({32760, 0, 32800, 10}, 0.5, 0), std::exception);
+  EXPECT_THROW(Pixel_At({0, -40000, 10, 10}, 0, 0), std::exception);
+}
+
+TEST_F(AutomationTest, UseMouseMovesThenClicksWithPlainFlags) {
+  const long long move = 0xFFFF8001;
+  const std::pair<const char*, std::vector<std::vector<long long>>> cases[] = {
+      {"usemouse: sl, 400, 300", {{0, move, 400, 300}, {0, 2, 400, 300}, {999, 4, 400, 300}}},
+      {"usemouse: dr, 65535, 65535",
+       {{0, move, 65535, 65535},
+        {0, 8, 65535, 65535},
+        {999, 16, 65535, 65535},
+        {1332, 8, 65535, 65535},
+        {2331, 16, 65535, 65535}}}};
+  for (const auto& [line, timeline] : cases) {
+    desktop.mouseEvents.clear();
+    const long long before = host.clockMs;
+    automation.UseMouse_Command(engine, true, Parsed(line));
+    EXPECT_EQ(Timeline(desktop.mouseEvents), timeline) << line;
+    const bool isDouble = line[10] == 'd';
+    EXPECT_EQ(host.clockMs - before, isDouble ? 12 * 333 : 3 * 333) << line;  // t, 3t, 3t and 5t for a double
+  }
+  EXPECT_TRUE(DebugLines().empty());
+}
+
+class SendButtonsTest : public FindWindowTest {
+ protected:
+  void SetUp() override {
+    FindWindowTest::SetUp();
+    Add_Dialog();
+    ASSERT_TRUE(Find(kNextLine));
+    engine.DebugWindow.Clear(), host.tenthSleeps = 0, desktop.mouseEvents.clear();
+  }
+};
+
+TEST_F(SendButtonsTest, ClicksThePickedPointOfTheTargetInNormalisedUnits) {
+  EXPECT_TRUE(Click("sl"));
+  // Centre (350, 366) of a 1024 x 768 screen: 350 * 65536 / 1024 = 22400, 366 * 65536 / 768 = 31232.
+  EXPECT_EQ(DebugLines(), (Lines{"Set Focus using:", "  Window Text   :  Next >", "  Window Class  :  Button",
+                                 "  Window ChildID:  12", "  Window Handle :  " + std::to_string(next),
+                                 "Mouse X, Y:  22400, 31232"}));
+  const long long move = 0xFFFF8001;
+  EXPECT_EQ(Timeline(desktop.mouseEvents), (std::vector<std::vector<long long>>{{0, move, 22400, 31232},
+                                                                                {285, move, 22400, 31232},
+                                                                                {285, move | 2, 22400, 31232},
+                                                                                {285 + 999, move | 4, 22400, 31232}}));
+  EXPECT_EQ(host.tenthSleeps, 3);
+}
+
+TEST_F(SendButtonsTest, ADisabledTargetIsReportedAndNotClicked) {
+  desktop.At(next).enabledAt = SimDesktop::kNever;
+  EXPECT_FALSE(Click("dl"));
+  EXPECT_EQ(desktop.mouseEvents.size(), 1u);  // only the first move
+  EXPECT_EQ(Last_Report(), ReportFields(-1, "This window is not able to receive input:  Next >",
+                                        "Velmora.(General).SendButtons_Command.IsWindowEnabledError.1", kGoOn));
+}
+
+using WindowSearchTest = AutomationTest;
+
+TEST_F(WindowSearchTest, PathsNameEveryAncestorWithTopLevelIdentifiersZero) {
+  const WindowHandle setup = desktop.Add(1, "Setup", "#32770", 77), ok = desktop.Add(setup, "OK", "Button", 1);
+  const WindowHandle inner = desktop.Add(desktop.Add(setup, "", "Static", 2), "inner", "Button", 3);
+  EXPECT_EQ(Window_Path_Of(desktop, ok), "1, \"Button\", \"OK\", 0, \"#32770\", \"Setup\", 2");
+  EXPECT_EQ(Window_Path_Of(desktop, inner),
+            "3, \"Button\", \"inner\", 2, \"Static\", \"\", 0, \"#32770\", \"Setup\", 3");
+}
+
+// The plain walk that the search must agree with: every window below the
+// start, descendants first, each tested in full.
+void Full_Walk(Desktop& desktop, WindowHandle start, std::int32_t id, const std::string& text,
+               const std::string& className, const std::string& path, std::vector<WindowHandle>& found) {
+  for (WindowHandle child = desktop.GetWindow(start, WindowRelation::FirstChild); child != 0;
+       child = desktop.GetWindow(child, WindowRelation::Next)) {
+    Full_Walk(desktop, child, id, text, className, path, found);
+    if (desktop.ClassName(child, kTextBufferSize) == className && desktop.WindowText(child, kTextBufferSize) == text &&
+        Child_Id_Of(desktop, child) == id && Window_Path_Of(desktop, child) == path)
+      found.push_back(child);
+  }
+}
+
+// Random trees of child windows (some moved elsewhere with SetParent),
+// top-level windows and pop-ups owned by them, copied dialogs, and texts
+// that look like parts of a path.
+struct RandomTree {
+  SimDesktop& desktop;
+  std::mt19937 random;
+  std::vector<WindowHandle> all, topLevel;
+
+  std::size_t Pick(std::size_t n) { return random() % n; }
+  WindowHandle Add_Copy(WindowHandle parent, WindowHandle of) {
+    const SimDesktop::Window original = desktop.At(of);
+    const WindowHandle copy = desktop.Add(parent, original.text, original.className, original.id);
+    desktop.At(copy).popup = original.popup;
+    desktop.At(copy).owner = original.owner;
+    all.push_back(copy);
+    for (WindowHandle child : original.children) Add_Copy(copy, child);
+    return copy;
+  }
+  bool Is_Below(WindowHandle window, WindowHandle ancestor) {
+    for (WindowHandle w = window; w > 1; w = desktop.At(w).parent)
+      if (w == ancestor) return true;
+    return false;
+  }
+  void Build() {
+    static const char* const texts[] = {"", "OK", "ok", "Setup", "a\", \"b", "\", ", "0, \"Button\", \"OK\", 2"};
+    static const char* const classes[] = {"#32770", "Button", "Static"};
+    static const long ids[] = {0, 1, 12, -1};
+    const std::size_t count = 10 + Pick(80);
+    while (all.size() < count) {
+      if (!topLevel.empty() && Pick(12) == 0) {
+        topLevel.push_back(Add_Copy(1, topLevel[Pick(topLevel.size())]));
+        continue;
+      }
+      const bool top = all.empty() || Pick(4) == 0;
+      // Half the children go under one of the latest windows, for deep trees.
+      const std::size_t from = Pick(2) ? all.size() : std::min<std::size_t>(all.size(), 3);
+      const WindowHandle parent = top ? 1 : all[all.size() - 1 - Pick(from)];
+      const WindowHandle w = desktop.Add(parent, texts[Pick(7)], classes[Pick(3)], ids[Pick(4)]);
+      if (top && !topLevel.empty() && Pick(3) == 0) {
+        desktop.At(w).popup = true;
+        desktop.At(w).owner = topLevel[Pick(topLevel.size())];
+      }
+      if (top) topLevel.push_back(w);
+      all.push_back(w);
+    }
+    for (std::size_t moves = Pick(5); moves > 0; --moves) {
+      const WindowHandle w = all[Pick(all.size())], to = all[Pick(all.size())];
+      if (desktop.At(w).parent != 1 && !Is_Below(to, w)) desktop.SetParent(w, to);
+    }
+  }
+};
+
+TEST_F(WindowSearchTest, FindsWhatTheFullWalkFindsInRandomTrees) {
+  std::size_t matches = 0;
+  for (unsigned seed = 1; seed <= 300; ++seed) {
+    SimDesktop sim(host);
+    RandomTree tree{sim, std::mt19937(seed), {}, {}};
+    tree.Build();
+    WindowSearch search(engine, sim);
+    for (int round = 0; round < 12; ++round) {
+      const WindowHandle like = tree.all[tree.Pick(tree.all.size())];
+      const WindowHandle pathOf = tree.Pick(4) == 0 ? tree.all[tree.Pick(tree.all.size())] : like;
+      const WindowHandle start = tree.Pick(5) == 0 ? tree.all[tree.Pick(tree.all.size())] : 1;
+      const std::string text = sim.WindowText(like, kTextBufferSize), className = sim.ClassName(like, kTextBufferSize);
+      const std::int32_t id = Child_Id_Of(sim, like);
+      const std::string path = Window_Path_Of(sim, pathOf);
+      std::vector<WindowHandle> expected{0};
+      Full_Walk(sim, start, id, text, className, path, expected);
+      search.TargetChildID = id;
+      std::vector<WindowHandle> found;
+      const auto count = search.Find_Window_Like(found, start, 0, text, className, id, path);
+      ASSERT_EQ(found, expected) << "seed " << seed << ", round " << round << ", path " << path;
+      ASSERT_EQ(count, expected.size() - 1) << "seed " << seed;
+      matches += count;
+    }
+  }
+  EXPECT_GT(matches, 1000u);  // the trees gave the search something to find
+}
+
+}  // namespace
+}  // namespace velmora::test
