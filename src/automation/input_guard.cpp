@@ -145,6 +145,13 @@ bool InputGuard::Ready_For_Keys() {
   }
 }
 
+bool InputGuard::Target_Kept_Keyboard() {
+  // A target that closed or hid on its keys (Enter on Finish) took them.
+  if (!Another_Program_Has(desktop_.ForegroundWindow()) || !desktop_.IsWindowVisible(target_)) return true;
+  Name_Keyboard_Holder();
+  return false;
+}
+
 void InputGuard::Name_Keyboard_Holder() {
   WindowHandle holder = desktop_.FocusWindow();
   if (holder == 0) holder = desktop_.ForegroundWindow();

@@ -40,6 +40,10 @@ class InputGuard {
   // gets it back within the budget. On false, Problem() names the window
   // that took it.
   bool Keys_Still_Reach_Target();
+  // After the last keys: false when another program has the foreground while
+  // the target is still shown, as keys the target had not yet read are handed
+  // to whichever window has the focus when they are read.
+  bool Target_Kept_Keyboard();
   // Sets Problem() to the window that has the keyboard now.
   void Name_Keyboard_Holder();
   bool Click_Interrupted() const { return foregroundLost_; }

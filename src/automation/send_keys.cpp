@@ -156,11 +156,7 @@ SendKeys::Status SendKeys::Type(bool interactive, const std::string& keys, Windo
     }
     if (outcome == KeysOutcome::LostForeground) {
       guard.Name_Keyboard_Holder();
-      Log_Always(engine_, interactive,
-                 "Info: " + guard.Problem() + " took the keyboard focus while keys were sent; " +
-                     std::to_string(total - sent) + " of " + std::to_string(total) + " keys may not have arrived.");
-      succeeded = false;
-      return kNotDelivered;
+      return Keys_Astray(interactive, guard, total - sent, total, succeeded);
     }
     if (outcome == KeysOutcome::NotAllSent) {
       Log(interactive, "Info: Not all keys could be sent to the window.");
@@ -172,7 +168,19 @@ SendKeys::Status SendKeys::Type(bool interactive, const std::string& keys, Windo
   if (!budget.Spend([&](int left) { return desktop_.WaitForInputIdle(left); }))
     Log(interactive, "Info: The window did not finish processing the keys within " +
                          std::to_string(kInputIdleBoundMilliseconds / 1000) + " seconds.");
+  // The last group is the one the target may not have read before another
+  // program took the keyboard.
+  if (!guard.Target_Kept_Keyboard()) return Keys_Astray(interactive, guard, Presses(groups.back()), total, succeeded);
   return kKeysSent;
+}
+
+SendKeys::Status SendKeys::Keys_Astray(bool interactive, const InputGuard& guard, std::size_t doubtful,
+                                       std::size_t total, bool& succeeded) {
+  Log_Always(engine_, interactive,
+             "Info: " + guard.Problem() + " took the keyboard focus while keys were sent; " + std::to_string(doubtful) +
+                 " of " + std::to_string(total) + " keys may not have arrived.");
+  succeeded = false;
+  return kNotDelivered;
 }
 
 }  // namespace velmora

@@ -2,6 +2,7 @@
 // accepts input, and types the key string into it.
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <string>
 
@@ -12,6 +13,7 @@
 namespace velmora {
 
 struct Engine;
+class InputGuard;
 
 // How long the keys may take to be processed before the log says so (what is
 // left of the command's wait budget, at most).
@@ -39,6 +41,10 @@ class SendKeys {
   void Log(bool interactive, const std::string& text);
   bool Point_At_And_Focus(WindowHandle window, WaitBudget& budget);
   Status Type(bool interactive, const std::string& keys, WindowHandle window, WaitBudget& budget, bool& succeeded);
+  // Logs that another program took the keyboard while `doubtful` of the keys
+  // were on their way, and fails the command.
+  Status Keys_Astray(bool interactive, const InputGuard& guard, std::size_t doubtful, std::size_t total,
+                     bool& succeeded);
 
   Engine& engine_;
   Desktop& desktop_;

@@ -52,6 +52,7 @@ class Desktop {
   virtual long ControlId(WindowHandle window) = 0;
   virtual bool GetWindowRect(WindowHandle window, WindowRect& rect) = 0;
   virtual bool IsWindowEnabled(WindowHandle window) = 0;
+  virtual bool IsWindowVisible(WindowHandle window) = 0;
   virtual WindowHandle WindowFromPoint(ScreenPoint point) = 0;
   // Brings the window forward; a control also takes the keyboard focus.
   // Never held up for long by a program that has stopped taking messages.

@@ -205,6 +205,13 @@ TEST_F(InputGuardTest, EveryKeyReachesTheTargetOrTheRestIsNotSent) {
       desktop.foregroundRefused = keep;
     };
   };
+  const auto take_after_last_group = [&](bool closes) {
+    desktop.afterInput = [&, closes] {
+      if (desktop.keysSentTo.size() != 4) return;
+      if (closes) desktop.At(dialog).vanishesAt = host.clockMs;
+      desktop.TakeForeground(cancel);
+    };
+  };
   const Row rows[] = {
       {"a quiet desktop", [] {}, true, 4, ""},
       {"another control of the target's dialog keeps the focus: none is sent",
@@ -225,6 +232,9 @@ TEST_F(InputGuardTest, EveryKeyReachesTheTargetOrTheRestIsNotSent) {
        false, 1,
        R"(Info: "Cancel" (Button) of "Other Setup" took the keyboard focus while keys were sent; 4 of 5 keys may not have arrived.)",
        1},
+      {"the keyboard taken before the target read the last group", [&] { take_after_last_group(false); }, false, 4,
+       R"(Info: "Cancel" (Button) of "Other Setup" took the keyboard focus while keys were sent; 1 of 5 keys may not have arrived.)"},
+      {"a target that closed on its keys took them", [&] { take_after_last_group(true); }, true, 4, ""},
   };
   for (const Row& row : rows) {
     SCOPED_TRACE(row.what);

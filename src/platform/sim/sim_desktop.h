@@ -97,6 +97,7 @@ class SimDesktop : public Desktop {
   long ControlId(WindowHandle window) override;
   bool GetWindowRect(WindowHandle window, WindowRect& rect) override;
   bool IsWindowEnabled(WindowHandle window) override;
+  bool IsWindowVisible(WindowHandle window) override { return Exists(window); }
   WindowHandle WindowFromPoint(ScreenPoint point) override;
   bool SetForegroundWindow(WindowHandle window) override;
   WindowHandle RootWindow(WindowHandle window) override { return Exists(window) ? Top_Level_Of(window) : 0; }

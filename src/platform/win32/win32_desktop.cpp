@@ -59,6 +59,7 @@ bool Win32Desktop::GetWindowRect(WindowHandle window, WindowRect& rect) {
 }
 
 bool Win32Desktop::IsWindowEnabled(WindowHandle window) { return ::IsWindowEnabled(Window_Of(window)) != FALSE; }
+bool Win32Desktop::IsWindowVisible(WindowHandle window) { return ::IsWindowVisible(Window_Of(window)) != FALSE; }
 
 WindowHandle Win32Desktop::WindowFromPoint(ScreenPoint point) { return Handle_Of(::WindowFromPoint({point.x, point.y})); }
 
@@ -118,7 +119,7 @@ KeysOutcome Win32Desktop::SendKeyInputs(const std::vector<KeyInput>& inputs, Win
   // Keys that close or hide the target's window (which moves the foreground
   // on), or move the foreground within its program, are no loss.
   const HWND target = Window_Of(foreground), now = GetForegroundWindow();
-  if (foreground && now != target && IsWindowVisible(target) && ProgramOf(Handle_Of(now)) != ProgramOf(foreground))
+  if (foreground && now != target && ::IsWindowVisible(target) && ProgramOf(Handle_Of(now)) != ProgramOf(foreground))
     return KeysOutcome::LostForeground;
   return KeysOutcome::Sent;
 }

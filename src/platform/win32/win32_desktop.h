@@ -16,6 +16,7 @@ class Win32Desktop : public Desktop {
   long ControlId(WindowHandle window) override;
   bool GetWindowRect(WindowHandle window, WindowRect& rect) override;
   bool IsWindowEnabled(WindowHandle window) override;
+  bool IsWindowVisible(WindowHandle window) override;
   WindowHandle WindowFromPoint(ScreenPoint point) override;
   bool SetForegroundWindow(WindowHandle window) override;
   bool WaitUntilResponsive(WindowHandle window, int timeoutMilliseconds) override;
