@@ -7,7 +7,6 @@
 #include <gtest/gtest.h>
 
 #include <functional>
-#include <map>
 #include <string>
 #include <vector>
 
@@ -24,23 +23,15 @@ inline void Pump_For(DWORD milliseconds) {
   Pump_Until([] { return false; }, milliseconds);
 }
 
-// What a window of the recording class saw: its buttons' clicks by control identifier.
-struct WindowRecord {
-  std::map<int, int> clicksById;
-};
-// The recording class, registered once; its windows record into the WindowRecord given.
-const std::string& Recording_Class();
-
 // Owns the windows a test creates and destroys them, newest first.
 struct Windows {
   ~Windows();
   // Shown without being activated, and without a caption: Wine hands captioned
   // windows to the window manager and, destroying one, waits two seconds for
   // a window manager that Xvfb does not have.
-  HWND TopLevel(const std::string& className, const std::string& title, RECT rect, WindowRecord* record = nullptr,
-                DWORD style = WS_POPUP | WS_BORDER, HWND owner = nullptr, HMENU menu = nullptr);
-  HWND Child(HWND parent, const std::string& className, const std::string& text, int id, RECT rect, DWORD style = 0,
-             WindowRecord* record = nullptr);
+  HWND TopLevel(const std::string& className, const std::string& title, RECT rect, DWORD style = WS_POPUP | WS_BORDER,
+                HWND owner = nullptr);
+  HWND Child(HWND parent, const std::string& className, const std::string& text, int id, RECT rect, DWORD style = 0);
   std::vector<HWND> made;
 };
 

