@@ -176,7 +176,6 @@ TEST_F(EditorRunTest, RunsStopAtTheNextMarkAQuitTheEndOrABlockErrorAndStartAfres
   const std::string w = "wait: 0.00", marked = ">>> wait: 0.00";
   // The script, whether a step runs it, the lines that ran, and the line highlighted at the end.
   const std::tuple<Lines, bool, Lines, long> rows[] = {
-      {{"debug: off", w}, true, {"debug: off"}, 2},
       {{marked, w, marked, w}, false, {marked, w}, 3},
       {{"debug: off", w}, false, {"debug: off"}, 2},
       {{w, "quit", w, marked}, false, {w, "quit"}, 3},
@@ -195,7 +194,7 @@ TEST_F(EditorRunTest, RunsStopAtTheNextMarkAQuitTheEndOrABlockErrorAndStartAfres
     EXPECT_FALSE(form.Activity().Running() || panel.Overwriting());
     EXPECT_EQ(panel.CommandList().Selected(), ListModel::kNoSelection);
   }
-  EXPECT_EQ(window.foregroundCalls, 8);
+  EXPECT_EQ(window.foregroundCalls, 7);
 }
 
 // 30 still samples after the last move (one pixel on either axis); each window under the
