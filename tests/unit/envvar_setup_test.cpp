@@ -1,8 +1,13 @@
-// The batch editor: the SET statements of its file, and its form on the simulated platform.
+// The batch editor: its file's SET statements and its form on the simulated platform; and what
+// both forms' controls share (option groups, one form's identifiers, help, a list's widest item).
+#include <functional>
+
 #include "about.h"
 #include "editor_fixture.h"
 #include "envvar_setup_form.h"
+#include "envvar_setup_layout.h"
 #include "set_statements.h"
+#include "widest_item.h"
 
 namespace velmora::test {
 namespace {
@@ -38,9 +43,9 @@ class EnvVarSetupTest : public EngineTest {
   }
 };
 
-// Enter updates the chosen line, which keeps its indent in the list but not in
-// the file saved; Escape, Ctrl+C or moving off the line abandons an edit.
-TEST_F(EnvVarSetupTest, AChosenLineIsUpdatedKeepingItsIndentAndSavedTrimmed) {
+// Enter updates the chosen line, keeping its indent in the list (the file saved trimmed is an
+// end-to-end case); Escape, Ctrl+C or moving off abandons an edit.
+TEST_F(EnvVarSetupTest, AChosenLineIsUpdatedKeepingItsIndentUnlessTheEditIsAbandoned) {
   Open("C:\\b\\set.bat", "set A=1\r\n    SET Path = C:\\DOS\r\n");
   EXPECT_EQ(form.BatchWindow.Items(), (Lines{Trace_Header_Line(), "set A=1", "    SET Path = C:\\DOS", "   "}));
   EXPECT_FALSE(form.BatchWindow_KeyDown(0x41));  // a key the list keeps
@@ -52,10 +57,6 @@ TEST_F(EnvVarSetupTest, AChosenLineIsUpdatedKeepingItsIndentAndSavedTrimmed) {
   EXPECT_TRUE(form.EnvVarValue_KeyPress(13));
   EXPECT_EQ(form.BatchWindow.Item(2), "    set Path=C:\\BIN");
   EXPECT_TRUE(form.Modified && controls[C::SaveBatchButton].Enabled);
-  dialogs.replies = {"C:\\b\\new.bat"};
-  form.SaveBatchButton_Click();
-  EXPECT_EQ(host.files.at("C:\\b\\new.bat"), "set A=1\r\nset Path=C:\\BIN\r\n");
-  EXPECT_FALSE(form.Modified || controls[C::SaveBatchButton].Enabled);
   for (const int key : {27, 3, 0x28}) {
     form.BatchWindow.Select(2);
     form.BatchWindow_DblClick();
@@ -142,6 +143,45 @@ TEST(SetStatementsTest, StatementsHoldANameAndAValueAndSteppingWrapsOnce) {
   for (const auto& [file, from, next, previous] : steps) {
     EXPECT_EQ(Next_EnvVar_Statement(*file, from), next) << from;
     EXPECT_EQ(Previous_EnvVar_Statement(*file, from), previous) << from;
+  }
+}
+
+TEST(FormControlsTest, AnOptionClearsOnlyItsGroupAndAnotherFormsIdentifierIsRefused) {
+  FormControls controls{Editor_Form()};
+  for (const ControlId id : {ControlId::MouseButton1, ControlId::DebugState0, ControlId::MouseButton2})
+    controls.SetChecked(id, true);
+  EXPECT_FALSE(controls[ControlId::MouseButton1].Checked);
+  EXPECT_TRUE(controls[ControlId::DebugState0].Checked && controls[ControlId::MouseButton2].Checked);
+  EXPECT_THROW(controls.SetCaption(BatchId::EnvVarValue, "x"), std::logic_error);
+  EXPECT_THROW((void)controls[BatchId::Form], std::logic_error);
+}
+
+// Every control has a text and a page of its form's help; F1 on the form opens the form's own page.
+TEST(ControlHelpTest, EveryControlHasATextAndF1OpensAPageOfItsForm) {
+  for (const FormDeclaration* form : {&Editor_Form(), &Batch_Form()}) {
+    EXPECT_EQ(Help_Page_For(*form, form->Form), form->HelpPage);
+    for (const ControlDeclaration& control : form->Controls) {
+      ASSERT_NE(Find_Control_Help(*form, control.Id), nullptr) << control.Name;
+      EXPECT_EQ(Help_Page_For(*form, control.Id).rfind(form->HelpPage, 0), 0u) << control.Name;
+    }
+  }
+}
+
+// After each change of the list, the widest item's width (a character's width is the scale).
+TEST(WidestItemTest, FollowsEveryChangeOfTheList) {
+  ListModel list;
+  list.Add("abc");
+  long scale = 1;
+  WidestItem widest(list, [&scale](const std::string& text) { return static_cast<long>(text.size()) * scale; });
+  const std::pair<std::function<void()>, long> rows[] = {
+      {[&] { list.Add("a"); }, 3},          {[&] { list.Set(0, "ab"); }, 2},
+      {[&] { list.Insert(0, "bb"); }, 2},   {[&] { list.Remove(1); }, 2},  // one of two as wide goes
+      {[&] { list.Add("12345"); }, 5},      {[&] { list.Remove(2); }, 2},
+      {[&] { scale = 3, widest.Remeasure(); }, 6}, {[&] { list.Clear(); }, 0},
+  };
+  for (const auto& [change, expected] : rows) {
+    change();
+    EXPECT_EQ(widest.Widest(), expected);
   }
 }
 
