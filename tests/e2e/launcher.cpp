@@ -1,27 +1,14 @@
-// launch.exe: starts a program with an exact command line, waits for it and
-// returns its exit status.
+// launch.exe <program> <arguments-file> <seconds>: starts the program with an
+// exact command line, waits for it and returns its exit status: 124 when it
+// still ran after <seconds> (it and every program it started, all in one job
+// object, are then ended), 125 when launch.exe itself failed.
 //
-//   launch.exe <program> <arguments-file> [seconds]
-//
-// `wine prog.exe ARGS` re-quotes its arguments (a " becomes \"), so a program
-// started that way never sees the line a Windows shell would give it. The
-// first line of <arguments-file> (UTF-8, its line end removed) is put after
-// the quoted program name exactly as written. A program still running after
-// <seconds> (default 60) is terminated and launch.exe returns 124; a failure
-// of launch.exe itself returns 125.
-//
-// The program runs in a job object, which every program it starts joins. A
-// time-out ends the whole job, not the program alone: a wizard that a script
-// started must not outlive its case. So does the end of launch.exe itself
-// (the job is killed when its last handle closes), should launch.exe be
-// killed from outside. When the program ends by itself, the programs it left
-// running are left to the caller, which may still inspect or end them (and
-// reports those it finds as left running).
-//
-// Under Wine a new process now and then dies while Wine itself starts it,
-// before any of its code runs; CreateProcess then fails with
-// ERROR_INTERNAL_ERROR. Such a start is tried again, with a note on stderr:
-// the program under test never ran, so there is nothing of it to judge.
+// `wine prog.exe ARGS` re-quotes its arguments (a " becomes \"); here the
+// first line of the UTF-8 <arguments-file> follows the quoted program name as
+// written. Programs left running when the program ends by itself are the
+// caller's to inspect or end; should launch.exe be killed, closing the job
+// ends them. A start that Wine loses before any of the program's code runs
+// (ERROR_INTERNAL_ERROR) is tried again, with a note on stderr.
 #include <windows.h>
 #include <shellapi.h>
 
@@ -35,20 +22,11 @@ namespace {
 
 constexpr int kTimedOut = 124;
 constexpr int kLaunchFailed = 125;
-constexpr DWORD kDefaultSeconds = 60;
 constexpr int kStartAttempts = 3;
 
 int Fail(const wchar_t* what, const std::wstring& detail) {
   std::fwprintf(stderr, L"launch: %ls %ls (error %lu)\n", what, detail.c_str(), GetLastError());
   return kLaunchFailed;
-}
-
-bool ReadFirstLine(const std::wstring& path, std::string& line) {
-  std::ifstream file(std::filesystem::path(path), std::ios::binary);
-  if (!file) return false;
-  std::getline(file, line);
-  line = line.substr(0, line.find('\r'));
-  return true;
 }
 
 std::wstring Widen(const std::string& utf8) {
@@ -59,25 +37,11 @@ std::wstring Widen(const std::string& utf8) {
   return wide;
 }
 
-// A job that ends its processes when its last handle closes, unless
-// Release_Job lifts that first.
-HANDLE Create_Job() {
-  HANDLE job = CreateJobObjectW(nullptr, nullptr);
-  if (!job) return nullptr;
+// Sets whether closing the job's last handle ends the processes still in it.
+bool Kill_On_Close(HANDLE job, bool kill) {
   JOBOBJECT_EXTENDED_LIMIT_INFORMATION limits{};
-  limits.BasicLimitInformation.LimitFlags = JOB_OBJECT_LIMIT_KILL_ON_JOB_CLOSE;
-  if (!SetInformationJobObject(job, JobObjectExtendedLimitInformation, &limits, sizeof limits)) {
-    CloseHandle(job);
-    return nullptr;
-  }
-  return job;
-}
-
-// Closes the job without ending the processes still in it.
-void Release_Job(HANDLE job) {
-  JOBOBJECT_EXTENDED_LIMIT_INFORMATION limits{};
-  SetInformationJobObject(job, JobObjectExtendedLimitInformation, &limits, sizeof limits);
-  CloseHandle(job);
+  limits.BasicLimitInformation.LimitFlags = kill ? JOB_OBJECT_LIMIT_KILL_ON_JOB_CLOSE : 0;
+  return SetInformationJobObject(job, JobObjectExtendedLimitInformation, &limits, sizeof limits);
 }
 
 // Starts the program suspended, trying again when Wine lost it on the way.
@@ -101,24 +65,27 @@ bool Start_Suspended(const std::wstring& program, std::wstring commandLine, PROC
 int main() {
   int argc = 0;
   wchar_t** argv = CommandLineToArgvW(GetCommandLineW(), &argc);
-  if (!argv || argc < 3 || argc > 4) {
-    std::fwprintf(stderr, L"usage: launch.exe <program> <arguments-file> [seconds]\n");
+  if (!argv || argc != 4) {
+    std::fwprintf(stderr, L"usage: launch.exe <program> <arguments-file> <seconds>\n");
     return kLaunchFailed;
   }
   const std::wstring program = argv[1];
   const std::wstring argumentsFile = argv[2];
-  const DWORD seconds = argc == 4 ? static_cast<DWORD>(std::wcstoul(argv[3], nullptr, 10)) : kDefaultSeconds;
+  const DWORD seconds = static_cast<DWORD>(std::wcstoul(argv[3], nullptr, 10));
   LocalFree(argv);
 
+  std::ifstream file(std::filesystem::path(argumentsFile), std::ios::binary);
+  if (!file) return Fail(L"cannot read", argumentsFile);
   std::string arguments;
-  if (!ReadFirstLine(argumentsFile, arguments)) return Fail(L"cannot read", argumentsFile);
+  std::getline(file, arguments);
+  arguments = arguments.substr(0, arguments.find('\r'));
 
   // The shape a Windows shell gives: the quoted program, a blank, the arguments.
   std::wstring commandLine = L"\"" + program + L"\"";
   if (!arguments.empty()) commandLine += L" " + Widen(arguments);
 
-  HANDLE job = Create_Job();
-  if (!job) return Fail(L"cannot create a job object for", program);
+  HANDLE job = CreateJobObjectW(nullptr, nullptr);
+  if (!job || !Kill_On_Close(job, true)) return Fail(L"cannot create a job object for", program);
   // Suspended until it is in the job, so that nothing it starts escapes.
   PROCESS_INFORMATION process{};
   if (!Start_Suspended(program, commandLine, process)) return Fail(L"cannot start", program);
@@ -141,7 +108,8 @@ int main() {
   } else {
     DWORD code = 0;
     if (GetExitCodeProcess(process.hProcess, &code)) status = static_cast<int>(code);
-    Release_Job(job);
+    Kill_On_Close(job, false);
+    CloseHandle(job);
   }
   CloseHandle(process.hProcess);
   return status;

@@ -1,202 +1,173 @@
 #!/usr/bin/env bash
-# Plays the end-to-end cases: velmora.exe under Wine, started with an exact
-# command line, its exit status and debug log compared with what the case
-# expects.
-#
-#   tests/e2e/run.sh [case...]      (all cases when none is named)
-#
-# tests/e2e/README.md describes the cases' format.
-# Logs are compared after mask.sed (time stamps, window handles). Needs
-# build/windows/bin/{velmora,launch}.exe; starts its own Wine session unless a
-# calling script already has one. Ends with "e2e: N passed, N failed".
-#
-# A case ends with none of its programs running, whatever its outcome. A
-# time-out ends velmora.exe and every program it started (launch.exe runs
-# them in one job). Then, after check.sh (which may end programs itself),
-# every Windows program that was not running before the case and still runs
-# fails the case ("left running: wizard.exe (pid N)") and is killed.
+# Plays the end-to-end cases (tests/e2e/README.md) with velmora.exe under Wine
+# and compares its exit status, debug log (after mask.sed) and files with the
+# case's:   tests/e2e/run.sh [case...]      (all cases when none is named)
+# Starts its own Wine session unless a calling script already has one. Ends
+# with "e2e: N passed, N failed".
 set -uo pipefail
 
 here="$(cd "$(dirname "${BASH_SOURCE[0]}")" && pwd)"
-root="$(cd "$here/../.." && pwd)"
-bin="${VELMORA_BIN:-$root/build/windows/bin}"
-work_root="$root/build/e2e"
-mask="$here/mask.sed"
+# shellcheck source=lib.sh
+source "$here/lib.sh"  # E2E_ROOT, E2E_BIN, the Wine session's helpers, launch
+work_root="$E2E_ROOT/build/e2e"
 
 for program in velmora.exe launch.exe; do
-  [ -f "$bin/$program" ] || { echo "e2e: $bin/$program is missing; build the windows preset first" >&2 && exit 2; }
+  [ -f "$E2E_BIN/$program" ] || { echo "e2e: $E2E_BIN/$program is missing; build the windows preset first" >&2 && exit 2; }
 done
-
-# shellcheck source=../../tools/wine-env.sh
-source "$root/tools/wine-env.sh"
 wine_start || { echo "e2e: no Wine session" >&2; exit 2; }
 
-velmora_win="$(wine_winpath "$bin/velmora.exe")"
+velmora_win="$(wine_winpath "$E2E_BIN/velmora.exe")"
 passed=0
 failed=0
 
-# Normalised debug log for comparison: CR removed, masks applied, and the
-# path of the velmora.exe under test (which depends on the checkout) shown as
-# <E2E_VELMORA>.
+# A debug log as compared: CR removed, masked, and the checkout's path of the
+# velmora.exe under test shown as <E2E_VELMORA>.
 normalise() {
-  tr -d '\r' <"$1" | sed -E -f "$mask" | perl -pe 'BEGIN { $path = shift } s/\Q$path\E/<E2E_VELMORA>/g' "$velmora_win"
+  tr -d '\r' <"$1" | sed -E -f "$here/mask.sed" | perl -pe 'BEGIN { $path = shift } s/\Q$path\E/<E2E_VELMORA>/g' "$velmora_win"
 }
 
-# Succeeds when every line of the file ends in CR LF, the last one too, and
-# no CR stands anywhere else.
-all_lines_end_in_crlf() {
-  [ ! -s "$1" ] || { [ -z "$(tail -c 1 "$1")" ] && ! grep -qv $'\r$' "$1" &&
-    [ "$(tr -cd '\r' <"$1" | wc -c)" -eq "$(wc -l <"$1")" ]; }
-}
+# Every line ends in CR LF, the last one too, and no CR stands anywhere else.
+all_lines_end_in_crlf() { perl -0777 -ne 'exit !/\A(?:[^\r\n]*\r\n)*\z/' "$1"; }
 
-# Seconds that the programs a case leaves may take to end by themselves (one
-# closed by the script's last line may still be on its way out).
-readonly ending_seconds=5
-
-# Reports and kills the session's Windows programs that run now and are not
-# listed in the file $1 (wine_programs before the case).
+# Reports and kills the session's Windows programs that are not listed in the
+# file $1 (those running before the case) and do not end within 5 s: one
+# closed by the script's last line may still be on its way out.
 end_left_programs() {
-  local before="$1" left pid name tries
-  for ((tries = ending_seconds * 5; tries >= 0; tries--)); do
-    left="$(wine_programs | grep -vxFf "$before")"
+  local left pid tries
+  for ((tries = 25; tries >= 0; tries--)); do
+    left="$(wine_programs | grep -vxFf "$1")"
     [ -z "$left" ] && return 0
     [ "$tries" -gt 0 ] && sleep 0.2
   done
-  while read -r pid name; do
-    echo "left running: $name (pid $pid)"
-    kill -KILL "$pid" 2>/dev/null
-  done <<<"$left"
-  # Gone before the next case starts (a killed process may linger as a zombie).
+  sed -E 's/^([0-9]+) (.*)$/left running: \2 (pid \1)/' <<<"$left"
   for pid in $(cut -d' ' -f1 <<<"$left"); do
+    kill -KILL "$pid" 2>/dev/null
+    # Gone before the next case starts (a killed process may linger as a zombie).
     _wine_wait_for "! [ -e /proc/$pid ] || grep -q '^State:.*zombie' /proc/$pid/status 2>/dev/null" 100 ||
       echo "pid $pid did not end when killed"
   done
 }
 
-# Runs one variant of a case and prints its verdict.
-#   run_one <case dir> <label> <variant> <expected status> <expected log or ""> <KEY=VALUE lines> <command line>
-run_one() {
-  local case_dir="$1" label="$2" variant="$3" want_status="$4" expected="$5" env_lines="$6" command_line="$7"
-  local scratch="$work_root/$label" problems="" prepared
-  local wd="$scratch/work"
-  rm -rf "$scratch" && mkdir -p "$wd"
-  [ -d "$case_dir/files" ] && cp -a "$case_dir/files/." "$wd/"
-  wine_programs >"$scratch/programs_before.txt"
-  if [ -f "$case_dir/prepare.sh" ] &&
-    ! prepared="$(cd "$wd" && E2E_CASE="$case_dir" E2E_LIB="$here/lib.sh" bash "$case_dir/prepare.sh" 2>&1)"; then
-    echo "FAIL $label (prepare.sh failed)" && printf '%s\n' "$prepared" | sed 's/^/    /'
-    end_left_programs "$scratch/programs_before.txt" | sed 's/^/    /'
-    failed=$((failed + 1)) && return
-  fi
-  printf '%s\n' "$command_line" >"$scratch/cmdline.txt"
-  (cd "$wd" && find . -type f | sort) >"$scratch/before.txt"
+# Prints how the debug log $2 differs from the case's expected log $1.
+compare_log() {
+  local expected="$1" actual="$2" name="${2##*/}"
+  [ -f "$expected" ] || { echo "the case has no file ${expected#"$E2E_ROOT/"}" && return; }
+  [ -f "$actual" ] || { echo "no debug file $name was written" && return; }
+  all_lines_end_in_crlf "$actual" || echo "$name has a line that does not end in CR LF"
+  diff -u --label "expected ${expected#"$E2E_ROOT/"}" --label "actual $name (masked)" \
+    <(normalise "$expected") <(normalise "$actual") | sed '1s/^/debug log differs:\n/'
+}
 
-  local status started=$SECONDS
+# Prints each file of the case's expect/ folder $1 that the working folder $2
+# does not hold with exactly those bytes.
+compare_files() {
+  local name
+  while IFS= read -r name; do
+    cmp -s "$1/$name" "$2/$name" && continue
+    echo "$name differs from expect/$name:"
+    diff <(cat -A "$1/$name") <(cat -A "$2/$name" 2>&1) | sed 's/^/  /'
+  done < <([ -d "$1" ] && cd "$1" && find . -type f | sed 's|^\./||' | sort)
+}
+
+# Runs the case's prepare.sh or check.sh ($2) in the working folder $3, under
+# bash -e with lib.sh's helpers loaded, E2E_CASE and E2E_LIB set.
+case_script() {
+  (cd "$3" && E2E_CASE="$1" E2E_LIB="$here/lib.sh" bash -ec 'source "$E2E_LIB"; source "$0"' "$1/$2")
+}
+
+# Plays one run of the case; sets status and seconds.
+#   play <case dir> <scratch> <command line> <KEY=VALUE lines>
+play() {
+  local case_dir="$1" wd="$2/work" started=$SECONDS limit=30
+  [ -f "$case_dir/time_limit" ] && limit="$(tr -d '[:space:]' <"$case_dir/time_limit")"
   (
     cd "$wd" || exit 125
     # Wine hands the Unix environment to Windows programs: only the case's own.
     unset SPEED_FACTOR
-    # A script that drives Velmora's own editor starts it by this name.
     export E2E_VELMORA="$velmora_win"
-    local assignment
-    while IFS= read -r assignment; do
-      [ -n "$assignment" ] && export "${assignment?}"
-    done <<<"$env_lines"
-    local limit=30
-    [ -f "$case_dir/time_limit" ] && limit="$(trim "$(cat "$case_dir/time_limit")")"
-    VELMORA_WINE_TIMEOUT=$((limit + 30)) wine_run "$bin/launch.exe" "$velmora_win" \
-      "$(wine_winpath "$scratch/cmdline.txt")" "$limit"
-  ) >"$scratch/launch.log" 2>&1
+    while IFS= read -r assignment; do [ -z "$assignment" ] || export "${assignment?}"; done <<<"$4"
+    launch "$velmora_win" "$3" "$limit" "$2/cmdline.txt"
+  ) >"$2/launch.log" 2>&1
   status=$?
-  local seconds=$((SECONDS - started))
+  seconds=$((SECONDS - started))
+}
 
-  [ "$status" == "$want_status" ] || problems+="exit status $status, expected $want_status"$'\n'
-
-  if [ -n "$expected" ] && [ ! -f "$expected" ]; then
-    problems+="the case has no file ${expected#"$root/"}"$'\n'
-  elif [ -n "$expected" ]; then
-    local debug_name="a.vld"
-    [ -f "$case_dir/debug_file" ] && debug_name="$(head -n 1 "$case_dir/debug_file")"
-    local actual="$wd/$debug_name"
-    if [ ! -f "$actual" ]; then
-      problems+="no debug file $debug_name was written"$'\n'
-    else
-      all_lines_end_in_crlf "$actual" || problems+="$debug_name has a line that does not end in CR LF"$'\n'
-      local difference
-      if ! difference="$(diff -u --label "expected ${expected#"$root/"}" --label "actual $debug_name (masked)" \
-        <(normalise "$expected") <(normalise "$actual"))"; then
-        problems+="debug log differs:"$'\n'"$difference"$'\n'
+# Runs one variant of a case and prints its verdict.
+#   run_one <case dir> <label> <variant> <expected status> <expected log or ""> <KEY=VALUE lines> <command line>
+run_one() {
+  local case_dir="$1" label="$2" scratch="$work_root/$2" problems prepared status seconds debug_name="a.vld"
+  local wd="$scratch/work"
+  rm -rf "$scratch" && mkdir -p "$wd"
+  [ -d "$case_dir/files" ] && cp -a "$case_dir/files/." "$wd/"
+  [ -f "$case_dir/debug_file" ] && debug_name="$(head -n 1 "$case_dir/debug_file")"
+  wine_programs >"$scratch/programs_before.txt"
+  if [ -f "$case_dir/prepare.sh" ] &&
+    ! prepared="$(case_script "$case_dir" prepare.sh "$wd" 2>&1)"; then
+    problems="prepare.sh failed, the case was not played:"$'\n'"$prepared"
+  else
+    (cd "$wd" && find . -type f | sort) >"$scratch/before.txt"
+    play "$case_dir" "$scratch" "$7" "$6"
+    problems="$(
+      [ "$status" == "$4" ] || echo "exit status $status, expected $4"
+      [ -z "$5" ] || compare_log "$5" "$wd/$debug_name"
+      if [ -f "$case_dir/check.sh" ]; then
+        E2E_STATUS="$status" E2E_VARIANT="$3" E2E_BEFORE="$scratch/before.txt" E2E_SECONDS="$seconds" \
+          case_script "$case_dir" check.sh "$wd" >"$scratch/check.log" 2>&1 ||
+          { echo "check.sh failed:" && cat "$scratch/check.log"; }
       fi
-    fi
+    )"
   fi
-
-  if [ -f "$case_dir/check.sh" ]; then
-    local check_output
-    if ! check_output="$(cd "$wd" && E2E_STATUS="$status" E2E_VARIANT="$variant" E2E_BEFORE="$scratch/before.txt" E2E_SECONDS="$seconds" \
-      E2E_CASE="$case_dir" E2E_LIB="$here/lib.sh" bash "$case_dir/check.sh" 2>&1)"; then
-      problems+="check.sh failed:"$'\n'"$check_output"$'\n'
-    fi
-  fi
-  local left_running
-  left_running="$(end_left_programs "$scratch/programs_before.txt")"
-  [ -z "$left_running" ] || problems+="$left_running"$'\n'
+  problems+=$'\n'"$(end_left_programs "$scratch/programs_before.txt")"
+  # Once the programs ended: the files they wrote are whole.
+  problems+=$'\n'"$(compare_files "$case_dir/expect" "$wd")"
+  # Settings that a run stored do not reach the next one.
+  wine_run reg delete 'HKCU\Software\Velmora Software' /f >/dev/null 2>&1
+  problems="$(grep -v '^$' <<<"$problems")"
 
   if [ -z "$problems" ]; then
     echo "PASS $label"
     # A start that Wine lost and launch.exe made again is worth seeing.
-    grep -h 'died while starting' "$scratch/launch.log" | sed 's/^/    note: /'
+    grep -hs 'died while starting' "$scratch/launch.log" | sed 's/^/    note: /'
     passed=$((passed + 1))
   else
-    echo "FAIL $label (command line: $command_line)"
-    printf '%s' "$problems" | sed 's/^/    /'
-    if [ -s "$scratch/launch.log" ]; then
-      echo "    output of the run:"
-      sed 's/^/      /' "$scratch/launch.log"
-    fi
+    echo "FAIL $label (command line: $7)"
+    sed 's/^/    /' <<<"$problems"
+    [ -s "$scratch/launch.log" ] && echo "    output of the run:" && sed 's/^/      /' "$scratch/launch.log"
     failed=$((failed + 1))
   fi
 }
 
-trim() { local s="$1"; s="${s#"${s%%[![:space:]]*}"}"; printf '%s' "${s%"${s##*[![:space:]]}"}"; }
-
 run_case() {
-  local case_dir="$1" name row field variant status log env_words env_lines command_line expected label common_env=""
+  local case_dir="$1" name row field variant status log env_words env_lines command_line label common_env=""
   name="$(basename "$case_dir")"
   [ -f "$case_dir/table" ] || { echo "FAIL $name (the case has no table)" && failed=$((failed + 1)) && return; }
   [ -f "$case_dir/env" ] && common_env="$(tr -d '\r' <"$case_dir/env" | grep -v '^[[:space:]]*\(#\|$\)')"
   while IFS= read -r row || [ -n "$row" ]; do
     row="${row%$'\r'}"
-    [[ "$(trim "$row")" == "" || "$(trim "$row")" == \#* ]] && continue
+    [[ "$row" =~ ^[[:space:]]*(#|$) ]] && continue
     IFS='|' read -r variant status log env_words _ <<<"$row"
-    for field in variant status log env_words; do printf -v "$field" '%s' "$(trim "${!field}")"; done
+    for field in variant status log env_words; do read -r "${field?}" <<<"${!field}"; done
     command_line="${row#*|*|*|*|}"
     command_line="${command_line#"${command_line%%[! ]*}"}"
-    expected=""
-    [ "$log" != "-" ] && expected="$case_dir/$log"
     env_lines="$common_env"
     [ "$env_words" != "-" ] && env_lines+=$'\n'"$(tr -s ' ' '\n' <<<"$env_words")"
     # A case of one run has no variant name.
     label="$name/$variant"
     [ "$variant" == "-" ] && variant="" && label="$name"
-    run_one "$case_dir" "$label" "$variant" "$status" "$expected" "$env_lines" "$command_line"
+    [ "$log" == "-" ] && log="" || log="$case_dir/$log"
+    run_one "$case_dir" "$label" "$variant" "$status" "$log" "$env_lines" "$command_line"
   done <"$case_dir/table"
 }
 
-cases=()
-if [ $# -gt 0 ]; then
-  for name in "$@"; do cases+=("$here/cases/${name%/}"); done
-else
-  for dir in "$here"/cases/*/; do cases+=("${dir%/}"); done
-fi
-
+cases=("$@")
+[ $# -gt 0 ] || for dir in "$here"/cases/*/; do cases+=("$(basename "$dir")"); done
 started=$(date +%s)
-for case_dir in "${cases[@]}"; do
-  if [ ! -d "$case_dir" ]; then
-    echo "FAIL $(basename "$case_dir") (no such case)"
-    failed=$((failed + 1))
-    continue
+for name in "${cases[@]}"; do
+  if [ -d "$here/cases/${name%/}" ]; then
+    run_case "$here/cases/${name%/}"
+  else
+    echo "FAIL $name (no such case)" && failed=$((failed + 1))
   fi
-  run_case "$case_dir"
 done
 echo "e2e: $passed passed, $failed failed ($(($(date +%s) - started)) s)"
 [ "$failed" -eq 0 ]

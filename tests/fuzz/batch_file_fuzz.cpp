@@ -8,12 +8,9 @@
 #include "set_statements.h"
 #include "text.h"
 
-namespace {
+namespace velmora::fuzz {
 
-using namespace velmora;
-using fuzz::Require;
-
-std::vector<std::string> Read_Lines(fuzz::Session& session, std::string bytes) {
+std::vector<std::string> Read_Lines(Session& session, std::string bytes) {
   Engine& engine = session.engine;
   std::string name = "b.bat";
   session.host.files[name] = std::move(bytes);
@@ -59,11 +56,9 @@ void Check_Updates(const std::vector<std::string>& lines) {
   }
 }
 
-}  // namespace
-
-extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-  fuzz::Session session(true);
-  const auto lines = Read_Lines(session, std::string(reinterpret_cast<const char*>(data), size));
+void One_Input(std::string_view bytes) {
+  Session session(true);
+  const auto lines = Read_Lines(session, std::string(bytes));
   Check_Steps(lines);
   Check_Updates(lines);
   std::vector<std::string> shown = {"heading"};
@@ -72,5 +67,6 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   const auto saved = Lines_To_Save(shown);
   Require(saved.size() == lines.size());
   for (std::size_t i = 0; i < lines.size(); ++i) Require(saved[i] == Trim(lines[i]));
-  return 0;
 }
+
+}  // namespace velmora::fuzz

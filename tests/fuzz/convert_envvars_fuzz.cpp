@@ -6,16 +6,13 @@
 #include "environment.h"
 #include "fuzz_support.h"
 
-namespace {
-
-using namespace velmora;
-using fuzz::Require;
+namespace velmora::fuzz {
 
 constexpr std::string_view kOverflowed = "Error Location:  Velmora.(General).Convert_EnvVars.TrappableErrors.1";
 constexpr std::string_view kMany = " Environment Variables Used.  Conversion follows:";
 
 void Expand(const std::string& text, bool interactive) {
-  fuzz::Session session(interactive);
+  Session session(interactive);
   session.host.environment = {{"OS", "Windows_NT"}, {"EMPTY", ""}, {" PATH", "C:\\BIN"}, {"BACK", "`OS`"}, {"A", "``"}};
   std::string expanded;
   try {
@@ -41,11 +38,9 @@ void Expand(const std::string& text, bool interactive) {
   TestEnvironmentVariables_Command(session.engine, true, text + '\n' + text, session.engine.state.LastCommandSucceeded);
 }
 
-}  // namespace
-
-extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-  const std::string text(reinterpret_cast<const char*>(data), size);
-  Expand(text, true);
-  Expand(text, false);
-  return 0;
+void One_Input(std::string_view bytes) {
+  Expand(std::string(bytes), true);
+  Expand(std::string(bytes), false);
 }
+
+}  // namespace velmora::fuzz

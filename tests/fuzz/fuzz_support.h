@@ -1,5 +1,7 @@
-// What the fuzz targets share: a broken promise stops the run, and an engine
-// on the simulated platform (an automatic one with its debug file a.vld open).
+// What the fuzz targets share: the entry point, which hands the input to the
+// target's One_Input; a broken promise stops the run; and an engine on the
+// simulated platform (an automatic one with its debug file a.vld open). Each
+// target is one source file that includes this once.
 #pragma once
 
 #include <algorithm>
@@ -39,10 +41,14 @@ struct Session {
   std::vector<std::string> Log() const {
     return engine.state.InteractiveSession ? engine.DebugWindow.Items() : host.Lines("a.vld");
   }
-  bool Logged(std::string_view line) const {
-    const auto log = Log();
-    return std::find(log.begin(), log.end(), line) != log.end();
-  }
+  bool Logged(std::string_view line) const { return std::ranges::count(Log(), line) > 0; }
 };
 
+void One_Input(std::string_view bytes);
+
 }  // namespace velmora::fuzz
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+  velmora::fuzz::One_Input({reinterpret_cast<const char*>(data), size});
+  return 0;
+}

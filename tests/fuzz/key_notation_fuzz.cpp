@@ -7,10 +7,7 @@
 #include "fuzz_support.h"
 #include "key_notation.h"
 
-namespace {
-
-using namespace velmora;
-using fuzz::Require;
+namespace velmora::fuzz {
 
 void Check_Balanced(const std::vector<KeyInput>& inputs) {
   std::set<std::uint16_t> held;
@@ -22,26 +19,18 @@ void Check_Balanced(const std::vector<KeyInput>& inputs) {
               inputs[index + 1].character == input.character);
       continue;
     }
-    if (input.up)
-      Require(held.erase(input.virtualKey) == 1);
-    else
-      Require(held.insert(input.virtualKey).second);
+    Require(input.up ? held.erase(input.virtualKey) == 1 : held.insert(input.virtualKey).second);
   }
   Require(held.empty());
 }
 
-}  // namespace
-
-extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-  const std::string_view keys(reinterpret_cast<const char*>(data), size);
+void One_Input(std::string_view keys) {
   const KeyParseResult result = Parse_Key_String(keys);
-  if (!result.ok) {
-    Require(result.inputs.empty());
-    Require(!result.error.empty());
-    Require(result.errorPosition >= 1 && result.errorPosition <= size);
-    return 0;
-  }
+  if (!result.ok)
+    return Require(result.inputs.empty() && !result.error.empty() && result.errorPosition >= 1 &&
+                   result.errorPosition <= keys.size());
   Require(result.error.empty() && result.errorPosition == 0);
   Check_Balanced(result.inputs);
-  return 0;
 }
+
+}  // namespace velmora::fuzz

@@ -4,10 +4,7 @@
 #include "fuzz_support.h"
 #include "parser.h"
 
-namespace {
-
-using namespace velmora;
-using fuzz::Require;
+namespace velmora::fuzz {
 
 constexpr std::int16_t kFailingLine = 3;
 
@@ -23,22 +20,20 @@ void Check_Outputs(bool accepted, const ParsedCommand& command) {
     Require(command.MouseX >= 0 && command.MouseX <= 65535 && command.MouseY >= 0 && command.MouseY <= 65535);
 }
 
-}  // namespace
-
-extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-  const std::string_view line(reinterpret_cast<const char*>(data), size);
-  fuzz::Session editor(true);
+void One_Input(std::string_view line) {
+  Session editor(true);
   for (int index = 0; index < 8; ++index) editor.engine.TraceWindow.Add("line");
   ParsedCommand command;
   Check_Outputs(Parse_Command(editor.engine, true, line, 1.5, command, kFailingLine), command);
   // Only a failing line is selected in the trace.
   Require(command.ParseError || editor.engine.TraceWindow.Selected() == ListModel::kNoSelection);
-  fuzz::Session automatic(false);
+  Session automatic(false);
   try {
     ParsedCommand parsed;
     Check_Outputs(Parse_Command(automatic.engine, false, line, 1, parsed, kNoEditorLine), parsed);
   } catch (const ProcessEnded&) {
     // A fatal report ends an automatic session.
   }
-  return 0;
 }
+
+}  // namespace velmora::fuzz

@@ -8,10 +8,7 @@
 #include "process_arguments.h"
 #include "text.h"
 
-namespace {
-
-using namespace velmora;
-using fuzz::Require;
+namespace velmora::fuzz {
 
 constexpr char kUnset[] = "\"unset\"";  // no name can hold a quote
 
@@ -20,7 +17,7 @@ bool Trimmed_Without_Quotes(const std::string& name) {
 }
 
 void Check_Split(const std::string& line, bool interactive) {
-  fuzz::Session session(interactive);
+  Session session(interactive);
   session.host.commandLine = line;
   std::string script = kUnset, debug = kUnset;
   bool accepted = false;
@@ -36,10 +33,8 @@ void Check_Split(const std::string& line, bool interactive) {
   if (line.find('"') == std::string::npos) Require(script == Trim(line) && debug == kUnset);
 }
 
-}  // namespace
-
-extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-  const std::string full(reinterpret_cast<const char*>(data), size);
+void One_Input(std::string_view bytes) {
+  const std::string full(bytes);
   // The arguments are what follows the program name and the white space after it.
   const std::string line = Arguments_Of(full);
   Require(line.size() <= full.size() && full.ends_with(line));
@@ -47,5 +42,6 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   Check_Split(line, true);
   Check_Split(line, false);
   Check_Split(full, true);
-  return 0;
 }
+
+}  // namespace velmora::fuzz

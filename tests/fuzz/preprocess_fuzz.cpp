@@ -8,10 +8,7 @@
 #include "preprocessor.h"
 #include "text.h"
 
-namespace {
-
-using namespace velmora;
-using fuzz::Require;
+namespace velmora::fuzz {
 
 constexpr std::string_view kPassTrapped = "Error Location:  Velmora.(General).Preprocess_Commands.TrappableErrors.1";
 
@@ -45,7 +42,7 @@ void Check_Block_Table(const Engine& engine) {
 }
 
 void Pass(const std::vector<std::string>& lines, bool interactive) {
-  fuzz::Session session(interactive);
+  Session session(interactive);
   Engine& engine = session.engine;
   for (const auto& line : lines) engine.TraceWindow.Add(line);
   try {
@@ -67,11 +64,10 @@ void Pass(const std::vector<std::string>& lines, bool interactive) {
   }
 }
 
-}  // namespace
-
-extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-  const auto lines = Split_Lines(std::string_view(reinterpret_cast<const char*>(data), size));
+void One_Input(std::string_view bytes) {
+  const auto lines = Split_Lines(bytes);
   Pass(lines, true);
   Pass(lines, false);
-  return 0;
 }
+
+}  // namespace velmora::fuzz

@@ -1,10 +1,6 @@
-# The saved script, byte for byte; the placement and file names that the
-# editor stored; and the second start, which loaded them without asking.
-set -e
-source "$E2E_LIB"
-expect_same_bytes saved.vls expected_script.vls
+# The placement and file names that the editor stored, and the second start,
+# which loaded them without asking (expect/ holds the saved script).
 stored="$(wine_run reg query 'HKCU\Software\Velmora Software\Velmora\Editor' 2>/dev/null | tr -d '\r')"
-forget_settings Editor
 folder="$(wine_winpath "$PWD")"
 # A first start centres the designed 9600 x 9000 twips on the 1280 x 1024 screen.
 for pair in "Left=4800" "Top=3180" "Width=9600" "Height=9000" "WindowState=0" \

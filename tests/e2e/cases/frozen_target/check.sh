@@ -3,8 +3,6 @@
 # within its own bound instead of waiting for the program. (A bound on the
 # run's wall-clock time would also measure how busy the machine is.) It is
 # ended first, whatever else failed.
-set -e
-source "$E2E_LIB"
 still_frozen="$(wine_programs | grep -ci ' frozen\.exe$' || true)"
 end_windows_process frozen.pid || true  # gone already when it thawed
 [ "$still_frozen" -gt 0 ] ||

@@ -1,1 +1,1 @@
-source "$E2E_LIB" && expect_no_new_files
+expect_no_new_files

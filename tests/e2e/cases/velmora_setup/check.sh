@@ -1,12 +1,8 @@
 # files/setup.vls installed Velmora through its installer's wizard. Then: the installed
 # velmora.exe plays the installed sample; uninstall /S (settings kept); install /S /D=;
 # files/uninstall.vls uninstalls through the wizard, answering Yes to removing the settings.
-set -e
-root="$(cd "$E2E_CASE/../../../.." && pwd)"
-bin="${VELMORA_BIN:-$root/build/windows/bin}"
-source "$E2E_LIB"
 wizard_dir="$(sed -n 's/^INSTALLDIR=//p' "$E2E_CASE/env" | tr -d '\r')" silent_dir='C:\Velmora Test' sample_dir='C:\Velmora Sample Test'
-stage=("$root"/build/dist/velmora-*/) && stage="${stage[0]%/}" # the packaged files, as staged
+stage=("$E2E_ROOT"/build/dist/velmora-*/) && stage="${stage[0]%/}" # the packaged files, as staged
 uninstall_key='HKLM\Software\Microsoft\Windows\CurrentVersion\Uninstall\Velmora'
 start_menu="$WINEPREFIX/drive_c/ProgramData/Microsoft/Windows/Start Menu/Programs/Velmora"
 
@@ -18,11 +14,8 @@ session_pids() { for pid in $(pgrep -f "$1"); do grep -qxzF "WINEPREFIX=$WINEPRE
 # Nothing left for the next cases: no setup window to take their keys, no folders.
 trap 'kill $(session_pids "velmora-(sample-)?setup\.exe|\\\\Un\.exe") 2>/dev/null || true;
   rm -rf "$(unix "$wizard_dir")" "$(unix "$silent_dir")" "$(unix "$sample_dir")"' EXIT
-# launch <program> <exact arguments> <seconds>; a setup it starts inherits its output: a file, not run.sh's pipe.
-launch() {
-  printf '%s\n' "$2" >arguments.txt
-  VELMORA_WINE_TIMEOUT=$(($3 + 30)) wine_run "$bin/launch.exe" "$1" "$(wine_winpath "$PWD/arguments.txt")" "$3" >>wine.txt 2>&1
-}
+# launch_here <program> <exact arguments> <seconds>; a setup it starts inherits its output: a file, not run.sh's pipe.
+launch_here() { launch "$@" "$PWD/arguments.txt" >>wine.txt 2>&1; }
 # expect_value <key> <value name, empty for the default> <data>
 expect_value() {
   local which=(/ve) && [ -n "$2" ] && which=(/v "$2")
@@ -56,9 +49,9 @@ $uninstall_key|QuietUninstallString|"$wizard_dir\uninstall.exe" /S
 ROWS
 
 # The installed velmora.exe plays the installed sample, which installs the sample program.
-TARGETDIR="$sample_dir" launch "$wizard_dir\\velmora.exe" "\"$wizard_dir\\install.vls\" \"sample.vld\"" 90 ||
+TARGETDIR="$sample_dir" launch_here "$wizard_dir\\velmora.exe" "\"$wizard_dir\\install.vls\" \"sample.vld\"" 90 ||
   fail "status $?: $(cat sample.vld 2>&1)"$'\n'"output: $(cat wine.txt)"$'\n'"here: $(ls -l)"$'\n'"installed: $(ls -l "$folder")"
-cmp "$bin/velmora-hello.exe" "$(unix "$sample_dir")/velmora-hello.exe"
+cmp "$E2E_BIN/velmora-hello.exe" "$(unix "$sample_dir")/velmora-hello.exe"
 wait_for '[ -z "$(session_pids "velmora-sample-setup\\.exe")" ]' "the sample setup still runs" # its file is in use
 
 # A silent uninstall removes everything but the settings.
@@ -69,13 +62,13 @@ for key in 'HKCR\.vls' 'HKCR\velmora' "$uninstall_key"; do ! key_exists "$key" |
 expect_value 'HKCU\Software\Velmora Software\Velmora\EnvVarSetup' BatchFile 'C:\kept.bat'
 
 # A silent installation, into the folder that /D= names.
-launch "$(wine_winpath "$PWD/velmora-setup.exe")" "/S /D=$silent_dir" 60 || fail "silent installation: status $?"
+launch_here "$(wine_winpath "$PWD/velmora-setup.exe")" "/S /D=$silent_dir" 60 || fail "silent installation: status $?"
 folder="$(unix "$silent_dir")"
 for name in velmora.exe velmora-check.exe; do cmp "$stage/$name" "$folder/$name"; done
 [ -f "$folder/uninstall.exe" ] || fail "no uninstall.exe in $silent_dir"
 expect_value "$uninstall_key" InstallLocation "$silent_dir"
 
 # Played by the velmora.exe under test: an installed one could not be deleted while it runs.
-INSTALLDIR="$silent_dir" launch "$(wine_winpath "$bin/velmora.exe")" '"uninstall.vls" "uninstall.vld"' 60 || fail "status $?: $(cat uninstall.vld)"
+INSTALLDIR="$silent_dir" launch_here "$(wine_winpath "$E2E_BIN/velmora.exe")" '"uninstall.vls" "uninstall.vld"' 60 || fail "status $?: $(cat uninstall.vld)"
 uninstalled "$silent_dir"
 ! key_exists 'HKCU\Software\Velmora Software' || fail "the settings are left, although the uninstall was told Yes"
