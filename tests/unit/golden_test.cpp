@@ -1,6 +1,6 @@
 // Scripts played in an automatic session on the simulated platform, each
 // compared with the whole log it must leave and its exit status. The cases
-// are data: golden/*.cases (format in golden/README).
+// are data: golden/*.cases, described in golden/README.
 #include <filesystem>
 #include <fstream>
 #include <map>
@@ -19,7 +19,16 @@ namespace {
 struct GoldenCase {
   std::string name;
   std::map<std::string, Lines> sections;  // by title: "env", "a.vls", "a.vld", ...
+
+  // A section's lines; blank lines only set sections apart, except in the script and the log.
+  Lines Section(const std::string& title) const {
+    Lines lines = sections.count(title) ? sections.at(title) : Lines{};
+    if (title != "a.vls" && title != "a.vld") lines.erase(std::remove(lines.begin(), lines.end(), ""), lines.end());
+    return lines;
+  }
 };
+// gtest names the case, not its bytes.
+void PrintTo(const GoldenCase& golden, std::ostream* out) { *out << golden.name; }
 
 std::vector<GoldenCase> Load_Cases() {
   std::vector<GoldenCase> cases;
@@ -41,24 +50,10 @@ std::vector<GoldenCase> Load_Cases() {
   return cases;
 }
 
-// Blank lines only set sections apart, except in the script and the log.
-Lines Without_Blanks(Lines lines) {
-  lines.erase(std::remove(lines.begin(), lines.end(), ""), lines.end());
-  return lines;
-}
-
-std::string Joined_Lines(const Lines& lines) {
+std::string Text_Of(const Lines& lines) {
   std::string text;
   for (const std::string& line : lines) text += (line == "<identification>" ? Identification_Line() : line) + "\r\n";
   return text;
-}
-
-// "path | kind | machine | runs": what looking at a program's file finds.
-ProgramFile Program_File(const std::string& kind, std::uint16_t machine, bool runs) {
-  using Kind = ProgramFile::Kind;
-  const std::map<std::string, Kind> kinds = {
-      {"program", Kind::Program}, {"folder", Kind::Folder}, {"document", Kind::NotAProgram}};
-  return {kinds.at(kind), machine, runs};
 }
 
 struct Session {
@@ -69,32 +64,30 @@ struct Session {
   Automation automation{engine, desktop};
   ScriptInterpreter interpreter;
 
-  void Set_Up(const std::map<std::string, Lines>& sections) {
+  explicit Session(const GoldenCase& golden) {
     engine.desktop = &desktop;
     engine.automation = &automation;
-    const auto section = [&](const char* title) {
-      const auto it = sections.find(title);
-      return it == sections.end() ? Lines{} : Without_Blanks(it->second);
-    };
-    for (const std::string& line : section("env"))
+    for (const std::string& line : golden.Section("env"))
       host.environment[line.substr(0, line.find('='))] = line.substr(line.find('=') + 1);
-    for (const std::string& separator : section("decimal separator")) host.decimalSeparator = separator;
-    for (const std::string& outcome : section("starts")) host.startOutcomes.push_back(outcome == "starts");
-    desktop.serviceSession = !section("services' session").empty();
-    for (const std::string& line : section("programs")) {
+    for (const std::string& separator : golden.Section("decimal separator")) host.decimalSeparator = separator;
+    for (const std::string& outcome : golden.Section("starts")) host.startOutcomes.push_back(outcome == "starts");
+    desktop.serviceSession = !golden.Section("services' session").empty();
+    const std::map<std::string, ProgramFile::Kind> kinds = {
+        {"program", ProgramFile::Kind::Program}, {"folder", ProgramFile::Kind::Folder},
+        {"document", ProgramFile::Kind::NotAProgram}};
+    for (const std::string& line : golden.Section("programs")) {
       std::istringstream fields(line);
       std::string path, kind;
       unsigned machine = 0;
       bool runs = true;
       fields >> path >> kind >> std::hex >> machine >> runs;
-      host.programFiles[path] = Program_File(kind, static_cast<std::uint16_t>(machine), runs);
+      host.programFiles[path] = {kinds.at(kind), static_cast<std::uint16_t>(machine), runs};
     }
-    for (const std::string& line : section("start failures")) {
-      // "command line | code | system text"
+    for (const std::string& line : golden.Section("start failures")) {
       const auto first = line.find(" | "), second = line.find(" | ", first + 3);
       host.startFailures[line.substr(0, first)] = {std::stol(line.substr(first + 3)), line.substr(second + 3)};
     }
-    host.files["a.vls"] = Joined_Lines(sections.count("a.vls") ? sections.at("a.vls") : Lines{});
+    host.files["a.vls"] = Text_Of(golden.Section("a.vls"));
     host.commandLine = "\"a.vls\" \"a.vld\"";
   }
 
@@ -108,29 +101,22 @@ struct Session {
   }
 };
 
-// gtest names the case, not its bytes.
-void PrintTo(const GoldenCase& golden, std::ostream* out) { *out << golden.name; }
-
 class GoldenTest : public ::testing::TestWithParam<GoldenCase> {};
 
+// gtest shows a mismatch of the logs as a diff of their lines.
 TEST_P(GoldenTest, LeavesTheExpectedLogAndStatus) {
   const GoldenCase& golden = GetParam();
-  Session session;
-  session.Set_Up(golden.sections);
+  Session session(golden);
   const int status = session.Play();
-  const std::string expected = Joined_Lines(golden.sections.at("a.vld"));
-  const std::string& actual = session.host.files["a.vld"];
-  EXPECT_EQ(actual, expected) << golden.name;
-  EXPECT_EQ(std::to_string(status), Without_Blanks(golden.sections.at("status")).at(0)) << golden.name;
+  EXPECT_EQ(session.host.files["a.vld"], Text_Of(golden.Section("a.vld"))) << golden.name;
+  EXPECT_EQ(Lines{std::to_string(status)}, golden.Section("status")) << golden.name;
 }
 
-std::string Test_Name(const ::testing::TestParamInfo<GoldenCase>& info) {
-  std::string name = std::to_string(info.index) + "_";
+INSTANTIATE_TEST_SUITE_P(Cases, GoldenTest, ::testing::ValuesIn(Load_Cases()), [](const auto& info) {
+  std::string name;  // the case's own, so that it stays when cases are added
   for (char c : info.param.name) name += std::isalnum(static_cast<unsigned char>(c)) ? c : '_';
   return name;
-}
-
-INSTANTIATE_TEST_SUITE_P(Cases, GoldenTest, ::testing::ValuesIn(Load_Cases()), Test_Name);
+});
 
 }  // namespace
 }  // namespace velmora::test
