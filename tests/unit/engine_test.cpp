@@ -218,7 +218,8 @@ TEST_F(EngineTest, InteractiveFatalReportStopsTheRunAndShowsTheDebugFrame) {
   Report_Error(engine, true, -1, "Boom", "T", kLocation, kFatal);
   Trap(engine, true, "Velmora.(General).If_Command.TrappableErrors.1", kGoOn, [] { throw OverflowError(); });
   EXPECT_TRUE(Shown({"Fatal Error:  Boom.", "Error Code:  -1"}));
-  EXPECT_TRUE(Shown({"Overflow.", "Error Code:  6", "Error Location:  Velmora.(General).If_Command.TrappableErrors.1"}));
+  EXPECT_TRUE(
+      Shown({"Overflow.", "Error Code:  6", "Error Location:  Velmora.(General).If_Command.TrappableErrors.1"}));
   EXPECT_EQ(engine.DebugWindow.Items().back(), kGoesOn);  // a report after the run stopped stays open
   EXPECT_TRUE(engine.state.StopRunning);
   EXPECT_FALSE(engine.state.ReportingFatalError);

@@ -56,6 +56,16 @@ std::string Text_Of(const Lines& lines) {
   return text;
 }
 
+// The fields of a line, split at " | ".
+Lines Fields(const std::string& line) {
+  Lines fields;
+  std::size_t from = 0;
+  for (std::size_t bar; (bar = line.find(" | ", from)) != std::string::npos; from = bar + 3)
+    fields.push_back(line.substr(from, bar - from));
+  fields.push_back(line.substr(from));
+  return fields;
+}
+
 struct Session {
   SimHost host;
   SimRegistry registry;
@@ -72,9 +82,9 @@ struct Session {
     for (const std::string& separator : golden.Section("decimal separator")) host.decimalSeparator = separator;
     for (const std::string& outcome : golden.Section("starts")) host.startOutcomes.push_back(outcome == "starts");
     desktop.serviceSession = !golden.Section("services' session").empty();
-    const std::map<std::string, ProgramFile::Kind> kinds = {
-        {"program", ProgramFile::Kind::Program}, {"folder", ProgramFile::Kind::Folder},
-        {"document", ProgramFile::Kind::NotAProgram}};
+    const std::map<std::string, ProgramFile::Kind> kinds = {{"program", ProgramFile::Kind::Program},
+                                                            {"folder", ProgramFile::Kind::Folder},
+                                                            {"document", ProgramFile::Kind::NotAProgram}};
     for (const std::string& line : golden.Section("programs")) {
       std::istringstream fields(line);
       std::string path, kind;
@@ -84,11 +94,27 @@ struct Session {
       host.programFiles[path] = {kinds.at(kind), static_cast<std::uint16_t>(machine), runs};
     }
     for (const std::string& line : golden.Section("start failures")) {
-      const auto first = line.find(" | "), second = line.find(" | ", first + 3);
-      host.startFailures[line.substr(0, first)] = {std::stol(line.substr(first + 3)), line.substr(second + 3)};
+      const Lines fields = Fields(line);  // command line, code, system text
+      host.startFailures[fields.at(0)] = {std::stol(fields.at(1)), fields.at(2)};
     }
+    for (const std::string& line : golden.Section("windows")) Add_Window(Fields(line));
     host.files["a.vls"] = Text_Of(golden.Section("a.vls"));
     host.commandLine = "\"a.vls\" \"a.vld\"";
+  }
+
+  // parent, title, class, id, "left top right bottom", then any of "elevated" and "disabled";
+  // the parent is 0 for the desktop or the number of an earlier window line.
+  std::vector<WindowHandle> windows;
+  void Add_Window(const Lines& fields) {
+    std::istringstream numbers(fields.at(0) + " " + fields.at(3) + " " + fields.at(4));
+    std::size_t parent = 0;
+    long id = 0;
+    WindowRect rect;
+    numbers >> parent >> id >> rect.left >> rect.top >> rect.right >> rect.bottom;
+    windows.push_back(desktop.Add(parent ? windows.at(parent - 1) : 1, fields.at(1), fields.at(2), id, rect));
+    const auto flagged = [&](const char* flag) { return std::count(fields.begin() + 5, fields.end(), flag) > 0; };
+    desktop.At(windows.back()).elevated = flagged("elevated");
+    if (flagged("disabled")) desktop.At(windows.back()).enabledAt = SimDesktop::kNever;
   }
 
   int Play() {
