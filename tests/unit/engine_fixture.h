@@ -22,7 +22,7 @@ namespace velmora::test {
 
 using Lines = std::vector<std::string>;
 // An error report's code, message, location and kind, as the reporter
-// records it; the log's framing of a report is tested once, in engine_test.
+// records it; the log's framing of a report is in golden/reports.cases.
 using ReportFields = std::tuple<long, std::string, std::string, int>;
 
 // Records what the engine asked of the editor's window, with only Courier New

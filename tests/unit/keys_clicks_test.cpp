@@ -71,29 +71,18 @@ TEST(KeyNotationTest, MalformedStringsSayWhatAndWhereAndSendNothing) {
   std::string million;  // 999,900 events
   for (int repeat = 0; repeat < 50; ++repeat) million += "{x 9999}";
   EXPECT_EQ(Parse_Key_String(million + std::string(50, 'a')).inputs.size(), 1000000u);
-  // The keys, the position of the fault, and a part of the message.
-  const std::tuple<std::string, std::size_t, std::string> rows[] = {
-      {"{ENTER", 1, "no closing '}'"},
-      {"{ENTER}}", 8, "no opening '{'"},
-      {"+(ab", 2, "no closing ')'"},
-      {"abc{Foo}", 4, "Unknown key name {Foo}"},
-      {"{TAB x}", 1, "Bad repeat count in {TAB x}"},
-      {"{TAB 10000}", 1, "from 0 to 9999"},
-      {"ab^", 3, "'^' at position 3 has no key after it"},
-      {"{}a}", 1, "Empty braces"},
-      {"a+()", 3, "Empty parentheses"},
-      {"x\x81", 2, "Byte 0x81"},
-      {million + std::string(51, 'a'), 451, "Too many keys"},
-      {million + "+{x 9999}", 402, "Too many keys"}};
-  for (const auto& [keys, position, fragment] : rows) {
-    const std::string shown = keys.substr(0, 20);
+  // The keys and the position of the fault; the messages are in golden/automation.cases.
+  const auto Refused_At = [](const std::string& keys, std::size_t position) {
     const KeyParseResult result = Parse_Key_String(keys);
-    EXPECT_FALSE(result.ok) << '"' << shown << '"';
-    EXPECT_TRUE(result.inputs.empty()) << '"' << shown << '"';
-    EXPECT_EQ(result.errorPosition, position) << '"' << shown << "\": " << result.error;
-    EXPECT_NE(result.error.find(fragment), std::string::npos) << '"' << shown << "\": " << result.error;
-    EXPECT_NE(result.error.find("position " + std::to_string(position)), std::string::npos) << result.error;
-  }
+    EXPECT_FALSE(result.ok || !result.inputs.empty()) << '"' << keys.substr(0, 20) << '"';
+    EXPECT_EQ(result.errorPosition, position) << '"' << keys.substr(0, 20) << "\": " << result.error;
+  };
+  const std::pair<const char*, std::size_t> rows[] = {{"{ENTER", 1},  {"{ENTER}}", 8},    {"+(ab", 2}, {"abc{Foo}", 4},
+                                                      {"{TAB x}", 1}, {"{TAB 10000}", 1}, {"ab^", 3},  {"{}a}", 1},
+                                                      {"a+()", 3},    {"x\x81", 2}};
+  for (const auto& [keys, position] : rows) Refused_At(keys, position);
+  Refused_At(million + std::string(51, 'a'), 451);
+  Refused_At(million + "+{x 9999}", 402);
 }
 
 class InputGuardTest : public AutomationTest {
