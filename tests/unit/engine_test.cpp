@@ -8,6 +8,7 @@
 #include "debug_log.h"
 #include "engine_fixture.h"
 #include "error_report.h"
+#include "interpreter.h"
 #include "numeric.h"
 #include "process_arguments.h"
 #include "session.h"
@@ -240,40 +241,20 @@ TEST_F(EngineTest, DebugLinesGoToFileAndWindowOnlyWhenSwitchedOn) {
   EXPECT_TRUE(engine.editor.DebugLogHasOutput);
 }
 
-// Records the lines it is asked to run and runs each as nothing.
-class RecordingRunner : public ScriptRunner {
- public:
-  int preprocessed = 0;
-  std::vector<long> ran;
-  void Preprocess(Engine&) override { ++preprocessed; }
-  void Process_Line(Engine& engine) override {
-    ran.push_back(engine.TraceWindow.Selected());
-    const long next = Next_Executeable_Statement(engine, engine.TraceWindow.Selected());
-    if (next == -1)
-      engine.state.StopRunning = true;
-    else
-      engine.TraceWindow.Select(next);
-  }
-};
-
+// The header's lines are in golden/header.cases, the lines run in golden/flow.cases.
 class AutomaticSessionTest : public EngineTest {
  protected:
-  RecordingRunner runner;
+  ScriptInterpreter interpreter;
   int Start(const std::string& commandLine) {
     host.commandLine = commandLine;
-    return Exit_Status_Of([&] { Form_Load(engine, runner); });
+    return Exit_Status_Of([&] { Form_Load(engine, interpreter); });
   }
 };
 
-const Lines kHeader = {Identification_Line(), "Automatic Session Started."};
-
-TEST_F(AutomaticSessionTest, WritesTheHeaderRunsEveryCommandLineRegistersTheFileTypeAndEndsWithStatusZero) {
+TEST_F(AutomaticSessionTest, RegistersTheFileTypeClosesTheLogAndEndsWithStatusZero) {
   host.programPath = "C:\\My Tools\\velmora.exe";
-  host.files["a.vls"] = "# first\r\n\r\nrun: \"x\"\r\n  # note\r\nwait: 1";
+  host.files["a.vls"] = "# first";
   EXPECT_EQ(Start("\"a.vls\" \"a.vld\""), 0);
-  EXPECT_EQ(Log(), kHeader);
-  EXPECT_EQ(engine.TraceWindow.Count(), 5u);
-  EXPECT_EQ(runner.ran, (std::vector<long>{0, 2, 4}));
   EXPECT_EQ(engine.files.Find(engine.state.DebugFileNumber), nullptr);
   EXPECT_EQ(host.beeps, 1);
   const auto value = [&](const std::string& key) {
@@ -289,7 +270,6 @@ TEST_F(AutomaticSessionTest, AScriptOrLogThatCannotBeOpenedEndsWithStatusOne) {
   EXPECT_EQ(Start("\"gone.vls\" \"a.vld\""), 1);
   EXPECT_EQ(Last_Report(), ReportFields(53, "Unable to Open gone.vls for Input -> File not found",
                                         "Velmora.(General).Initial_Setup.OpenInput.5", kFatal));
-  EXPECT_TRUE(runner.ran.empty());
   host.files = {{"a.vls", "# x"}};
   host.unopenable.insert("locked.vld");
   engine.state = RunState{};

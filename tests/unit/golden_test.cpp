@@ -136,6 +136,8 @@ TEST_P(GoldenTest, LeavesTheExpectedLogAndStatus) {
   const int status = session.Play();
   EXPECT_EQ(session.host.files["a.vld"], Text_Of(golden.Section("a.vld"))) << golden.name;
   EXPECT_EQ(Lines{std::to_string(status)}, golden.Section("status")) << golden.name;
+  const Lines tenths = golden.Section("tenths");  // the pauses of a tenth of a second made, when given
+  EXPECT_EQ(tenths.empty() ? "" : std::to_string(session.host.tenthSleeps), tenths.empty() ? "" : tenths.front());
 }
 
 INSTANTIATE_TEST_SUITE_P(Cases, GoldenTest, ::testing::ValuesIn(Load_Cases()), [](const auto& info) {

@@ -2,7 +2,6 @@
 #include "engine_fixture.h"
 #include "interpreter.h"
 #include "parser.h"
-#include "session.h"
 #include "simple_commands.h"
 
 namespace velmora::test {
@@ -88,29 +87,6 @@ TEST_F(ParserTest, AFailedLineIsSelectedInTheTraceWindowUnlessItHasNoEditorLine)
   }
   Parse("quit", 1, 4);
   EXPECT_EQ(engine.TraceWindow.Selected(), 0);
-}
-
-// What the log of a loop (golden/flow.cases) cannot show: two pauses of a
-// tenth per line run, one per loop pass, and the last line left selected.
-TEST(FlowTest, LoopsPauseATenthPerPassAndLeaveTheLastLineSelected) {
-  const struct {
-    std::string script;
-    std::deque<bool> starts;  // outcomes of the program starts, in order
-    long long tenths;
-  } rows[] = {{"run: \"x\"\r\nwhile: succeeded\r\nrun: \"x\"\r\nendwhile\r\nwait: 0", {true, true, false}, 18 + 2},
-              {"repeat\r\nrun: \"x\"\r\nuntil: succeeded\r\nwait: 0", {false, false, true}, 16 + 2}};
-  for (const auto& row : rows) {
-    SimHost host;
-    SimRegistry registry;
-    Engine engine{host, registry};
-    ScriptInterpreter interpreter;
-    host.files["a.vls"] = row.script;
-    host.commandLine = "\"a.vls\" \"a.vld\"";
-    host.startOutcomes = row.starts;
-    EXPECT_THROW(Form_Load(engine, interpreter), ProcessEnded);
-    EXPECT_EQ(host.tenthSleeps, row.tenths) << row.script;
-    EXPECT_EQ(engine.TraceWindow.Selected(), static_cast<long>(engine.TraceWindow.Count()) - 1) << row.script;
-  }
 }
 
 TEST_F(InteractiveTest, EmptyAndUnknownLinesSaySoAndQuitOnlyLogs) {
