@@ -21,14 +21,6 @@ class FindWindowTest : public AutomationTest {
       "findwindow: 2, \"Setup\", \"#32770\", 0, 0.5, 0.9, \"Next >\", \"Button\", 12, 0.5, 0.5, 0.10";
 };
 
-TEST_F(FindWindowTest, ExactlyOneMatchIsUsedWithoutWarning) {
-  Add_Dialog();
-  EXPECT_TRUE(Find(kNextLine));
-  EXPECT_EQ(host.tenthSleeps, 10);  // found only after the first one-second pause
-  EXPECT_EQ(automation.Target().TargetList, (std::vector<WindowHandle>{0, next}));
-  EXPECT_EQ(automation.Target().WindowText, "Next >");
-}
-
 // The whole time-out is in golden/automation.cases; a halt request ends the
 // wait after the search under way.
 TEST_F(FindWindowTest, AHaltEndsTheWaitAfterTheSearchUnderWay) {
@@ -58,44 +50,18 @@ TEST_F(SeveralCandidatesTest, TheCandidateUnderItsPickedPointIsChosen) {
   EXPECT_EQ(desktop.foregroundCalls, (std::vector<WindowHandle>{dialog2, next2}));
 }
 
-class SendKeysTest : public AutomationTest {
- protected:
-  WindowHandle dialog = 0, edit = 0;
-  void SetUp() override {
-    AutomationTest::SetUp();
-    dialog = desktop.Add(1, "Setup", "#32770", 0, {100, 100, 501, 400});
-    edit = desktop.Add(dialog, "Folder", "Edit", 1001, {110, 120, 310, 141});
-    ASSERT_TRUE(Find("findwindow: 2, \"Setup\", \"#32770\", 0, 0, 0, \"Folder\", \"Edit\", 1001, 0.5, 0.5, 0.05"));
-    engine.DebugWindow.Clear();
-    host.tenthSleeps = 0;
-  }
-};
-
-TEST_F(SendKeysTest, FocusesTheTargetAndTypesTheKeys) {
+TEST_F(AutomationTest, SendKeysFocusesTheTargetAndTypesTheKeys) {
+  const WindowHandle dialog = desktop.Add(1, "Setup", "#32770", 0, {100, 100, 501, 400});
+  const WindowHandle edit = desktop.Add(dialog, "Folder", "Edit", 1001, {110, 120, 310, 141});
+  ASSERT_TRUE(Find("findwindow: 2, \"Setup\", \"#32770\", 0, 0, 0, \"Folder\", \"Edit\", 1001, 0.5, 0.5, 0.05"));
   EXPECT_TRUE(Send("ab~"));
   EXPECT_EQ(desktop.keys, Parse_Key_String("ab~").inputs);
   // The pointer goes to the centre (halves to even) twice, each time with the focus.
-  const ScreenPoint centre{210, 130};
   ASSERT_EQ(desktop.cursorMoves.size(), 2u);
-  EXPECT_EQ(desktop.cursorMoves[1].x, centre.x);
-  EXPECT_EQ(desktop.cursorMoves[1].y, centre.y);
+  EXPECT_EQ(std::pair(desktop.cursorMoves[1].x, desktop.cursorMoves[1].y), std::pair(210L, 130L));
   EXPECT_EQ(desktop.foreground, dialog);
   EXPECT_EQ(desktop.focus, edit);
-  EXPECT_EQ(host.tenthSleeps, 3);  // enabled at once: only the 0.3 s before typing
   EXPECT_EQ(automation.Search().TargetChildID, 1001);
-}
-
-TEST_F(SendKeysTest, WaitsForTheWindowToBecomeEnabledForTenPausesAtMost) {
-  desktop.At(edit).enabledAt = host.clockMs + 1200;
-  EXPECT_TRUE(Send("x"));
-  EXPECT_EQ(host.tenthSleeps, 3 * 5 + 3);  // three half-second pauses, then 0.3 s
-  EXPECT_EQ(desktop.keys.size(), 2u);
-
-  desktop.keys.clear(), engine.DebugWindow.Clear(), host.tenthSleeps = 0;
-  desktop.At(edit).enabledAt = SimDesktop::kNever;  // ten pauses, then a report that is not fatal
-  EXPECT_FALSE(Send("x"));
-  EXPECT_EQ(host.tenthSleeps, 50);
-  EXPECT_TRUE(desktop.keys.empty());
 }
 
 using Record = SimDesktop::MouseRecord;
@@ -176,7 +142,6 @@ TEST_F(SendButtonsTest, ClicksThePickedPointOfTheTargetInNormalisedUnits) {
                                                                                 {285, move, 22400, 31232},
                                                                                 {285, move | 2, 22400, 31232},
                                                                                 {285 + 999, move | 4, 22400, 31232}}));
-  EXPECT_EQ(host.tenthSleeps, 3);
 }
 
 TEST_F(SendButtonsTest, ADisabledTargetIsReportedAndNotClicked) {

@@ -158,7 +158,10 @@ class EditorRunTest : public EditorTest {
     engine.state.DebugOn = true;
     panel.Load_Commands(1);
   }
-  void Script(const Lines& lines, long highlighted) { EditorTest::Script(Joined({"# heading"}, lines), highlighted); }
+  void Script(Lines lines, long highlighted) {
+    lines.insert(lines.begin(), "# heading");
+    EditorTest::Script(lines, highlighted);
+  }
   Lines Ran() const { return Ran_In(engine.DebugWindow.Items()); }
   // What the user does once the clock has passed the time.
   void At(long long ms, std::function<void()> action) {

@@ -81,12 +81,6 @@ inline Lines Ran_In(const Lines& log) {
     if (line.rfind("==> ", 0) == 0) ran.push_back(line.substr(4));
   return ran;
 }
-// The blocks one after the other.
-inline Lines Joined(Lines first, const Lines& second) {
-  first.insert(first.end(), second.begin(), second.end());
-  return first;
-}
-
 // An interactive engine with debug output on, as the editor runs it.
 class InteractiveTest : public EngineTest {
  protected:

@@ -302,13 +302,6 @@ TEST_F(EngineTest, ADebugFileThatCannotBeMadeStillLetsTheScriptLoad) {
   EXPECT_TRUE(Shown({"Info: No debug file: a.vld could not be opened; this log is kept in the window only."}));
 }
 
-TEST_F(EngineTest, NextExecuteableStatementSkipsBlanksAndComments) {
-  for (const char* line : {"run: \"a\"", "", "   ", "# c", "  # ERROR! # jump: 1", ">>> quit", "wait: 1", "#"})
-    engine.TraceWindow.Add(line);
-  const std::pair<long, long> cases[] = {{-1, 0}, {0, 5}, {4, 5}, {5, 6}, {6, -1}, {100, -1}};
-  for (const auto& [from, next] : cases) EXPECT_EQ(Next_Executeable_Statement(engine, from), next) << from;
-}
-
 TEST_F(EngineTest, PauseTenthsSleepsNinetyFiveMillisecondsAndYieldsEachTenth) {
   for (long tenths : {600, 0, -3}) Pause_Tenths(engine, tenths);
   EXPECT_EQ(host.sleptMs, 600 * 95);

@@ -102,7 +102,8 @@ struct Session {
     host.commandLine = "\"a.vls\" \"a.vld\"";
   }
 
-  // parent, title, class, id, "left top right bottom", then any of "elevated" and "disabled";
+  // parent, title, class, id, "left top right bottom", then any of "elevated", "disabled" and
+  // "enabled at <ms>";
   // the parent is 0 for the desktop or the number of an earlier window line.
   std::vector<WindowHandle> windows;
   void Add_Window(const Lines& fields) {
@@ -115,6 +116,8 @@ struct Session {
     const auto flagged = [&](const char* flag) { return std::count(fields.begin() + 5, fields.end(), flag) > 0; };
     desktop.At(windows.back()).elevated = flagged("elevated");
     if (flagged("disabled")) desktop.At(windows.back()).enabledAt = SimDesktop::kNever;
+    for (auto field = fields.begin() + 5; field < fields.end(); ++field)
+      if (Starts_With(*field, "enabled at ")) desktop.At(windows.back()).enabledAt = std::stoll(field->substr(11));
   }
 
   int Play() {
