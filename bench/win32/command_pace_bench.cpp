@@ -20,6 +20,7 @@
 
 #include "automation.h"
 #include "engine.h"
+#include "now_ms.h"
 #include "interpreter.h"
 #include "win32_desktop.h"
 #include "win32_host.h"
@@ -30,17 +31,6 @@ namespace {
 using namespace velmora;
 
 constexpr char kTitle[] = "Velmora Pace Target";
-
-double Now_Ms() {
-  static LARGE_INTEGER frequency = [] {
-    LARGE_INTEGER f;
-    QueryPerformanceFrequency(&f);
-    return f;
-  }();
-  LARGE_INTEGER now;
-  QueryPerformanceCounter(&now);
-  return static_cast<double>(now.QuadPart) * 1000.0 / static_cast<double>(frequency.QuadPart);
-}
 
 // Without a caption: Wine would hand a captioned window to a window manager,
 // which Xvfb does not have.

@@ -24,6 +24,7 @@
 #include "editor_form.h"
 #include "editor_window.h"
 #include "engine.h"
+#include "now_ms.h"
 #include "reg_settings.h"
 #include "scripts.h"
 #include "win32_desktop.h"
@@ -38,13 +39,6 @@ class NoDialogs : public FileDialogs {
   std::optional<std::string> Show(const FileDialogRequest&) override { return std::nullopt; }
   SaveAnswer AskToSave(const std::string&) override { return SaveAnswer::No; }
 };
-
-double Now_Ms() {
-  LARGE_INTEGER counter, frequency;
-  QueryPerformanceCounter(&counter);
-  QueryPerformanceFrequency(&frequency);
-  return 1000.0 * static_cast<double>(counter.QuadPart) / static_cast<double>(frequency.QuadPart);
-}
 
 void Pump_Messages() {
   MSG message;

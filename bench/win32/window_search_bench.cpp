@@ -23,6 +23,7 @@
 #include <vector>
 
 #include "engine.h"
+#include "now_ms.h"
 #include "win32_desktop.h"
 #include "win32_host.h"
 #include "win32_registry.h"
@@ -38,17 +39,6 @@ constexpr int kNextId = 12;
 constexpr int kRounds = 7;  // alternating measurements of each kind; the median is reported
 
 const char* const kControlClasses[] = {"Button", "Static", "Edit", "ComboBox", "ListBox"};
-
-double Now_Ms() {
-  static LARGE_INTEGER frequency = [] {
-    LARGE_INTEGER f;
-    QueryPerformanceFrequency(&f);
-    return f;
-  }();
-  LARGE_INTEGER now;
-  QueryPerformanceCounter(&now);
-  return static_cast<double>(now.QuadPart) * 1000.0 / static_cast<double>(frequency.QuadPart);
-}
 
 // Dialogs without a caption: Wine would hand captioned windows to a window
 // manager, which Xvfb does not have.
