@@ -4,6 +4,7 @@
 #include <filesystem>
 #include <fstream>
 #include <map>
+#include <set>
 #include <sstream>
 
 #include "about.h"
@@ -75,6 +76,11 @@ struct Session {
   ScriptInterpreter interpreter;
 
   explicit Session(const GoldenCase& golden) {
+    static const std::set<std::string> kTitles = {"env",     "decimal separator", "starts", "services' session",
+                                                  "programs", "start failures",    "windows", "a.vls",
+                                                  "status",  "tenths",            "a.vld"};
+    for (const auto& [title, lines] : golden.sections)
+      if (!kTitles.count(title)) ADD_FAILURE() << golden.name << ": unknown section " << title;
     engine.desktop = &desktop;
     engine.automation = &automation;
     for (const std::string& line : golden.Section("env"))
@@ -103,8 +109,7 @@ struct Session {
   }
 
   // parent, title, class, id, "left top right bottom", then any of "elevated", "disabled" and
-  // "enabled at <ms>";
-  // the parent is 0 for the desktop or the number of an earlier window line.
+  // "enabled at <ms>"; the parent is 0 for the desktop or the number of an earlier window line.
   std::vector<WindowHandle> windows;
   void Add_Window(const Lines& fields) {
     std::istringstream numbers(fields.at(0) + " " + fields.at(3) + " " + fields.at(4));
@@ -113,11 +118,17 @@ struct Session {
     WindowRect rect;
     numbers >> parent >> id >> rect.left >> rect.top >> rect.right >> rect.bottom;
     windows.push_back(desktop.Add(parent ? windows.at(parent - 1) : 1, fields.at(1), fields.at(2), id, rect));
-    const auto flagged = [&](const char* flag) { return std::count(fields.begin() + 5, fields.end(), flag) > 0; };
-    desktop.At(windows.back()).elevated = flagged("elevated");
-    if (flagged("disabled")) desktop.At(windows.back()).enabledAt = SimDesktop::kNever;
-    for (auto field = fields.begin() + 5; field < fields.end(); ++field)
-      if (Starts_With(*field, "enabled at ")) desktop.At(windows.back()).enabledAt = std::stoll(field->substr(11));
+    SimDesktop::Window& window = desktop.At(windows.back());
+    for (auto flag = fields.begin() + 5; flag < fields.end(); ++flag) {
+      if (*flag == "elevated")
+        window.elevated = true;
+      else if (*flag == "disabled")
+        window.enabledAt = SimDesktop::kNever;
+      else if (Starts_With(*flag, "enabled at "))
+        window.enabledAt = std::stoll(flag->substr(11));
+      else
+        ADD_FAILURE() << "unknown window flag: " << *flag;
+    }
   }
 
   int Play() {
@@ -139,8 +150,10 @@ TEST_P(GoldenTest, LeavesTheExpectedLogAndStatus) {
   const int status = session.Play();
   EXPECT_EQ(session.host.files["a.vld"], Text_Of(golden.Section("a.vld"))) << golden.name;
   EXPECT_EQ(Lines{std::to_string(status)}, golden.Section("status")) << golden.name;
-  const Lines tenths = golden.Section("tenths");  // the pauses of a tenth of a second made, when given
-  EXPECT_EQ(tenths.empty() ? "" : std::to_string(session.host.tenthSleeps), tenths.empty() ? "" : tenths.front());
+  // The pauses of a tenth of a second made, when the case gives them.
+  if (const Lines tenths = golden.Section("tenths"); !tenths.empty()) {
+    EXPECT_EQ(std::to_string(session.host.tenthSleeps), tenths.front()) << golden.name;
+  }
 }
 
 INSTANTIATE_TEST_SUITE_P(Cases, GoldenTest, ::testing::ValuesIn(Load_Cases()), [](const auto& info) {
