@@ -20,8 +20,8 @@
 
 #include "automation.h"
 #include "engine.h"
-#include "now_ms.h"
 #include "interpreter.h"
+#include "now_ms.h"
 #include "win32_desktop.h"
 #include "win32_host.h"
 #include "win32_registry.h"

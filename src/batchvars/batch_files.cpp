@@ -97,7 +97,6 @@ void EnvVarSetupForm::Choose_Font() {
   Choose_List_Font([this](const std::string& name) { return view_.SetBatchFont(name); });
 }
 
-
 // A failed step reports itself and leaves the file marked as changed.
 void EnvVarSetupForm::Save_Batch_File() {
   const auto chosen = dialogs_.Show(
