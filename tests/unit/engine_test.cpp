@@ -302,11 +302,5 @@ TEST_F(EngineTest, ADebugFileThatCannotBeMadeStillLetsTheScriptLoad) {
   EXPECT_TRUE(Shown({"Info: No debug file: a.vld could not be opened; this log is kept in the window only."}));
 }
 
-TEST_F(EngineTest, PauseTenthsSleepsNinetyFiveMillisecondsAndYieldsEachTenth) {
-  for (long tenths : {600, 0, -3}) Pause_Tenths(engine, tenths);
-  EXPECT_EQ(host.sleptMs, 600 * 95);
-  EXPECT_EQ(host.doEvents, 600);
-}
-
 }  // namespace
 }  // namespace velmora::test
