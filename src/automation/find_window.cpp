@@ -43,6 +43,18 @@ struct Point {
   double x, y;
 };
 
+// Window changes are watched while it lives.
+class ChangeWatch {
+ public:
+  explicit ChangeWatch(Desktop& desktop) : desktop_(desktop) { desktop_.WatchWindowChanges(true); }
+  ~ChangeWatch() { desktop_.WatchWindowChanges(false); }
+  ChangeWatch(const ChangeWatch&) = delete;
+  ChangeWatch& operator=(const ChangeWatch&) = delete;
+
+ private:
+  Desktop& desktop_;
+};
+
 Point At_Fraction(const WindowRect& r, double fx, double fy) {
   return {static_cast<double>(r.left) + static_cast<double>(r.right - r.left) * fx,
           static_cast<double>(r.top) + static_cast<double>(r.bottom - r.top) * fy};
@@ -73,8 +85,43 @@ std::string Window_Path_Of_Levels(const std::vector<WindowLevel>& levels) {
   return path + std::to_string(levels.size());
 }
 
-void FindWindow::Log(const std::string& text) {
-  Log_Trace(engine_, engine_.state.InteractiveSession, text);
+void FindWindow::Log(const std::string& text) { Log_Trace(engine_, engine_.state.InteractiveSession, text); }
+
+// The fast pace: a search at once, and again as soon as a window appears, is
+// shown or is renamed, or at the latest after a tenth; the elapsed time is
+// logged in whole seconds as the default pace logs it.
+std::int32_t FindWindow::Find_As_Soon_As_There(const std::string& WindowText, const std::string& ClassName,
+                                               std::int32_t ChildID, const std::string& WindowPath,
+                                               std::int32_t WaitSeconds, std::vector<WindowHandle>& FoundList) {
+  constexpr long long kLookAgainMilliseconds = 100;
+  Host& host = engine_.host;
+  Log("Maximum Wait Time:  " + Seconds_Text(WaitSeconds));
+  const long long start = host.ClockMilliseconds(), limit = 1000LL * std::max(WaitSeconds, 0);
+  const ChangeWatch watch(desktop_);
+  std::int32_t count = 0;
+  long long elapsed = 0;
+  for (;;) {
+    count =
+        search_.Find_Window_Like(FoundList, desktop_.DesktopWindow(), 0, WindowText, ClassName, ChildID, WindowPath);
+    elapsed = host.ClockMilliseconds() - start;
+    if (count > 0 || elapsed >= limit || engine_.state.HaltRequested) break;
+    Wait_For_Change(start + std::min(elapsed + kLookAgainMilliseconds, limit));
+  }
+  Log("Total Elapsed Time:  " +
+      Seconds_Text(static_cast<std::int32_t>(std::min<long long>(elapsed / 1000, WaitSeconds))));
+  return count;
+}
+
+// Until a window changes or the clock reaches the time, while the user
+// interface runs (a halt ends it too).
+void FindWindow::Wait_For_Change(long long until) {
+  Host& host = engine_.host;
+  for (long long now = host.ClockMilliseconds(); now < until && !engine_.state.HaltRequested;
+       now = host.ClockMilliseconds()) {
+    const bool changed = desktop_.WaitForWindowChange(static_cast<int>(until - now));
+    host.DoEvents();
+    if (changed) return;
+  }
 }
 
 std::int32_t FindWindow::Find_The_Window(const std::string& WindowText, const std::string& ClassName,
@@ -85,8 +132,8 @@ std::int32_t FindWindow::Find_The_Window(const std::string& WindowText, const st
   std::int32_t count = 0;
   do {
     Pause_Tenths(engine_, 10);
-    count = search_.Find_Window_Like(FoundList, desktop_.DesktopWindow(), 0, WindowText, ClassName, ChildID,
-                                     WindowPath);
+    count =
+        search_.Find_Window_Like(FoundList, desktop_.DesktopWindow(), 0, WindowText, ClassName, ChildID, WindowPath);
     --remaining;
   } while (!(remaining < 1 || count > 0 || engine_.state.HaltRequested));
   Log("Total Elapsed Time:  " + Seconds_Text(static_cast<std::int32_t>(WaitSeconds - remaining)));
@@ -102,8 +149,10 @@ std::int32_t FindWindow::FindWindow_Command(bool Interactive, const ParsedComman
     target_.ClassName = innermost.className;
     search_.TargetChildID = innermost.childId;
     auto& list = target_.TargetList;
-    target_.FoundCount = Find_The_Window(target_.WindowText, target_.ClassName, innermost.childId,
-                                         Window_Path_Of_Levels(target_.levels), command.TimeOut, list);
+    const auto find =
+        engine_.state.RunPace == Pace::Fast ? &FindWindow::Find_As_Soon_As_There : &FindWindow::Find_The_Window;
+    target_.FoundCount = (this->*find)(target_.WindowText, target_.ClassName, innermost.childId,
+                                       Window_Path_Of_Levels(target_.levels), command.TimeOut, list);
     if (target_.FoundCount < 1) {
       LastCommandSucceeded = false;
       Log("The window was NOT found.");

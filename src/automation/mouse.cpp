@@ -1,10 +1,14 @@
 #include "mouse.h"
 
+#include <algorithm>
+#include <cstdlib>
+
 #include "debug_log.h"
 #include "engine.h"
 #include "error_report.h"
 #include "input_guard.h"
 #include "numeric.h"
+#include "pace_waits.h"
 #include "screen_point.h"
 #include "send_keys.h"
 #include "session.h"
@@ -22,15 +26,29 @@ constexpr ButtonFlags kButtons[] = {{2, 4}, {32, 64}, {8, 16}, {0, 0}};  // l, m
 
 }  // namespace
 
-Click Click_Of(const std::string& clickCode, int doubleClickTime) {
+Click Click_Of(const std::string& clickCode, int doubleClickTime, bool fast) {
   const auto place = clickCode.empty() ? std::string::npos : std::string("lmrc").find(clickCode.back());
   if (place == std::string::npos) throw SubscriptError();
   Click click;
   click.down = kButtons[place].down;
   click.up = kButtons[place].up;
   click.isDouble = !clickCode.empty() && clickCode.front() == 'd';
-  click.unitMs = Rounded_To<std::int32_t>(static_cast<double>(doubleClickTime) / 1.5);
+  click.unitMs = Rounded_To<std::int32_t>(static_cast<double>(doubleClickTime) / (fast ? 50.0 : 1.5));
+  if (fast) click.unitMs = std::max(click.unitMs, 1);
   return click;
+}
+
+void Mouse::Keep_Apart_From_Last_Click(long x, long y, int doubleClickTime) {
+  Host& host = engine_.host;
+  // Within two pixels: the system's double-click rectangle is four wide.
+  const auto near = [](long a, long b, int pixels) {
+    return std::llabs(static_cast<long long>(a) - b) * pixels <= 2 * 65536LL;
+  };
+  if (lastClick_.endedAt >= 0 && near(x, lastClick_.x, desktop_.ScreenWidth()) &&
+      near(y, lastClick_.y, desktop_.ScreenHeight())) {
+    const long long since = host.ClockMilliseconds() - lastClick_.endedAt;
+    if (since <= doubleClickTime) host.Sleep(static_cast<int>(doubleClickTime - since + 1));
+  }
 }
 
 // Down, three units, up; a double click adds a unit, down, three units, up
@@ -44,10 +62,13 @@ bool Mouse::Click_At(const Click& click, std::uint32_t down, std::uint32_t up, l
     desktop_.MouseEvent(flags, x, y);
     return true;
   };
+  if (Fast_Pace(engine_)) Keep_Apart_From_Last_Click(x, y, desktop_.DoubleClickTime());
+  lastClick_ = {x, y, -1};
   if (!send(down, false)) return false;
   host.Sleep(3 * click.unitMs);
   host.DoEvents();
   if (!send(up, true)) return false;
+  lastClick_.endedAt = host.ClockMilliseconds();
   if (!click.isDouble) return true;
   host.Sleep(click.unitMs);
   host.DoEvents();
@@ -55,6 +76,7 @@ bool Mouse::Click_At(const Click& click, std::uint32_t down, std::uint32_t up, l
   host.Sleep(3 * click.unitMs);
   if (yieldAfterEach) host.DoEvents();
   if (!send(up, true)) return false;
+  lastClick_.endedAt = host.ClockMilliseconds();
   host.Sleep(5 * click.unitMs);
   if (yieldAfterEach) host.DoEvents();
   return true;
@@ -62,10 +84,12 @@ bool Mouse::Click_At(const Click& click, std::uint32_t down, std::uint32_t up, l
 
 void Mouse::UseMouse_Command(bool Interactive, const std::string& clickCode, std::int32_t X, std::int32_t Y) {
   Trap(engine_, Interactive, "Velmora.(General).UseMouse_Command.TrappableErrors.1", kFatal, [&] {
-    const Click click = Click_Of(clickCode, desktop_.DoubleClickTime());
+    const Click click = Click_Of(clickCode, desktop_.DoubleClickTime(), Fast_Pace(engine_));
     desktop_.MouseEvent(kMoveFlags, X, Y);
     engine_.host.DoEvents();
     Click_At(click, click.down, click.up, X, Y, false, nullptr);
+    WaitBudget budget(engine_.host);
+    Wait_Until_Idle(engine_, desktop_, budget);
   });
 }
 
@@ -90,12 +114,15 @@ void Mouse::SendButtons_Command(bool Interactive, std::int32_t foundCount, const
     const std::string text = desktop_.WindowText(window, kTextBufferSize);
     Log_Window_Identity(engine_, Interactive, text, desktop_.ClassName(window, kTextBufferSize),
                         Child_Id_Of(desktop_, window), window);
-    host.Sleep(10);
-    host.DoEvents();
+    if (!Fast_Pace(engine_)) {
+      host.Sleep(10);
+      host.DoEvents();
+    }
     WindowRect r;
     desktop_.GetWindowRect(window, r);
+    const long long sampledAt = host.ClockMilliseconds();
     host.DoEvents();
-    const Click click = Click_Of(clickCode, desktop_.DoubleClickTime());
+    const Click click = Click_Of(clickCode, desktop_.DoubleClickTime(), Fast_Pace(engine_));
     ScreenPoint pixel = Pixel_At(r, relativeX, relativeY);
     ScreenPoint point = Normalised(pixel);
     desktop_.MouseEvent(kMoveFlags, point.x, point.y);
@@ -110,13 +137,18 @@ void Mouse::SendButtons_Command(bool Interactive, std::int32_t foundCount, const
         return;
       }
     }
-    if (!Wait_Until_Enabled(engine_, desktop_, window)) {
+    if (!Wait_Until_Enabled(engine_, desktop_, window, budget)) {
       Report_Error(engine_, Interactive, -1, "This window is not able to receive input:  " + text,
                    "Is Window Enabled Error!", "Velmora.(General).SendButtons_Command.IsWindowEnabledError.1", kGoOn);
       LastCommandSucceeded = false;
       return;
     }
-    Pause_Tenths(engine_, 3);
+    Pause_Before_Input(engine_, sampledAt);
+    if (!Wait_Until_Idle(engine_, desktop_, budget)) {
+      Log_Trace(engine_, Interactive, Not_Responding_Line("no click was sent"));
+      LastCommandSucceeded = false;
+      return;
+    }
     // Taken again: the window may have moved meanwhile, and it must stand still.
     InputGuard guard(engine_, desktop_, budget, window);
     if (!guard.Ready_For_Click(relativeX, relativeY, r, pixel)) {
@@ -134,6 +166,7 @@ void Mouse::SendButtons_Command(bool Interactive, std::int32_t foundCount, const
       Log_Always(engine_, Interactive, guard.Problem());
       LastCommandSucceeded = false;
     }
+    Wait_Until_Idle(engine_, desktop_, budget);
   });
 }
 

@@ -6,6 +6,7 @@
 #include "error_report.h"
 #include "input_guard.h"
 #include "key_notation.h"
+#include "pace_waits.h"
 #include "screen_point.h"
 #include "session.h"
 #include "trap.h"
@@ -15,20 +16,13 @@ namespace velmora {
 
 void Log_Window_Identity(Engine& engine, bool interactive, const std::string& text, const std::string& className,
                          long childIdShown, WindowHandle window) {
-  for (const std::string& line : {std::string("Set Focus using:"), "  Window Text   :  " + text,
-                                  "  Window Class  :  " + className, "  Window ChildID:  " + std::to_string(childIdShown),
-                                  "  Window Handle :  " + std::to_string(window)})
+  for (const std::string& line :
+       {std::string("Set Focus using:"), "  Window Text   :  " + text, "  Window Class  :  " + className,
+        "  Window ChildID:  " + std::to_string(childIdShown), "  Window Handle :  " + std::to_string(window)})
     Log_Trace(engine, interactive, line);
 }
 
-bool Wait_Until_Enabled(Engine& engine, Desktop& desktop, WindowHandle window) {
-  for (int counter = 0; !desktop.IsWindowEnabled(window) && counter < 10; ++counter) Pause_Tenths(engine, 5);
-  return desktop.IsWindowEnabled(window);
-}
-
-void SendKeys::Log(bool interactive, const std::string& text) {
-  Log_Trace(engine_, interactive, text);
-}
+void SendKeys::Log(bool interactive, const std::string& text) { Log_Trace(engine_, interactive, text); }
 
 void SendKeys::SendKeys_Command(bool Interactive, std::int32_t foundCount, const std::string& keys,
                                 bool& LastCommandSucceeded) {
@@ -69,25 +63,28 @@ SendKeys::Status SendKeys::Send_Keys_To(bool Interactive, const std::string& key
     // The identity lines show the length of the class name as the ChildID:
     // the established log format, kept as it stands.
     Log_Window_Identity(engine_, Interactive, text, className, static_cast<long>(className.size()), window);
-    engine_.host.Sleep(10);
-    engine_.host.DoEvents();
+    if (!Fast_Pace(engine_)) {
+      engine_.host.Sleep(10);
+      engine_.host.DoEvents();
+    }
     WaitBudget budget(engine_.host);
     // Keys for a program that does not respond could land in whichever
     // control has the focus once it wakes: none are sent.
-    if (!Point_At_And_Focus(window, budget)) {
+    const auto not_responding = [&] {
       Log(Interactive, Not_Responding_Line("no keys were sent"));
       LastCommandSucceeded = false;
       status = kNotResponding;
-      return;
-    }
-    if (!Wait_Until_Enabled(engine_, desktop_, window)) {
+    };
+    if (!Point_At_And_Focus(window, budget)) return not_responding();
+    if (!Wait_Until_Enabled(engine_, desktop_, window, budget)) {
       Report_Error(engine_, Interactive, -1, "This window is not able to receive input:  " + text,
                    "Is Window Enabled Error!", "Velmora.(General).Send_Keys_To.IsWindowEnabledError.1", kGoOn);
       LastCommandSucceeded = false;
       status = kNotEnabled;
       return;
     }
-    Pause_Tenths(engine_, 3);
+    Pause_Before_Input(engine_);
+    if (!Wait_Until_Idle(engine_, desktop_, budget)) return not_responding();
     status = Type(Interactive, keys, window, budget, LastCommandSucceeded);
   });
   return status;
@@ -104,9 +101,9 @@ constexpr std::size_t kMostResends = 100;
 std::size_t Presses(const std::vector<KeyInput>& group) {
   std::size_t presses = 0;
   for (const KeyInput& input : group) {
-    const bool modifier = !input.isCharacter && (input.virtualKey == virtual_key::kShift ||
-                                                 input.virtualKey == virtual_key::kControl ||
-                                                 input.virtualKey == virtual_key::kMenu);
+    const bool modifier =
+        !input.isCharacter && (input.virtualKey == virtual_key::kShift || input.virtualKey == virtual_key::kControl ||
+                               input.virtualKey == virtual_key::kMenu);
     if (!input.up && !modifier) ++presses;
   }
   return presses;

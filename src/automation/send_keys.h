@@ -56,7 +56,4 @@ class SendKeys {
 void Log_Window_Identity(Engine& engine, bool interactive, const std::string& text, const std::string& className,
                          long childIdShown, WindowHandle window);
 
-// Waits up to ten half-second pauses for the window to become enabled.
-bool Wait_Until_Enabled(Engine& engine, Desktop& desktop, WindowHandle window);
-
 }  // namespace velmora

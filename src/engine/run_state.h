@@ -9,6 +9,11 @@ namespace velmora {
 using FileNumber = std::uint16_t;
 constexpr FileNumber kNoFile = 65535;
 
+// How the window and input commands wait. Default: the established fixed
+// pauses. Fast: no blind pauses; each command waits only until its window is
+// there and ready for input.
+enum class Pace { Default, Fast };
+
 struct RunState {
   bool InteractiveSession = false;
   bool DebugOn = false;
@@ -17,6 +22,7 @@ struct RunState {
   FileNumber ScriptFileNumber = 0;
   FileNumber DebugFileNumber = 0;
   double SpeedFactor = 1.0;
+  Pace RunPace = Pace::Default;
   bool LastCommandSucceeded = false;
   bool HaltRequested = false;
   bool ReportingFatalError = false;

@@ -21,6 +21,16 @@ double Read_Speed_Factor(Host& host) {
   return value && *value > 0 ? *value : 1.0;
 }
 
+PaceSetting Read_Pace(Host& host) {
+  const auto text = host.GetEnv("VELMORA_PACE");
+  if (!text || Trim(*text).empty()) return {};
+  const std::string value = Lower(Trim(*text));
+  if (value == "fast") return {Pace::Fast, "VELMORA_PACE IN USE:  fast"};
+  if (value == "default") return {Pace::Default, "VELMORA_PACE IN USE:  default"};
+  return {Pace::Default,
+          "VELMORA_PACE IGNORED:  \"" + *text + "\" is neither \"fast\" nor \"default\"; the default pace is used."};
+}
+
 void Form_Load(Engine& engine, ScriptRunner& runner) {
   RunState& state = engine.state;
   EditorState& editor = engine.editor;
@@ -90,7 +100,8 @@ void Write_Interactive_Header(Engine& engine, const std::string& debugName) {
   if (state.DebugFileOpen)
     Log_Always(engine, true, "Info: Debug File Open:  " + debugName);
   else
-    Log_Always(engine, true, "Info: No debug file: " + debugName + " could not be opened; this log is kept in the window only.");
+    Log_Always(engine, true,
+               "Info: No debug file: " + debugName + " could not be opened; this log is kept in the window only.");
 }
 
 void Set_Trace_Font(Engine& engine) {
@@ -115,7 +126,10 @@ void Write_Automatic_Header(Engine& engine) {
   Log_Always(engine, false, "Automatic Session Started.");
   if (engine.state.SpeedFactor != 1.0)
     Log_Always(engine, false,
-        "SPEED_FACTOR IN USE:  " + Shortest_Decimal(engine.state.SpeedFactor, engine.host.DecimalSeparator()));
+               "SPEED_FACTOR IN USE:  " + Shortest_Decimal(engine.state.SpeedFactor, engine.host.DecimalSeparator()));
+  const PaceSetting pace = Read_Pace(engine.host);
+  engine.state.RunPace = pace.pace;
+  if (!pace.headerLine.empty()) Log_Always(engine, false, pace.headerLine);
   if (engine.desktop && engine.desktop->InServiceSession())
     Log_Always(engine, false,
                "Info: Velmora is running in session 0, the services' session, which has no interactive desktop: "
@@ -127,16 +141,16 @@ void Write_Automatic_Header(Engine& engine) {
 void Initial_Setup(Engine& engine, bool interactive, bool& debugOn, bool& stopRunning, FileNumber& scriptFileNumber,
                    FileNumber& debugFileNumber) {
   Trap(engine, interactive, "Velmora.(General).Initial_Setup.TrappableErrors.1", kFatal, [&] {
-    const std::string commandLine = interactive
-                                        ? engine.editor.ScriptFileName + " " + engine.editor.DebugFileName
-                                        : Trim(engine.host.CommandLine());
+    const std::string commandLine = interactive ? engine.editor.ScriptFileName + " " + engine.editor.DebugFileName
+                                                : Trim(engine.host.CommandLine());
     std::string scriptName, debugName;
     Parse_CommandLine(engine, commandLine, scriptName, debugName);
 
     const bool debugWanted = interactive || Lower(debugName) != "nofile";
     debugOn = true;
     stopRunning = false;
-    if (debugWanted && !engine.editor.DebugLogHasOutput) Open_Debug_File(engine, interactive, debugName, debugFileNumber);
+    if (debugWanted && !engine.editor.DebugLogHasOutput)
+      Open_Debug_File(engine, interactive, debugName, debugFileNumber);
 
     if (interactive) {
       Write_Interactive_Header(engine, debugName);
@@ -182,6 +196,13 @@ void Pause_Tenths(Engine& engine, int tenths) {
     engine.host.Sleep(95);
     engine.host.DoEvents();
   }
+}
+
+void Pause_Between_Lines(Engine& engine) {
+  if (engine.state.RunPace == Pace::Fast)
+    engine.host.DoEvents();
+  else
+    Pause_Tenths(engine, 1);
 }
 
 std::string Choose_List_Font(const std::function<std::string(const std::string&)>& setFont) {

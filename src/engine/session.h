@@ -3,6 +3,8 @@
 // automatic run loop, and the shut-down.
 #pragma once
 
+#include <string>
+
 #include "run_state.h"
 
 namespace velmora {
@@ -22,6 +24,14 @@ class ScriptRunner {
 // SPEED_FACTOR when it is numeric and above 0; 1 otherwise.
 double Read_Speed_Factor(Host& host);
 
+// What VELMORA_PACE chooses: the pace, and the header line that names the
+// setting (empty when it is not set).
+struct PaceSetting {
+  Pace pace = Pace::Default;
+  std::string headerLine;
+};
+PaceSetting Read_Pace(Host& host);
+
 // The editor's start-up. Runs an automatic session when the command line names
 // a script and a debug file (and then never returns); otherwise prepares the
 // interactive session and returns.
@@ -40,5 +50,8 @@ long Next_Executeable_Statement(Engine& engine, long index);
 
 // Sleeps 95 ms and lets the user interface run, once for every tenth.
 void Pause_Tenths(Engine& engine, int tenths);
+// The pause between two lines: a tenth in the default pace; in the fast pace
+// only the user interface runs.
+void Pause_Between_Lines(Engine& engine);
 
 }  // namespace velmora

@@ -30,6 +30,12 @@ WindowAutomation* Automation_Or_Report(Engine& engine, bool interactive) {
   std::abort();  // EndProcess never returns
 }
 
+// The second before a command that sends input, in the default pace; the
+// fast pace waits for the target's readiness instead.
+void Pause_Before_Input(Engine& engine, bool interactive) {
+  if (engine.state.RunPace == Pace::Default) Wait_Command(engine, interactive, 1);
+}
+
 // Calls the handler of the line's command.
 void Dispatch(Engine& engine, bool interactive, bool& debugOn, const ParsedCommand& command, bool& lastSucceeded) {
   switch (command.CommandCode) {
@@ -40,7 +46,7 @@ void Dispatch(Engine& engine, bool interactive, bool& debugOn, const ParsedComma
         automation->FindWindow_Command(engine, interactive, command, lastSucceeded);
       return;
     case kSendKeysCommand:
-      Wait_Command(engine, interactive, 1);
+      Pause_Before_Input(engine, interactive);
       if (auto* automation = Automation_Or_Report(engine, interactive))
         automation->SendKeys_Command(engine, interactive, command, lastSucceeded);
       return;
@@ -51,7 +57,7 @@ void Dispatch(Engine& engine, bool interactive, bool& debugOn, const ParsedComma
     case kUntilCommand:
       return Until_Command(engine, interactive, lastSucceeded, command.Parameters);
     case kUseMouseCommand:
-      Wait_Command(engine, interactive, 1);
+      Pause_Before_Input(engine, interactive);
       if (auto* automation = Automation_Or_Report(engine, interactive))
         automation->UseMouse_Command(engine, interactive, command);
       return;
@@ -71,7 +77,7 @@ void Dispatch(Engine& engine, bool interactive, bool& debugOn, const ParsedComma
     case kTestCommand:
       return TestEnvironmentVariables_Command(engine, interactive, command.Parameters, lastSucceeded);
     case kSendButtonsCommand:
-      Wait_Command(engine, interactive, 1);
+      Pause_Before_Input(engine, interactive);
       if (auto* automation = Automation_Or_Report(engine, interactive))
         automation->SendButtons_Command(engine, interactive, command, lastSucceeded);
       return;
@@ -96,7 +102,7 @@ void Select_Next_Line(Engine& engine) {
 void Process_Command(Engine& engine, bool Interactive, bool& DebugOn, FileNumber /*ScriptFileNumber*/,
                      FileNumber /*DebugFileNumber*/, bool& LastCommandSucceeded) {
   Trap(engine, Interactive, "Velmora.(General).Process_Command.TrappableErrors.1", kFatal, [&] {
-    Pause_Tenths(engine, 1);
+    Pause_Between_Lines(engine);
     const long current = engine.TraceWindow.Selected();
     const std::string line = engine.TraceWindow.Item(current);
     ParsedCommand command;
@@ -113,7 +119,7 @@ void Process_Command(Engine& engine, bool Interactive, bool& DebugOn, FileNumber
       Report_Error(engine, Interactive, -1, "Unknown Command:  " + line, "Unknown Command Found Error!",
                    "Velmora.(General).Process_Command.UnknownCommandError.1", kGoOn);
     }
-    Pause_Tenths(engine, 1);
+    Pause_Between_Lines(engine);
     Select_Next_Line(engine);
   });
 }

@@ -92,6 +92,14 @@ class Desktop {
   virtual int ScreenWidth() = 0;
   virtual int ScreenHeight() = 0;
 
+  // Window changes that a waiting search should see at once: a window
+  // created, shown or renamed anywhere on the desktop. Watching starts with
+  // no change seen.
+  virtual void WatchWindowChanges(bool on) = 0;
+  // Waits at most the given time until a watched change, or a message for
+  // this program, arrives; true when a change did (it is then seen).
+  virtual bool WaitForWindowChange(int timeoutMilliseconds) = 0;
+
   // Marks a window on the screen with a frame along its edges; marking the
   // same window again removes the frame.
   virtual void DrawWindowFrame(WindowHandle window) = 0;

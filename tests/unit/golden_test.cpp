@@ -105,8 +105,8 @@ struct Session {
     host.commandLine = "\"a.vls\" \"a.vld\"";
   }
 
-  // parent, title, class, id, "left top right bottom", then any of "elevated", "disabled" and
-  // "enabled at <ms>"; the parent is 0 for the desktop or the number of an earlier window line.
+  // parent, title, class, id, "left top right bottom", then any of "elevated", "disabled",
+  // "enabled at <ms>" and "appears at <ms>"; the parent is 0 for the desktop or the number of an earlier window line.
   std::vector<WindowHandle> windows;
   void Add_Window(const Lines& fields) {
     std::istringstream numbers(fields.at(0) + " " + fields.at(3) + " " + fields.at(4));
@@ -123,6 +123,8 @@ struct Session {
         window.enabledAt = SimDesktop::kNever;
       else if (Starts_With(*flag, "enabled at "))
         window.enabledAt = std::stoll(flag->substr(11));
+      else if (Starts_With(*flag, "appears at "))
+        window.appearsAt = std::stoll(flag->substr(11));
       else
         ADD_FAILURE() << "unknown window flag: " << *flag;
     }
@@ -146,6 +148,10 @@ TEST_P(GoldenTest, LeavesTheExpectedLogAndStatus) {
   // The pauses of a tenth of a second made, when the case gives them.
   if (const Lines tenths = golden.Section("tenths"); !tenths.empty()) {
     EXPECT_EQ(std::to_string(session.host.tenthSleeps), tenths.front()) << golden.name;
+  }
+  // And the time the whole run took on the simulated clock.
+  if (const Lines clock = golden.Section("milliseconds"); !clock.empty()) {
+    EXPECT_EQ(std::to_string(session.host.clockMs), clock.front()) << golden.name;
   }
   // A misspelt section would leave its part of the case out unseen.
   for (const auto& [title, lines] : golden.sections) EXPECT_TRUE(golden.read.count(title)) << "unknown: " << title;

@@ -1,5 +1,7 @@
 #include "sim_desktop.h"
 
+#include <algorithm>
+
 namespace velmora {
 
 SimDesktop::SimDesktop(SimHost& host) : host_(host), windows_(2) {
@@ -182,6 +184,16 @@ bool SimDesktop::WaitForInputIdle(int timeoutMilliseconds) {
   if (!inputIdleTimesOut) return true;
   host_.Sleep(timeoutMilliseconds);
   return false;
+}
+
+bool SimDesktop::WaitForWindowChange(int timeoutMilliseconds) {
+  const long long now = host_.clockMs, end = now + std::max(timeoutMilliseconds, 0);
+  long long next = end + 1;
+  if (watchingChanges)
+    for (const Window& w : windows_)
+      if (w.appearsAt > now && w.appearsAt < next) next = w.appearsAt;
+  host_.Sleep(static_cast<int>(std::min(next, end) - now));
+  return next <= end;
 }
 
 void SimDesktop::RepaintScreenArea(const WindowRect& r) {

@@ -35,8 +35,8 @@ class SimDesktop : public Desktop {
     // with its owner, wherever it sits in the tree; a child with its parent.
     bool popup = false;
     WindowHandle owner = 0;
-    bool elevated = false;  // its program runs at a higher integrity level
-    bool topmost = false;   // a top-level window kept above the others
+    bool elevated = false;      // its program runs at a higher integrity level
+    bool topmost = false;       // a top-level window kept above the others
     std::uint32_t program = 0;  // of a top-level window; 0: a program of its own
   };
 
@@ -114,6 +114,10 @@ class SimDesktop : public Desktop {
   int DoubleClickTime() override { return doubleClickTime; }
   int ScreenWidth() override { return screenWidth; }
   int ScreenHeight() override { return screenHeight; }
+  // Watched changes are windows appearing: waiting ends when the next one does.
+  bool watchingChanges = false;
+  void WatchWindowChanges(bool on) override { watchingChanges = on; }
+  bool WaitForWindowChange(int timeoutMilliseconds) override;
   void DrawWindowFrame(WindowHandle window) override { screenMarks.push_back("frame " + std::to_string(window)); }
   void RepaintScreenArea(const WindowRect& r) override;
   std::uint32_t ownProgram = 0xFFFFFFFFu;  // give a window this program to make it the editor's own

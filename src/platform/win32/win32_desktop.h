@@ -3,6 +3,7 @@
 
 #include "desktop.h"
 #include "win32_frame_marker.h"
+#include "win32_window_watch.h"
 
 namespace velmora {
 
@@ -34,6 +35,8 @@ class Win32Desktop : public Desktop {
   int DoubleClickTime() override;
   int ScreenWidth() override;
   int ScreenHeight() override;
+  void WatchWindowChanges(bool on) override { on ? watch_.Start() : watch_.Stop(); }
+  bool WaitForWindowChange(int timeoutMilliseconds) override { return watch_.Wait(timeoutMilliseconds); }
   void DrawWindowFrame(WindowHandle window) override;
   void RepaintScreenArea(const WindowRect& rect) override;
   std::uint32_t OwnProgram() override;
@@ -43,6 +46,7 @@ class Win32Desktop : public Desktop {
 
  private:
   FrameMarker frame_;  // the mark of a pick
+  WindowWatch watch_;  // for a search that waits in the fast pace
 };
 
 }  // namespace velmora
