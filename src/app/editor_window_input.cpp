@@ -24,7 +24,7 @@ long Selected_Index(HWND list) { return static_cast<long>(SendMessageA(list, LB_
 
 // The buttons whose click the form handles.
 constexpr ControlId kFormButtons[] = {
-    ControlId::OpenScriptButton,    ControlId::SaveScriptButton, ControlId::CreateDebugButton,
+    ControlId::OpenScriptButton,    ControlId::SaveScriptButton,    ControlId::CreateDebugButton,
     ControlId::InsertCommandButton, ControlId::RemoveCommandButton, ControlId::ExecuteButton,
     ControlId::ExecuteNextButton,   ControlId::BreakPointButton,
 };
@@ -66,7 +66,8 @@ void EditorWindow::On_Field_Entered(ControlId id, bool byKeyboard) {
 }
 
 void EditorWindow::On_Menu_Button() {
-  if (const auto chosen = Track_Velmora_Menu(window_, Control(ControlId::VelmoraMenu))) On_Menu(*chosen);
+  if (const auto chosen = Track_Velmora_Menu(window_, Control(ControlId::VelmoraMenu), form_->Fast_Pace()))
+    On_Menu(*chosen);
 }
 
 void EditorWindow::On_Menu(MenuId id) {
@@ -80,6 +81,8 @@ void EditorWindow::On_Menu(MenuId id) {
     case MenuId::AssignEnvVar:
       return Show_EnvVar_Setup(reinterpret_cast<HINSTANCE>(GetWindowLongPtrA(window_, GWLP_HINSTANCE)), window_,
                                engine_, form_->HelpFile());
+    case MenuId::FastPace:
+      return form_->Toggle_Fast_Pace();
   }
 }
 

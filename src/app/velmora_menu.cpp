@@ -11,20 +11,20 @@ struct MenuEntry {
 
 // Every entry has an access key of its own, so the menu works from the keyboard.
 constexpr MenuEntry kEntries[] = {
-    {MenuId::HelpContents, "&Contents"},
-    {MenuId::HelpOnHelp, "&How to Use Help"},
-    {MenuId::About, "&About Velmora..."},
-    {MenuId::AssignEnvVar, "Assign Environment Variables in &Batch File"},
+    {MenuId::HelpContents, "&Contents"},     {MenuId::HelpOnHelp, "&How to Use Help"},
+    {MenuId::About, "&About Velmora..."},    {MenuId::AssignEnvVar, "Assign Environment Variables in &Batch File"},
+    {MenuId::FastPace, "Run at &Fast Pace"},
 };
 
 }  // namespace
 
-std::optional<MenuId> Track_Velmora_Menu(HWND owner, HWND button) {
+std::optional<MenuId> Track_Velmora_Menu(HWND owner, HWND button, bool fastPace) {
   HMENU menu = CreatePopupMenu();
   if (!menu) return std::nullopt;
   for (const MenuEntry& entry : kEntries) {
-    if (entry.Id == MenuId::About) AppendMenuA(menu, MF_SEPARATOR, 0, nullptr);
-    AppendMenuA(menu, MF_STRING, static_cast<UINT_PTR>(entry.Id), entry.Caption);
+    if (entry.Id == MenuId::About || entry.Id == MenuId::FastPace) AppendMenuA(menu, MF_SEPARATOR, 0, nullptr);
+    const UINT checked = entry.Id == MenuId::FastPace && fastPace ? MF_CHECKED : MF_UNCHECKED;
+    AppendMenuA(menu, MF_STRING | checked, static_cast<UINT_PTR>(entry.Id), entry.Caption);
   }
   RECT place{};
   GetWindowRect(button, &place);

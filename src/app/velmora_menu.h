@@ -11,7 +11,7 @@
 namespace velmora {
 
 // Opens the menu below the button and returns the entry chosen, or nothing
-// when the menu was dismissed.
-std::optional<MenuId> Track_Velmora_Menu(HWND owner, HWND button);
+// when the menu was dismissed. The fast pace's entry is checked when it is on.
+std::optional<MenuId> Track_Velmora_Menu(HWND owner, HWND button, bool fastPace);
 
 }  // namespace velmora

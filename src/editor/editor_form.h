@@ -37,6 +37,11 @@ class EditorForm {
   void TraceWindow_Click() { composer_.TraceWindow_Click(); }
   void TraceWindow_DblClick() { composer_.TraceWindow_DblClick(); }
 
+  // The pace of the lines run here: kept in the settings, and said in the
+  // debug output when it changes.
+  void Toggle_Fast_Pace();
+  bool Fast_Pace() const;
+
   const std::string& HelpFile() const { return helpFile_; }
   CommandPanel& Panel() { return panel_; }
   ScriptFiles& Files() { return files_; }

@@ -58,6 +58,7 @@ enum class MenuId : int {
   HelpOnHelp = 3002,
   About = 3003,
   AssignEnvVar = 3004,
+  FastPace = 3005,  // checked while lines run here at the fast pace
 };
 
 template <>

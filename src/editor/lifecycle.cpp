@@ -10,6 +10,7 @@
 #include "form_placement.h"
 #include "numeric.h"
 #include "reg_settings.h"
+#include "text.h"
 #include "trap.h"
 #include "velmora_version.h"
 
@@ -18,6 +19,7 @@ namespace velmora {
 namespace {
 
 constexpr const char* kSection = "Editor";
+constexpr const char* kPaceKey = "Pace";
 
 }  // namespace
 
@@ -62,6 +64,18 @@ void EditorForm::Field_Entered(ControlId field, bool byKeyboard) {
   if (field == ControlId::Minutes) picker_.Minutes_GotFocus(byKeyboard);
 }
 
+bool EditorForm::Fast_Pace() const { return engine_.state.RunPace == Pace::Fast; }
+
+void EditorForm::Toggle_Fast_Pace() {
+  const bool fast = !Fast_Pace();
+  engine_.state.RunPace = fast ? Pace::Fast : Pace::Default;
+  settings_.SaveSetting(kSection, kPaceKey, fast ? "fast" : "default");
+  Log_Always(engine_, true,
+             fast ? "Info: Lines run here at the fast pace: no fixed pauses; each command waits until its window is "
+                    "ready."
+                  : "Info: Lines run here at the default pace, with its fixed pauses.");
+}
+
 bool EditorForm::May_Close_Now() {
   if (activity_.May_Close_Now()) return true;
   if (activity_.Running()) runner_.Request_Halt();
@@ -85,6 +99,8 @@ void EditorForm::Form_Load_Interactive() {
     controls_.SetEnabled(id, false);
   panel_.Load_Commands(1);
   Restore_Form_Placement(settings_, kSection, window_);
+  // Read back with or without its last letter, as the settings store gives it.
+  if (Lower(settings_.GetSetting(kSection, kPaceKey, "")).rfind("fas", 0) == 0) engine_.state.RunPace = Pace::Fast;
   files_.Load_At_Start();
 }
 

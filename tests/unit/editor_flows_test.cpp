@@ -69,8 +69,8 @@ TEST_F(EditorFilesTest, ScriptsAndDebugFilesComeAndGoAndSavingDropsTheMarks) {
   host.files["C:\\s\\b.vls"] = "Wait:  0.01\r\nQuit\r\n";
   dialogs.replies = {"C:\\s\\b.vls"};
   Click(C::OpenScriptButton);
-  EXPECT_EQ(dialogs.requests.size(), 4u);  // a debug file is named: no prompt
-  EXPECT_TRUE(dialogs.asked.empty());      // nothing changed: no question
+  EXPECT_EQ(dialogs.requests.size(), 4u);                 // a debug file is named: no prompt
+  EXPECT_TRUE(dialogs.asked.empty());                     // nothing changed: no question
   EXPECT_EQ(dialogs.requests[3].InitialFolder, "C:\\s");  // the script's folder
   EXPECT_EQ(controls[C::ScriptFileLabel].Caption, "Script: C:\\s\\b.vls");
   EXPECT_EQ(engine.TraceWindow.Selected(), 1);  // the first line to run
@@ -131,8 +131,10 @@ TEST_F(EditorFilesTest, TheNextStartLoadsTheRememberedFilesUnlessTheShellNamesAS
   host.files["C:\\s\\shell.vls"] = "Wait:  0.01\r\n";
   Start_With("C:\\s\\a.vls", "C:\\s\\a.vld");
   EXPECT_TRUE(form.Form_QueryUnload());
-  const std::tuple<const char*, bool, const char*> rows[] = {  // the shell's script, the debug file there, line 1
-      {"", true, "Quit"}, {"\"C:\\s\\shell.vls\"", true, "Wait:  0.01"}, {"", false, "Wait:  0.01"}};
+  const std::tuple<const char*, bool, const char*> rows[] = {// the shell's script, the debug file there, line 1
+                                                             {"", true, "Quit"},
+                                                             {"\"C:\\s\\shell.vls\"", true, "Wait:  0.01"},
+                                                             {"", false, "Wait:  0.01"}};
   for (const auto& [shell, debugThere, line] : rows) {
     if (!debugThere) host.files.erase("C:\\s\\a.vld");
     dialogs.requests.clear();
@@ -140,7 +142,7 @@ TEST_F(EditorFilesTest, TheNextStartLoadsTheRememberedFilesUnlessTheShellNamesAS
     engine.editor = {};
     engine.editor.ScriptFileName = shell;
     next.Form_Load_Interactive();
-    EXPECT_EQ(engine.TraceWindow.Item(1), line);  // a gone debug file: nothing loaded
+    EXPECT_EQ(engine.TraceWindow.Item(1), line);               // a gone debug file: nothing loaded
     EXPECT_EQ(dialogs.requests.size(), debugThere ? 0u : 1u);  // so the debug file is asked for
   }
 }
@@ -200,6 +202,25 @@ TEST_F(EditorRunTest, RunsStopAtTheNextMarkAQuitTheEndOrABlockErrorAndStartAfres
   EXPECT_EQ(window.foregroundCalls, 7);
 }
 
+// The pace chosen from the menu is kept for the next start, and lines run in it
+// make the fixed pauses only at the default pace.
+TEST_F(EditorRunTest, TheChosenPaceIsKeptForTheNextStartAndRunsTheLines) {
+  for (const bool fast : {true, false}) {
+    form.Toggle_Fast_Pace();
+    engine.state.RunPace = Pace::Default;
+    EditorForm next{engine, controls, window, dialogs, settings};
+    next.Form_Load_Interactive();
+    EXPECT_EQ(next.Fast_Pace(), fast);
+    Script(
+        {R"(findwindow: 2, "Setup", "#32770", 0, 0.5, 0.9, "Next >", "Button", 1, 0.5, 0.5, 0.05)", "sendbuttons: sl"},
+        1);
+    const long long pauses = host.tenthSleeps;
+    Click(C::ExecuteButton);
+    EXPECT_EQ(desktop.mouseEvents.size(), fast ? 4u : 8u);  // each click: the move, the move to the point, down, up
+    EXPECT_EQ(host.tenthSleeps - pauses, fast ? 0 : 2 * 2 + 10 + 10 + 3);
+  }
+}
+
 // 30 still samples after the last move (one pixel on either axis); each window under the
 // pointer is framed in turn, the last frame wiped.
 TEST_F(EditorRunTest, OnePixelRestartsTheWaitAndEachWindowIsFramedInTurn) {
@@ -223,7 +244,8 @@ TEST_F(EditorRunTest, OnePixelRestartsTheWaitAndEachWindowIsFramedInTurn) {
 // The editor's own window is never picked; Escape picks nothing; a filled field entered by
 // Tab is left alone; a pop-up left of its owner gives the owner's edge (no negative fraction).
 TEST_F(EditorRunTest, APickTakesNoOwnWindowEndsWithEscapeAndLeavesATabbedFieldAlone) {
-  const WindowHandle own = desktop.Add(desktop.DesktopWindow(), "Velmora - IDE", "VelmoraEditor", 0, {600, 0, 900, 300});
+  const WindowHandle own =
+      desktop.Add(desktop.DesktopWindow(), "Velmora - IDE", "VelmoraEditor", 0, {600, 0, 900, 300});
   desktop.At(own).program = desktop.ownProgram;
   const WindowHandle tip = desktop.Add(desktop.DesktopWindow(), "Tip", "VelmoraTip", 0, {20, 150, 90, 200});
   desktop.At(tip).popup = true;
@@ -250,7 +272,8 @@ TEST_F(EditorRunTest, APickTakesNoOwnWindowEndsWithEscapeAndLeavesATabbedFieldAl
     EXPECT_EQ(std::count(desktop.screenMarks.begin(), desktop.screenMarks.end(), "frame " + std::to_string(own)), 0);
     EXPECT_EQ(Shown({"Info: Pick ended with Escape; nothing was picked."}), escapeAfterMs >= 0);
     EXPECT_EQ(Shown({"Info: Editor Disabled Pending Window Location Input!",
-                     "  To pick window, leave mouse stationary for 3 seconds!"}), mostSamples > 0);
+                     "  To pick window, leave mouse stationary for 3 seconds!"}),
+              mostSamples > 0);
     EXPECT_TRUE(controls[C::Form].Enabled && (mostSamples == 0 || Shown({"Info: Editor Re-Enabled!"})));
     engine.DebugWindow.Clear();
   }
@@ -260,8 +283,8 @@ TEST_F(EditorRunTest, APickTakesNoOwnWindowEndsWithEscapeAndLeavesATabbedFieldAl
 // ends a pick with nothing picked.
 TEST_F(EditorRunTest, TheMousePickGivesUseMousesRangeAndPicksStartOnlyWhereAskedFor) {
   desktop.screenWidth = 1024, desktop.screenHeight = 768;
-  for (const auto& [at, xy] : {std::pair{ScreenPoint{512, 384}, "32768 32768"}, {{1023, 767}, "65472 65451"},
-                                {{2000, -5}, "65535 0"}}) {
+  for (const auto& [at, xy] :
+       {std::pair{ScreenPoint{512, 384}, "32768 32768"}, {{1023, 767}, "65472 65451"}, {{2000, -5}, "65535 0"}}) {
     Choose(kUseMouseCommand);
     desktop.cursor = at;
     Pick(C::Minutes);
