@@ -2,7 +2,7 @@
 # arrived in the folder that the script typed (TARGETDIR, see env), the
 # component it left out did not, and the installed program runs. The case
 # plays the sample itself: its command line names samples/install.vls from
-# the working folder, build/e2e/installer/work.
+# the working folder, build/e2e/installer/<variant>/work.
 
 : "${WINEPREFIX:?no Wine session}"
 target="$(sed -n 's/^TARGETDIR=//p' "$E2E_CASE/env" | tr -d '\r')"
