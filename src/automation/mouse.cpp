@@ -100,6 +100,26 @@ ScreenPoint Mouse::Normalised(ScreenPoint pixel) {
           Rounded_Within(Mouse_Share(pixel.y, height), INT32_MIN, INT32_MAX)};
 }
 
+// Brought forward when something else lies at the point, enabled, and (in
+// the fast pace) its program idle; false, with the reason logged, when not.
+bool Mouse::Target_Ready(bool Interactive, WindowHandle window, const std::string& text, ScreenPoint pixel,
+                         long long sampledAt, WaitBudget& budget) {
+  // A click for a program that does not respond could land on whatever lies
+  // at the point: none is sent.
+  const auto not_responding = [&] {
+    Log_Trace(engine_, Interactive, Not_Responding_Line("no click was sent"));
+    return false;
+  };
+  if (desktop_.WindowFromPoint(pixel) != window && !budget.Bring_Forward(desktop_, window)) return not_responding();
+  if (!Wait_Until_Enabled(engine_, desktop_, window, budget)) {
+    Report_Error(engine_, Interactive, -1, "This window is not able to receive input:  " + text,
+                 "Is Window Enabled Error!", "Velmora.(General).SendButtons_Command.IsWindowEnabledError.1", kGoOn);
+    return false;
+  }
+  Pause_Before_Input(engine_, sampledAt);
+  return Wait_Until_Idle(engine_, desktop_, budget) || not_responding();
+}
+
 void Mouse::SendButtons_Command(bool Interactive, std::int32_t foundCount, const std::string& clickCode,
                                 double relativeX, double relativeY, bool& LastCommandSucceeded) {
   Trap(engine_, Interactive, "Velmora.(General).SendButtons_Command.TrappableErrors.1", kFatal, [&] {
@@ -128,24 +148,7 @@ void Mouse::SendButtons_Command(bool Interactive, std::int32_t foundCount, const
     desktop_.MouseEvent(kMoveFlags, point.x, point.y);
     host.DoEvents();
     WaitBudget budget(host);
-    if (desktop_.WindowFromPoint(pixel) != window) {
-      // A click for a program that does not respond could land on whatever
-      // lies at the point: none is sent.
-      if (!budget.Bring_Forward(desktop_, window)) {
-        Log_Trace(engine_, Interactive, Not_Responding_Line("no click was sent"));
-        LastCommandSucceeded = false;
-        return;
-      }
-    }
-    if (!Wait_Until_Enabled(engine_, desktop_, window, budget)) {
-      Report_Error(engine_, Interactive, -1, "This window is not able to receive input:  " + text,
-                   "Is Window Enabled Error!", "Velmora.(General).SendButtons_Command.IsWindowEnabledError.1", kGoOn);
-      LastCommandSucceeded = false;
-      return;
-    }
-    Pause_Before_Input(engine_, sampledAt);
-    if (!Wait_Until_Idle(engine_, desktop_, budget)) {
-      Log_Trace(engine_, Interactive, Not_Responding_Line("no click was sent"));
+    if (!Target_Ready(Interactive, window, text, pixel, sampledAt, budget)) {
       LastCommandSucceeded = false;
       return;
     }

@@ -7,6 +7,7 @@
 #include <string>
 
 #include "target_state.h"
+#include "wait_budget.h"
 #include "window_search.h"
 
 namespace velmora {
@@ -41,6 +42,8 @@ class Mouse {
   bool Click_At(const Click& click, std::uint32_t down, std::uint32_t up, long x, long y, bool yieldAfterEach,
                 const MayGoOn& mayGoOn);
   ScreenPoint Normalised(ScreenPoint pixel);
+  bool Target_Ready(bool Interactive, WindowHandle window, const std::string& text, ScreenPoint pixel,
+                    long long sampledAt, WaitBudget& budget);
   // Fast pace: a click at the place of the last one waits until the system
   // can no longer take the two for a double click.
   void Keep_Apart_From_Last_Click(long x, long y, int doubleClickTime);
