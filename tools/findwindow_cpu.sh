@@ -5,7 +5,9 @@
 # waits 30 s for the button of a dialog that never opens. The CPU time of
 # velmora.exe and of the wineserver is read from /proc/<pid>/stat before and
 # after a span of the wait, and once before velmora.exe starts (the crowded
-# desktop alone, for comparison).
+# desktop alone, for comparison). velmora.exe plays at the pace that
+# VELMORA_PACE in the environment names (default when unset), as Wine hands
+# it the environment; the pace is printed.
 #   tools/findwindow_cpu.sh [seconds measured, default 20, at most 25]
 # Needs build/windows/bin/{velmora,launch}.exe (the windows preset); builds
 # the benchmark in build/bench-windows as tools/bench.sh does.
@@ -80,7 +82,7 @@ s=$(($(ticks "$server") - s0))
 wait_status=0
 wait "$run" || wait_status=$?
 
-echo "A findwindow waiting for a window that is not there, $seconds s measured"
+echo "A findwindow waiting for a window that is not there, $seconds s measured, pace: ${VELMORA_PACE:-default}"
 echo "(40 dialogs of 49 controls open besides; percent of one core):"
 echo "  velmora.exe          $(percent "$v") %"
 echo "  wineserver           $(percent "$s") %"
