@@ -89,16 +89,20 @@ double Seam_Time(const PhaseTimes& t) {
 }
 
 void Print_Kind(const std::string& kind, const std::vector<Sample>& rows) {
-  std::printf("\n%s (median of %zu, ms)\n%-24s %10s %10s\n", kind.c_str(), rows.size(), "phase", "velmora", "bare");
-  const auto row = [&](const char* name, const std::function<double(const PhaseTimes&, double)>& value) {
-    std::printf("%-24s %10.2f %10.2f\n", name, Median_Of(rows, [&](const Sample& s) { return value(s.player, s.wall); }),
+  std::printf("\n%s (median of %zu, ms)\n%-24s %10s %10s %8s\n", kind.c_str(), rows.size(), "phase", "velmora", "bare",
+              "calls");
+  const auto row = [&](const char* name, const std::function<double(const PhaseTimes&, double)>& value,
+                       int phase = -1) {
+    std::printf("%-24s %10.2f %10.2f", name, Median_Of(rows, [&](const Sample& s) { return value(s.player, s.wall); }),
                 Median_Of(rows, [&](const Sample& s) { return value(s.bare, s.bareWall); }));
+    if (phase >= 0) std::printf(" %8.0f", Median_Of(rows, [&](const Sample& s) { return s.player.calls[phase]; }));
+    std::printf("\n");
   };
-  for (int p = 0; p < kSlept; ++p) row(kPhaseNames[p], [p](const PhaseTimes& t, double) { return t.ms[p]; });
+  for (int p = 0; p <= kSlept; ++p) row(kPhaseNames[p], [p](const PhaseTimes& t, double) { return t.ms[p]; }, p);
   row("sleeps asked", [](const PhaseTimes& t, double) { return t.asked; });
   row("sleep overshoot", [](const PhaseTimes& t, double) { return t.ms[kSlept] - t.asked; });
   row("rest", [](const PhaseTimes& t, double wall) { return wall - Seam_Time(t); });
-  row("  of which log writes", [](const PhaseTimes& t, double) { return t.ms[kLogWrites]; });
+  row("  of which log writes", [](const PhaseTimes& t, double) { return t.ms[kLogWrites]; }, kLogWrites);
   row("wall", [](const PhaseTimes&, double wall) { return wall; });
   const double overhead = Median_Of(rows, [](const Sample& s) { return s.wall - s.player.asked; });
   const double own = Median_Of(rows, [](const Sample& s) { return s.wall - s.player.ms[kSlept]; });

@@ -22,6 +22,7 @@ inline constexpr std::array<const char*, kPhaseCount> kPhaseNames = {
 // The time of one line, phase by phase, and the sleeps it asked for.
 struct PhaseTimes {
   std::array<double, kPhaseCount> ms{};
+  std::array<int, kPhaseCount> calls{};
   double asked = 0;
   int depth = 0;  // of seam calls under way
 
@@ -40,6 +41,7 @@ struct PhaseTimes {
         if (outermost) times.ms[phase] += Now_Ms() - start;
       }
     } scope{*this, phase, depth++ == 0, Now_Ms()};
+    calls[phase] += scope.outermost;
     return call();
   }
 };
