@@ -38,9 +38,20 @@ DWORD WINAPI Focus_Thread(void* parameter) {
   return 0;
 }
 
+// The window that has the keyboard focus within the window's own thread.
+HWND Focus_Of_Owner(HWND window) {
+  GUITHREADINFO info{};
+  info.cbSize = sizeof info;
+  const DWORD owner = GetWindowThreadProcessId(window, nullptr);
+  return owner && GetGUIThreadInfo(owner, &info) ? info.hwndFocus : nullptr;
+}
+
 }  // namespace
 
 FocusOutcome Give_Focus_Within(HWND window, DWORD milliseconds) {
+  // Focused already (as on the second of two tries): no helper thread, which
+  // takes milliseconds to start and finish, many more on a busy machine.
+  if (Focus_Of_Owner(window) == window) return FocusOutcome::Focused;
   // This thread's own windows: the helper would wait for this thread.
   if (GetWindowThreadProcessId(window, nullptr) == GetCurrentThreadId())
     return Set_Focus_Joined(window) ? FocusOutcome::Focused : FocusOutcome::Refused;
