@@ -138,8 +138,9 @@ bool InputGuard::Ready_For_Keys() {
       return true;
     }
     const WindowHandle receiver = focus ? focus : foreground;
-    problem_ = receiver ? "Info: The keys would go to " + Window_Description(desktop_, receiver) + "; no keys were sent."
-                        : "Info: No window has the keyboard focus; no keys were sent.";
+    problem_ = receiver
+                   ? "Info: The keys would go to " + Window_Description(desktop_, receiver) + "; no keys were sent."
+                   : "Info: No window has the keyboard focus; no keys were sent.";
     if (!Retry("no keys were sent")) return false;
     if (look > 0 && !Pause()) return false;
   }
@@ -158,19 +159,31 @@ void InputGuard::Name_Keyboard_Holder() {
   problem_ = holder ? Window_Description(desktop_, holder) : std::string("No window");
 }
 
+// A control that had the keys and lost them to the top-level window itself
+// lost them to a reactivation (the system puts the focus there), not to the
+// script's own keys, which move it between controls.
+bool InputGuard::Focus_Reset(WindowHandle focus) const {
+  return focus == root_ && lastFocus_ != 0 && lastFocus_ != root_;
+}
+
 bool InputGuard::Keys_Still_Reach_Target() {
+  bool taken = false;
   for (int look = 0;; ++look) {
     const WindowHandle foreground = desktop_.ForegroundWindow();
-    if (foreground != 0 && desktop_.ProgramOf(foreground) == program_) {
-      if (const WindowHandle focus = desktop_.FocusWindow()) lastFocus_ = focus;
+    const WindowHandle focus = desktop_.FocusWindow();
+    const bool ours = foreground != 0 && desktop_.ProgramOf(foreground) == program_;
+    // Once taken away, the keyboard must be back with the control that had it.
+    if (ours && !Focus_Reset(focus) && (!taken || focus == lastFocus_)) {
+      if (focus) lastFocus_ = focus;
       foreground_ = foreground;
       return true;
     }
-    if (look == 0) Name_Keyboard_Holder();
+    if (!taken) Name_Keyboard_Holder();
+    taken = true;
     // Given back to the control that had the keys, while the target is there.
     if (desktop_.ProgramOf(root_) != program_ || (look > 0 && !Pause())) return false;
-    const WindowHandle focus = lastFocus_ && desktop_.ProgramOf(lastFocus_) == program_ ? lastFocus_ : target_;
-    if (!Bring_Back(focus)) return false;
+    const WindowHandle back = lastFocus_ && desktop_.ProgramOf(lastFocus_) == program_ ? lastFocus_ : target_;
+    if (!Bring_Back(back)) return false;
   }
 }
 

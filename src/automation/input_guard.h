@@ -58,6 +58,7 @@ class InputGuard {
   bool Hits_Target(WindowHandle hit);
   bool Focus_Inside_Target(WindowHandle focus);
   bool Another_Program_Has(WindowHandle foreground);
+  bool Focus_Reset(WindowHandle focus) const;
   // Brings the window forward and raises the target's top-level window; false
   // when its program did not answer in time.
   bool Bring_Back(WindowHandle window);

@@ -213,6 +213,19 @@ TEST_F(InputGuardTest, EveryKeyReachesTheTargetOrTheRestIsNotSent) {
        },
        false, 0, R"(Info: The keys would go to "Next >" (Button) of "Setup"; no keys were sent.)"},
       {"the keyboard taken between groups is taken back", [&] { steal_after_first_group(false); }, true, 4, ""},
+      // The system puts the focus on a reactivated window itself, not on its control.
+      {"the focus found on the dialog itself goes back to the control",
+       [&] { desktop.afterInput = [&] { desktop.focus = desktop.keysSentTo.size() == 1 ? dialog : desktop.focus; }; },
+       true, 4, ""},
+      {"the keyboard taken and given back to another control goes back to the one that had it",
+       [&] {
+         steal_after_first_group(false);
+         host.onDoEvents = [&, reset = true]() mutable {
+           if (reset && desktop.foreground == dialog && desktop.keysSentTo.size() == 1) desktop.focus = next;
+           reset = reset && desktop.focus != next;
+         };
+       },
+       true, 4, ""},
       {"the keyboard taken for good: the rest is not sent", [&] { steal_after_first_group(true); }, false, 1,
        R"(Info: "Cancel" (Button) of "Other Setup" took the keyboard focus; 4 of 5 keys were not sent.)"},
       {"the keyboard taken while the second group is queued: it is not trusted to have arrived",
