@@ -51,8 +51,8 @@ class FindWindow {
                                std::vector<WindowHandle>& FoundList);
 
   // Searches at once and whenever a window changes, until found or out of time.
-  std::int32_t Find_As_Soon_As_There(const std::string& WindowText, const std::string& ClassName,
-                                     std::int32_t ChildID, const std::string& WindowPath, std::int32_t WaitSeconds,
+  std::int32_t Find_As_Soon_As_There(const std::string& WindowText, const std::string& ClassName, std::int32_t ChildID,
+                                     const std::string& WindowPath, std::int32_t WaitSeconds,
                                      std::vector<WindowHandle>& FoundList);
 
   std::int32_t FindWindow_Command(bool Interactive, const ParsedCommand& command, bool& LastCommandSucceeded);

@@ -167,24 +167,34 @@ bool InputGuard::Focus_Reset(WindowHandle focus) const {
 }
 
 bool InputGuard::Keys_Still_Reach_Target() {
-  bool taken = false;
   for (int look = 0;; ++look) {
     const WindowHandle foreground = desktop_.ForegroundWindow();
     const WindowHandle focus = desktop_.FocusWindow();
-    const bool ours = foreground != 0 && desktop_.ProgramOf(foreground) == program_;
-    // Once taken away, the keyboard must be back with the control that had it.
-    if (ours && !Focus_Reset(focus) && (!taken || focus == lastFocus_)) {
+    if (foreground != 0 && desktop_.ProgramOf(foreground) == program_ && !Focus_Reset(focus)) {
       if (focus) lastFocus_ = focus;
       foreground_ = foreground;
       return true;
     }
-    if (!taken) Name_Keyboard_Holder();
-    taken = true;
+    if (look == 0) Name_Keyboard_Holder();
     // Given back to the control that had the keys, while the target is there.
     if (desktop_.ProgramOf(root_) != program_ || (look > 0 && !Pause())) return false;
     const WindowHandle back = lastFocus_ && desktop_.ProgramOf(lastFocus_) == program_ ? lastFocus_ : target_;
     if (!Bring_Back(back)) return false;
   }
+}
+
+bool InputGuard::Keys_Were_Read_Here() {
+  const WindowHandle foreground = desktop_.ForegroundWindow(), focus = desktop_.FocusWindow();
+  if (Another_Program_Has(foreground) || Focus_Reset(focus)) {
+    Name_Keyboard_Holder();
+    return false;
+  }
+  // The script's own keys may have moved the focus, or opened a window. (The
+  // desktop window's moment in front leaves both as they were: the next
+  // group waits for the target's program.)
+  if (focus && desktop_.ProgramOf(focus) == program_) lastFocus_ = focus;
+  if (foreground && desktop_.ProgramOf(foreground) == program_) foreground_ = foreground;
+  return true;
 }
 
 }  // namespace velmora

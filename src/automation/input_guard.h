@@ -36,10 +36,16 @@ class InputGuard {
 
   // Waits until the keyboard focus is inside the target in the foreground.
   bool Ready_For_Keys();
-  // Between groups of keys: the target's program still has the keyboard, or
-  // gets it back within the budget. On false, Problem() names the window
-  // that took it.
+  // After a group of keys was refused: the target's program has the keyboard
+  // again, or gets it back within the budget. On false, Problem() names the
+  // window that took it.
   bool Keys_Still_Reach_Target();
+  // After a group of keys was read, before the next: false when another
+  // program has the foreground, or the focus fell back on the target's
+  // top-level window itself (where the system puts it when the window is
+  // activated again). Keys read meanwhile may have gone to that window, or
+  // to none: they are not trusted to have arrived.
+  bool Keys_Were_Read_Here();
   // After the last keys: false when another program has the foreground while
   // the target is still shown, as keys the target had not yet read are handed
   // to whichever window has the focus when they are read.

@@ -136,7 +136,7 @@ SendKeys::Status SendKeys::Type(bool interactive, const std::string& keys, Windo
   bool recheck = false;
   for (std::size_t i = 0, retries = 0; i < groups.size();) {
     if (retries > kMostResends) guard.Name_Keyboard_Holder();
-    if ((i > 0 || recheck) && (retries > kMostResends || !guard.Keys_Still_Reach_Target())) {
+    if (recheck && (retries > kMostResends || !guard.Keys_Still_Reach_Target())) {
       Log_Always(engine_, interactive,
                  "Info: " + guard.Problem() + " took the keyboard focus; " + std::to_string(total - sent) + " of " +
                      std::to_string(total) + " keys were not sent.");
@@ -161,6 +161,12 @@ SendKeys::Status SendKeys::Type(bool interactive, const std::string& keys, Windo
       break;
     }
     sent += Presses(groups[i++]);
+    // Each group is read before the next goes, and read where it was sent.
+    if (i < groups.size()) {
+      budget.Spend([&](int left) { return desktop_.WaitForInputIdle(left); });
+      if (!guard.Keys_Were_Read_Here())
+        return Keys_Astray(interactive, guard, total - sent + Presses(groups[i - 1]), total, succeeded);
+    }
   }
   if (!budget.Spend([&](int left) { return desktop_.WaitForInputIdle(left); }))
     Log(interactive, "Info: The window did not finish processing the keys within " +

@@ -24,8 +24,7 @@ class SendKeys {
   SendKeys(Engine& engine, Desktop& desktop, WindowSearch& search, TargetState& target)
       : engine_(engine), desktop_(desktop), search_(search), target_(target) {}
 
-  void SendKeys_Command(bool Interactive, std::int32_t foundCount, const std::string& keys,
-                        bool& LastCommandSucceeded);
+  void SendKeys_Command(bool Interactive, std::int32_t foundCount, const std::string& keys, bool& LastCommandSucceeded);
 
   // What became of the keys: the status numbers the procedure returns.
   enum Status : int {

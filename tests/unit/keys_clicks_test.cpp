@@ -97,7 +97,7 @@ class InputGuardTest : public AutomationTest {
     desktop.At(dialog).vanishesAt = desktop.At(other).vanishesAt = host.clockMs;
     desktop.foregroundRefused = false;
     desktop.afterInput = nullptr;
-    desktop.whileKeysQueued = nullptr;
+    desktop.whileKeysQueued = desktop.beforeKeys = nullptr;
     host.onDoEvents = nullptr;
     Arrange_Windows();
   }
@@ -197,6 +197,14 @@ TEST_F(InputGuardTest, EveryKeyReachesTheTargetOrTheRestIsNotSent) {
       desktop.foregroundRefused = keep;
     };
   };
+  const auto steal_before_second_group = [&](bool keep) {
+    desktop.beforeKeys = [&, keep, once = true]() mutable {
+      if (!once || desktop.keysSentTo.size() != 1) return;
+      once = false;
+      desktop.TakeForeground(cancel);
+      desktop.foregroundRefused = keep;
+    };
+  };
   const auto take_after_last_group = [&](bool closes) {
     desktop.afterInput = [&, closes] {
       if (desktop.keysSentTo.size() != 4) return;
@@ -212,22 +220,18 @@ TEST_F(InputGuardTest, EveryKeyReachesTheTargetOrTheRestIsNotSent) {
          desktop.foregroundRefused = true;
        },
        false, 0, R"(Info: The keys would go to "Next >" (Button) of "Setup"; no keys were sent.)"},
-      {"the keyboard taken between groups is taken back", [&] { steal_after_first_group(false); }, true, 4, ""},
+      {"the keyboard taken between groups: the group read meanwhile is in doubt",
+       [&] { steal_after_first_group(false); }, false, 1,
+       R"(Info: "Cancel" (Button) of "Other Setup" took the keyboard focus while keys were sent; 5 of 5 keys may not have arrived.)"},
       // The system puts the focus on a reactivated window itself, not on its control.
-      {"the focus found on the dialog itself goes back to the control",
+      {"the focus found on the dialog itself between groups",
        [&] { desktop.afterInput = [&] { desktop.focus = desktop.keysSentTo.size() == 1 ? dialog : desktop.focus; }; },
+       false, 1,
+       R"(Info: "Setup" (#32770) took the keyboard focus while keys were sent; 5 of 5 keys may not have arrived.)"},
+      {"the keyboard taken as a group goes: it goes again once taken back", [&] { steal_before_second_group(false); },
        true, 4, ""},
-      {"the keyboard taken and given back to another control goes back to the one that had it",
-       [&] {
-         steal_after_first_group(false);
-         host.onDoEvents = [&, reset = true]() mutable {
-           if (reset && desktop.foreground == dialog && desktop.keysSentTo.size() == 1) desktop.focus = next;
-           reset = reset && desktop.focus != next;
-         };
-       },
-       true, 4, ""},
-      {"the keyboard taken for good: the rest is not sent", [&] { steal_after_first_group(true); }, false, 1,
-       R"(Info: "Cancel" (Button) of "Other Setup" took the keyboard focus; 4 of 5 keys were not sent.)"},
+      {"the keyboard taken for good as a group goes: the rest is not sent", [&] { steal_before_second_group(true); },
+       false, 1, R"(Info: "Cancel" (Button) of "Other Setup" took the keyboard focus; 4 of 5 keys were not sent.)"},
       {"the keyboard taken while the second group is queued: it is not trusted to have arrived",
        [&] {
          desktop.whileKeysQueued = [&] {

@@ -168,6 +168,7 @@ void SimDesktop::MouseEvent(std::uint32_t flags, long x, long y) {
 }
 
 KeysOutcome SimDesktop::SendKeyInputs(const std::vector<KeyInput>& inputs, WindowHandle expected) {
+  if (beforeKeys) beforeKeys();
   if (expected && ForegroundWindow() != expected) return KeysOutcome::ForegroundChanged;
   keys.insert(keys.end(), inputs.begin(), inputs.end());
   keysSentAt.push_back(host_.clockMs);

@@ -82,6 +82,9 @@ class SimDesktop : public Desktop {
   bool foregroundRefused = false;
   // Called after every key group and mouse event sent, to change the desktop meanwhile.
   std::function<void()> afterInput;
+  // Runs as a group of keys is about to go, before the foreground is
+  // compared: a change here has the group refused.
+  std::function<void()> beforeKeys;
   // Runs as keys are queued, before they reach a window: a change of the
   // foreground here sends them to the new one.
   std::function<void()> whileKeysQueued;
