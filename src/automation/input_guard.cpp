@@ -185,15 +185,14 @@ bool InputGuard::Keys_Still_Reach_Target() {
 
 bool InputGuard::Keys_Were_Read_Here() {
   const WindowHandle foreground = desktop_.ForegroundWindow(), focus = desktop_.FocusWindow();
-  if (Another_Program_Has(foreground) || Focus_Reset(focus)) {
+  // Not even the desktop window's moment in front: a key read then is lost.
+  if (foreground == 0 || desktop_.ProgramOf(foreground) != program_ || Focus_Reset(focus)) {
     Name_Keyboard_Holder();
     return false;
   }
-  // The script's own keys may have moved the focus, or opened a window. (The
-  // desktop window's moment in front leaves both as they were: the next
-  // group waits for the target's program.)
+  // The script's own keys may have moved the focus, or opened a window.
   if (focus && desktop_.ProgramOf(focus) == program_) lastFocus_ = focus;
-  if (foreground && desktop_.ProgramOf(foreground) == program_) foreground_ = foreground;
+  foreground_ = foreground;
   return true;
 }
 

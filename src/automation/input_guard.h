@@ -41,7 +41,8 @@ class InputGuard {
   // window that took it.
   bool Keys_Still_Reach_Target();
   // After a group of keys was read, before the next: false when another
-  // program has the foreground, or the focus fell back on the target's
+  // program (even the desktop window, for a moment) has the foreground, or
+  // the focus fell back on the target's
   // top-level window itself (where the system puts it when the window is
   // activated again). Keys read meanwhile may have gone to that window, or
   // to none: they are not trusted to have arrived.

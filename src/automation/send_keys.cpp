@@ -172,9 +172,26 @@ SendKeys::Status SendKeys::Type(bool interactive, const std::string& keys, Windo
     Log(interactive, "Info: The window did not finish processing the keys within " +
                          std::to_string(kInputIdleBoundMilliseconds / 1000) + " seconds.");
   // The last group is the one the target may not have read before another
-  // program took the keyboard.
-  if (!guard.Target_Kept_Keyboard()) return Keys_Astray(interactive, guard, Presses(groups.back()), total, succeeded);
+  // program took the keyboard. The fast pace goes on at once, so it watches a
+  // moment longer: the system gives no sign that a program has read its keys,
+  // and keys still unread when another program takes the keyboard are lost.
+  if (Fast_Pace(engine_)) {
+    if (!Keyboard_Kept_A_While(guard)) return Keys_Astray(interactive, guard, total, total, succeeded);
+  } else if (!guard.Target_Kept_Keyboard()) {
+    return Keys_Astray(interactive, guard, Presses(groups.back()), total, succeeded);
+  }
   return kKeysSent;
+}
+
+bool SendKeys::Keyboard_Kept_A_While(InputGuard& guard) {
+  constexpr int kWatchMilliseconds = 60, kLookMilliseconds = 10;
+  Host& host = engine_.host;
+  for (const long long start = host.ClockMilliseconds(); host.ClockMilliseconds() - start < kWatchMilliseconds;) {
+    if (!guard.Target_Kept_Keyboard()) return false;
+    host.Sleep(kLookMilliseconds);
+    host.DoEvents();
+  }
+  return guard.Target_Kept_Keyboard();
 }
 
 SendKeys::Status SendKeys::Keys_Astray(bool interactive, const InputGuard& guard, std::size_t doubtful,

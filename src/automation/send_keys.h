@@ -40,6 +40,8 @@ class SendKeys {
   void Log(bool interactive, const std::string& text);
   bool Point_At_And_Focus(WindowHandle window, WaitBudget& budget);
   Status Type(bool interactive, const std::string& keys, WindowHandle window, WaitBudget& budget, bool& succeeded);
+  // Fast pace: the target keeps the keyboard for a moment after the keys.
+  bool Keyboard_Kept_A_While(InputGuard& guard);
   // Logs that another program took the keyboard while `doubtful` of the keys
   // were on their way, and fails the command.
   Status Keys_Astray(bool interactive, const InputGuard& guard, std::size_t doubtful, std::size_t total,

@@ -189,6 +189,7 @@ TEST_F(InputGuardTest, EveryKeyReachesTheTargetOrTheRestIsNotSent) {
     std::size_t groupsSent;
     std::string info;
     std::size_t groupsAstray = 0;  // queued as the keyboard went elsewhere
+    std::string fastInfo = "";     // when the fast pace says otherwise: it cannot tell which keys were read
   };
   const auto steal_after_first_group = [&](bool keep) {
     desktop.afterInput = [&, keep] {
@@ -242,7 +243,9 @@ TEST_F(InputGuardTest, EveryKeyReachesTheTargetOrTheRestIsNotSent) {
        R"(Info: "Cancel" (Button) of "Other Setup" took the keyboard focus while keys were sent; 4 of 5 keys may not have arrived.)",
        1},
       {"the keyboard taken before the target read the last group", [&] { take_after_last_group(false); }, false, 4,
-       R"(Info: "Cancel" (Button) of "Other Setup" took the keyboard focus while keys were sent; 1 of 5 keys may not have arrived.)"},
+       R"(Info: "Cancel" (Button) of "Other Setup" took the keyboard focus while keys were sent; 1 of 5 keys may not have arrived.)",
+       0,
+       R"(Info: "Cancel" (Button) of "Other Setup" took the keyboard focus while keys were sent; 5 of 5 keys may not have arrived.)"},
       {"a target that closed on its keys took them", [&] { take_after_last_group(true); }, true, 4, ""},
   };
   for (const Pace pace : {Pace::Default, Pace::Fast})
@@ -258,7 +261,8 @@ TEST_F(InputGuardTest, EveryKeyReachesTheTargetOrTheRestIsNotSent) {
       for (std::size_t i = 0; i < row.groupsSent + row.groupsAstray; ++i)
         expected.insert(expected.end(), groups[i].begin(), groups[i].end());
       EXPECT_EQ(desktop.keys, expected);
-      EXPECT_EQ(Info_Lines(), row.info.empty() ? Lines{} : Lines{row.info});
+      const std::string info = pace == Pace::Fast && !row.fastInfo.empty() ? row.fastInfo : row.info;
+      EXPECT_EQ(Info_Lines(), info.empty() ? Lines{} : Lines{info});
       Next_Row();
     }
 }
