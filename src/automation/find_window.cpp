@@ -43,16 +43,23 @@ struct Point {
   double x, y;
 };
 
-// Window changes are watched while it lives.
+// Window changes are watched, and the classes read are remembered, while it lives.
 class ChangeWatch {
  public:
-  explicit ChangeWatch(Desktop& desktop) : desktop_(desktop) { desktop_.WatchWindowChanges(true); }
-  ~ChangeWatch() { desktop_.WatchWindowChanges(false); }
+  ChangeWatch(Desktop& desktop, WindowSearch& search) : desktop_(desktop), search_(search) {
+    desktop_.WatchWindowChanges(true);
+    search_.Remember_Classes(true);
+  }
+  ~ChangeWatch() {
+    desktop_.WatchWindowChanges(false);
+    search_.Remember_Classes(false);
+  }
   ChangeWatch(const ChangeWatch&) = delete;
   ChangeWatch& operator=(const ChangeWatch&) = delete;
 
  private:
   Desktop& desktop_;
+  WindowSearch& search_;
 };
 
 Point At_Fraction(const WindowRect& r, double fx, double fy) {
@@ -97,7 +104,7 @@ std::int32_t FindWindow::Find_As_Soon_As_There(const std::string& WindowText, co
   Host& host = engine_.host;
   Log("Maximum Wait Time:  " + Seconds_Text(WaitSeconds));
   const long long start = host.ClockMilliseconds(), limit = 1000LL * std::max(WaitSeconds, 0);
-  const ChangeWatch watch(desktop_);
+  const ChangeWatch watch(desktop_, search_);
   std::int32_t count = 0;
   long long elapsed = 0;
   for (;;) {

@@ -90,7 +90,7 @@ void WindowSearch::Walk(std::vector<WindowHandle>& found, Holder holder, const T
   for (WindowHandle child = desktop_.GetWindow(holder.window, WindowRelation::FirstChild); child != 0;
        child = desktop_.GetWindow(child, WindowRelation::Next)) {
     level_.assign(", \"");
-    level_ += desktop_.ClassName(child, kTextBufferSize);
+    level_ += Class_Of(child);
     level_ += "\", \"";
     if (!described.Mentions(level_)) continue;
     level_ += desktop_.WindowText(child, kTextBufferSize);
@@ -111,6 +111,18 @@ void WindowSearch::Walk(std::vector<WindowHandle>& found, Holder holder, const T
     ++foundCount_;
     found.push_back(child);
   }
+}
+
+void WindowSearch::Remember_Classes(bool on) {
+  rememberClasses_ = on;
+  classes_.clear();
+}
+
+const std::string& WindowSearch::Class_Of(WindowHandle window) {
+  if (!rememberClasses_) return readClass_ = desktop_.ClassName(window, kTextBufferSize);
+  const auto known = classes_.find(window);
+  if (known != classes_.end()) return known->second;
+  return classes_.emplace(window, desktop_.ClassName(window, kTextBufferSize)).first->second;
 }
 
 // The exact test, on values read afresh.

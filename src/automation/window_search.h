@@ -4,6 +4,7 @@
 
 #include <cstdint>
 #include <string>
+#include <unordered_map>
 #include <vector>
 
 #include "described_path.h"
@@ -42,6 +43,11 @@ class WindowSearch {
 
   std::int32_t TargetChildID = 0;
 
+  // While a search is repeated many times a second, the walk takes each
+  // window's class from the first reading: a window never changes its class.
+  // Off again, the readings are forgotten.
+  void Remember_Classes(bool on);
+
  private:
   struct Target;
   // A window whose children are walked, and the fit of its chain once known.
@@ -54,12 +60,16 @@ class WindowSearch {
   void Walk(std::vector<WindowHandle>& found, Holder holder, const Target& target);
   std::optional<ChainFit> Outer_Fit(WindowHandle parent, Holder& holder, const Target& target);
   bool Is_Match(WindowHandle window, const Target& target);
+  const std::string& Class_Of(WindowHandle window);
 
   Engine& engine_;
   Desktop& desktop_;
   std::uint16_t depth_ = 0;
   std::uint16_t foundCount_ = 0;
   std::string level_;  // the level of the window being looked at, kept to spare allocations
+  bool rememberClasses_ = false;
+  std::string readClass_;  // a class read without remembering
+  std::unordered_map<WindowHandle, std::string> classes_;
 };
 
 }  // namespace velmora
