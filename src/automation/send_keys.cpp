@@ -161,7 +161,8 @@ SendKeys::Status SendKeys::Type(bool interactive, const std::string& keys, Windo
       break;
     }
     sent += Presses(groups[i++]);
-    // Each group is read before the next goes, and read where it was sent.
+    // Each group has its program idle before the next goes, and the keyboard
+    // must still be where the group was sent.
     if (i < groups.size()) {
       budget.Spend([&](int left) { return desktop_.WaitForInputIdle(left); });
       if (!guard.Keys_Were_Read_Here())
