@@ -169,12 +169,23 @@ long Win32Host::StartProgram(const std::string& commandLine, WindowStyle style, 
   const auto index = static_cast<std::size_t>(style);
   startup.wShowWindow = index < std::size(kShow) ? kShow[index] : SW_SHOWNORMAL;
   PROCESS_INFORMATION process{};
-  std::vector<char> line(commandLine.begin(), commandLine.end());
-  line.push_back('\0');
-  if (commandLine.empty() ||
-      !CreateProcessA(nullptr, line.data(), nullptr, nullptr, FALSE, 0, nullptr, nullptr, &startup, &process)) {
-    error = commandLine.empty() ? SystemError{ERROR_FILE_NOT_FOUND, System_Text(ERROR_FILE_NOT_FOUND)} : Last_Error();
+  if (commandLine.empty()) {
+    error = SystemError{ERROR_FILE_NOT_FOUND, System_Text(ERROR_FILE_NOT_FOUND)};
     return -1;
+  }
+  // Under Wine a program can die while it starts when the machine is busy:
+  // the start fails with ERROR_INTERNAL_ERROR and nothing runs. It is started
+  // again, twice at most.
+  constexpr int kStartAttempts = 3;
+  for (int attempt = 1;; ++attempt) {
+    std::vector<char> line(commandLine.begin(), commandLine.end());  // CreateProcessA may write into it
+    line.push_back('\0');
+    if (CreateProcessA(nullptr, line.data(), nullptr, nullptr, FALSE, 0, nullptr, nullptr, &startup, &process)) break;
+    if (GetLastError() != ERROR_INTERNAL_ERROR || attempt == kStartAttempts) {
+      error = Last_Error();
+      return -1;
+    }
+    ::Sleep(250);
   }
   const ScopedHandle thread(process.hThread), program(process.hProcess);
   return static_cast<long>(process.dwProcessId);
