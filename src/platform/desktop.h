@@ -39,6 +39,38 @@ struct KeyInput {
 // it is queued).
 enum class KeysOutcome { Sent, NotAllSent, ForegroundChanged, LostForeground };
 
+// What the user does, as the editor's recorder hears it: a mouse button going
+// down, or a key going down. Input that this program sent itself is never
+// reported.
+enum class PressedButton { Left, Right };
+
+struct ObservedClick {
+  PressedButton button = PressedButton::Left;
+  ScreenPoint point;
+  std::uint32_t milliseconds = 0;  // the system's time of the press, for double clicks
+};
+
+// A key with the character that it types under the modifiers held (AltGr
+// included), or 0 when it types none: a control key (Enter, Tab, Escape,
+// Backspace), a key without a character (the arrows, F1), or a modifier.
+// shift, control and alt say which modifiers were held; AltGr, which types
+// a character, counts as neither control nor alt.
+struct ObservedKey {
+  std::uint16_t virtualKey = 0;
+  char32_t character = 0;
+  bool shift = false, control = false, alt = false;
+};
+
+class InputObserver {
+ public:
+  virtual ~InputObserver() = default;
+  virtual void Button_Down(const ObservedClick& click) = 0;
+  virtual void Key_Down(const ObservedKey& key) = 0;
+  // The observing ended without being asked to: the system took the hooks
+  // away (the reason is for the user).
+  virtual void Observing_Lost(const std::string& reason) = 0;
+};
+
 class Desktop {
  public:
   virtual ~Desktop() = default;
@@ -99,6 +131,12 @@ class Desktop {
   // Waits at most the given time until a watched change, or a message for
   // this program, arrives; true when a change did (it is then seen).
   virtual bool WaitForWindowChange(int timeoutMilliseconds) = 0;
+
+  // Reports the user's clicks and keys anywhere on the desktop to the
+  // observer, on this thread, before the window under them gets them; the
+  // observer must answer quickly. nullptr stops. False when the system
+  // refused to report them.
+  virtual bool ObserveInput(InputObserver* observer) = 0;
 
   // Marks a window on the screen with a frame along its edges; marking the
   // same window again removes the frame.

@@ -120,6 +120,14 @@ class SimDesktop : public Desktop {
   // Watched changes are windows appearing: waiting ends when the next one does.
   bool watchingChanges = false;
   void WatchWindowChanges(bool on) override { watchingChanges = on; }
+  // The user's input for the recorder: tests call the observer directly.
+  InputObserver* inputObserver = nullptr;
+  bool observingAllowed = true;
+  bool ObserveInput(InputObserver* observer) override {
+    if (observer && !observingAllowed) return false;
+    inputObserver = observer;
+    return true;
+  }
   bool WaitForWindowChange(int timeoutMilliseconds) override;
   void DrawWindowFrame(WindowHandle window) override { screenMarks.push_back("frame " + std::to_string(window)); }
   void RepaintScreenArea(const WindowRect& r) override;

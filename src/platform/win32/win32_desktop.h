@@ -37,6 +37,7 @@ class Win32Desktop : public Desktop {
   int ScreenHeight() override;
   void WatchWindowChanges(bool on) override { on ? watch_.Start() : watch_.Stop(); }
   bool WaitForWindowChange(int timeoutMilliseconds) override { return watch_.Wait(timeoutMilliseconds); }
+  bool ObserveInput(InputObserver* observer) override { return observer == nullptr; }
   void DrawWindowFrame(WindowHandle window) override;
   void RepaintScreenArea(const WindowRect& rect) override;
   std::uint32_t OwnProgram() override;
