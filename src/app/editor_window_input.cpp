@@ -66,7 +66,8 @@ void EditorWindow::On_Field_Entered(ControlId id, bool byKeyboard) {
 }
 
 void EditorWindow::On_Menu_Button() {
-  if (const auto chosen = Track_Velmora_Menu(window_, Control(ControlId::VelmoraMenu), form_->Fast_Pace()))
+  if (const auto chosen = Track_Velmora_Menu(window_, Control(ControlId::VelmoraMenu), form_->Fast_Pace(),
+                                               form_->Recording()))
     On_Menu(*chosen);
 }
 
@@ -83,6 +84,8 @@ void EditorWindow::On_Menu(MenuId id) {
                                engine_, form_->HelpFile());
     case MenuId::FastPace:
       return form_->Toggle_Fast_Pace();
+    case MenuId::RecordActions:
+      return form_->Toggle_Recording();
   }
 }
 

@@ -13,17 +13,18 @@ struct MenuEntry {
 constexpr MenuEntry kEntries[] = {
     {MenuId::HelpContents, "&Contents"},     {MenuId::HelpOnHelp, "&How to Use Help"},
     {MenuId::About, "&About Velmora..."},    {MenuId::AssignEnvVar, "Assign Environment Variables in &Batch File"},
-    {MenuId::FastPace, "Run at &Fast Pace"},
+    {MenuId::FastPace, "Run at &Fast Pace"},       {MenuId::RecordActions, "&Record Actions"},
 };
 
 }  // namespace
 
-std::optional<MenuId> Track_Velmora_Menu(HWND owner, HWND button, bool fastPace) {
+std::optional<MenuId> Track_Velmora_Menu(HWND owner, HWND button, bool fastPace, bool recording) {
   HMENU menu = CreatePopupMenu();
   if (!menu) return std::nullopt;
   for (const MenuEntry& entry : kEntries) {
     if (entry.Id == MenuId::About || entry.Id == MenuId::FastPace) AppendMenuA(menu, MF_SEPARATOR, 0, nullptr);
-    const UINT checked = entry.Id == MenuId::FastPace && fastPace ? MF_CHECKED : MF_UNCHECKED;
+    const bool on = (entry.Id == MenuId::FastPace && fastPace) || (entry.Id == MenuId::RecordActions && recording);
+    const UINT checked = on ? MF_CHECKED : MF_UNCHECKED;
     AppendMenuA(menu, MF_STRING | checked, static_cast<UINT_PTR>(entry.Id), entry.Caption);
   }
   RECT place{};

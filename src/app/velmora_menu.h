@@ -11,7 +11,8 @@
 namespace velmora {
 
 // Opens the menu below the button and returns the entry chosen, or nothing
-// when the menu was dismissed. The fast pace's entry is checked when it is on.
-std::optional<MenuId> Track_Velmora_Menu(HWND owner, HWND button, bool fastPace);
+// when the menu was dismissed. The fast pace's and the recording's entries
+// are checked when they are on.
+std::optional<MenuId> Track_Velmora_Menu(HWND owner, HWND button, bool fastPace, bool recording);
 
 }  // namespace velmora

@@ -46,4 +46,16 @@ std::optional<std::uint16_t> Named_Key(std::string_view name) {
   return Function_Key(lower);
 }
 
+std::string Key_Name(std::uint16_t virtualKey) {
+  for (const auto& [keyName, key] : kNames)
+    if (key == virtualKey) {
+      std::string name(keyName);
+      for (char& letter : name)
+        if (letter >= 'a' && letter <= 'z') letter = static_cast<char>(letter - 'a' + 'A');
+      return name;
+    }
+  if (virtualKey >= kF1 && virtualKey <= kF16) return "F" + std::to_string(virtualKey - kF1 + 1);
+  return "";
+}
+
 }  // namespace velmora

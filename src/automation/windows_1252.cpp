@@ -28,4 +28,12 @@ std::optional<char32_t> Windows_1252_Character(unsigned char byte) {
   return character;
 }
 
+std::optional<unsigned char> Windows_1252_Byte(char32_t character) {
+  if (character < kFirstDiffering || (character >= kFirstLatin1 && character <= 0xFF))
+    return static_cast<unsigned char>(character);
+  for (std::size_t i = 0; i < kDiffering.size(); ++i)
+    if (kDiffering[i] == character && character != kUndefined) return static_cast<unsigned char>(kFirstDiffering + i);
+  return std::nullopt;
+}
+
 }  // namespace velmora

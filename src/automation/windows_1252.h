@@ -9,4 +9,7 @@ namespace velmora {
 // that the code page leaves undefined (0x81, 0x8D, 0x8F, 0x90, 0x9D).
 std::optional<char32_t> Windows_1252_Character(unsigned char byte);
 
+// The byte of a character; nothing for a character the code page lacks.
+std::optional<unsigned char> Windows_1252_Byte(char32_t character);
+
 }  // namespace velmora

@@ -11,6 +11,7 @@
 #include "editor_run.h"
 #include "file_dialogs.h"
 #include "line_composer.h"
+#include "recorder.h"
 #include "screen_picker.h"
 #include "script_files.h"
 
@@ -41,6 +42,9 @@ class EditorForm {
   // debug output when it changes.
   void Toggle_Fast_Pace();
   bool Fast_Pace() const;
+  // Recording the user's clicks and keys in other programs as script lines.
+  void Toggle_Recording() { recorder_.Toggle(); }
+  bool Recording() const { return recorder_.Recording(); }
 
   const std::string& HelpFile() const { return helpFile_; }
   CommandPanel& Panel() { return panel_; }
@@ -61,6 +65,7 @@ class EditorForm {
   ScriptFiles files_;
   EditorRun runner_;
   ScreenPicker picker_;
+  Recorder recorder_;
 };
 
 }  // namespace velmora

@@ -59,6 +59,7 @@ enum class MenuId : int {
   About = 3003,
   AssignEnvVar = 3004,
   FastPace = 3005,  // checked while lines run here at the fast pace
+  RecordActions = 3006,  // checked while the user's clicks and keys become lines
 };
 
 template <>

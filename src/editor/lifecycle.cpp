@@ -34,7 +34,8 @@ EditorForm::EditorForm(Engine& engine, FormControls& controls, FormWindow& windo
       composer_(engine, controls, panel_, activity_),
       files_(engine, controls, window, dialogs, settings, panel_, activity_),
       runner_(engine, controls, window, panel_, activity_),
-      picker_(engine, controls, panel_, activity_, [this] { files_.Browse_For_Program(); }) {}
+      picker_(engine, controls, panel_, activity_, [this] { files_.Browse_For_Program(); }),
+      recorder_(engine, controls, panel_, activity_) {}
 
 void EditorForm::Button_Clicked(ControlId button) {
   switch (button) {
@@ -157,6 +158,7 @@ void EditorForm::Share_Height(long formHeight) {
 // A changed script is settled first: the question's Cancel, or a cancelled
 // save, keeps the editor open with the script as it is.
 bool EditorForm::Form_QueryUnload() {
+  recorder_.Stop();
   if (!files_.Script_Changes_May_Go()) return false;
   engine_.host.Beep();
   Save_Form_Placement(settings_, kSection, window_);

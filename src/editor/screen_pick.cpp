@@ -2,7 +2,6 @@
 // or a screen position for a usemouse line, taken once the pointer has stood
 // still for 3 seconds.
 #include <algorithm>
-#include <charconv>
 #include <cmath>
 #include <optional>
 
@@ -18,7 +17,7 @@
 #include "session.h"
 #include "text.h"
 #include "trap.h"
-#include "window_search.h"
+#include "window_description.h"
 
 namespace velmora {
 
@@ -28,28 +27,7 @@ using C = ControlId;
 
 constexpr char kFormTitle[] = "Velmora - IDE";
 constexpr int kStillSamples = 30;  // tenths of a second without a move
-constexpr double kFractionSteps = 10000.0;
 constexpr long kMouseMost = 65535;
-
-// A level's relative point, to four places: within a pixel for any window
-// narrower than 10000 pixels. A point before the window's edge (in an owner
-// that a pop-up stands beside) counts as the edge: findwindow takes no
-// negative fraction. A window without width or height gives 0.
-double Fraction(long at, long low, long high) {
-  if (high <= low) return 0.0;
-  const double fraction = static_cast<double>(at - low) / static_cast<double>(high - low);
-  return fraction < 0 ? 0.0 : std::round(fraction * kFractionSteps) / kFractionSteps;
-}
-
-// The shortest decimal with a full stop, whatever the user's locale.
-std::string Decimal_Text(double value) {
-  char buffer[32];
-  const auto written = std::to_chars(buffer, buffer + sizeof buffer, value, std::chars_format::fixed, 4);
-  std::string text(buffer, written.ptr);
-  while (text.back() == '0') text.pop_back();
-  if (text.back() == '.') text.pop_back();
-  return text;
-}
 
 // A pixel as usemouse takes it: a share of 65536 across the screen.
 long Mouse_Range(long pixel, int screenPixels) {
@@ -115,52 +93,6 @@ std::optional<ScreenPoint> ScreenPicker::Wait_For_Still_Pointer(bool frameWindow
   return point;
 }
 
-// Every level from the picked window out to its top-level window, each with
-// the point as fractions of its rectangle; outermost first in the text.
-std::string ScreenPicker::Describe_Window(WindowHandle picked, ScreenPoint point, std::vector<WindowLevel>& levels) {
-  Desktop& desktop = *engine_.desktop;
-  std::string groups;
-  for (WindowHandle window = picked; window != 0 && levels.size() < 255;) {
-    WindowLevel level;
-    level.className = desktop.ClassName(window, kTextBufferSize);
-    level.title = desktop.WindowText(window, kTextBufferSize);
-    const WindowHandle parent = desktop.GetParent(window);
-    level.childId = Child_Id_Of(desktop, window, parent);
-    WindowRect r;
-    desktop.GetWindowRect(window, r);
-    engine_.host.DoEvents();
-    level.relativeX = Fraction(point.x, r.left, r.right);
-    level.relativeY = Fraction(point.y, r.top, r.bottom);
-    groups = ", " + Quoted(level.title) + ", " + Quoted(level.className) + ", " + std::to_string(level.childId) + ", " +
-             Decimal_Text(level.relativeX) + ", " + Decimal_Text(level.relativeY) + groups;
-    levels.insert(levels.begin(), std::move(level));
-    window = parent;
-  }
-  return std::to_string(levels.size()) + groups;
-}
-
-// Searches the description as findwindow will when it plays it, and says
-// how many windows it finds and whether its choice among them is the one
-// that was picked.
-void ScreenPicker::Report_Matches(const std::vector<WindowLevel>& levels, WindowHandle picked) {
-  for (const WindowLevel& level : levels) {
-    if (level.title.find('"') != std::string::npos || level.className.find('"') != std::string::npos)
-      return Log_Trace(engine_, true, "Info: The picked window cannot be found again: a title holds a double quote.");
-  }
-  const FindForecast forecast = Forecast_Find(engine_, *engine_.desktop, levels);
-  std::string line;
-  if (forecast.matches == 0) {
-    line = "Info: No window matches the picked description now.";
-  } else if (forecast.matches == 1) {
-    line = "Info: 1 window matches the picked description now.";
-  } else {
-    line = "Info: " + std::to_string(forecast.matches) +
-           " windows match the picked description now; the choice by the picked point lands on " +
-           (forecast.chosen == picked ? "the picked window." : "another window.");
-  }
-  Log_Trace(engine_, true, line);
-}
-
 void ScreenPicker::CommandLine_GotFocus(bool byKeyboard) {
   if (panel_.Overwriting() || activity_.Picking()) return;
   if (byKeyboard && !Trim(controls_[C::CommandLine].Caption).empty()) return;
@@ -176,9 +108,10 @@ void ScreenPicker::CommandLine_GotFocus(bool byKeyboard) {
     const WindowHandle picked = engine_.desktop->WindowFromPoint(point);
     controls_.SetCaption(C::CommandLine, "");
     std::vector<WindowLevel> levels;
-    controls_.SetCaption(C::CommandLine, Describe_Window(picked, point, levels));
+    controls_.SetCaption(C::CommandLine,
+                         Describe_Window(*engine_.desktop, picked, point, levels, [&] { engine_.host.DoEvents(); }));
     panel_.Field_Changed(C::CommandLine);
-    if (!levels.empty()) Report_Matches(levels, picked);
+    if (!levels.empty()) Report_Matches(engine_, levels, picked);
   });
   Enable_After_Pick();
   controls_.SetFocus(C::Minutes);

@@ -38,8 +38,6 @@ class ScreenPicker {
   void Enable_After_Pick();
   std::optional<ScreenPoint> Wait_For_Still_Pointer(bool frameWindows);
   void Erase_Frame(WindowHandle framed);
-  std::string Describe_Window(WindowHandle picked, ScreenPoint point, std::vector<WindowLevel>& levels);
-  void Report_Matches(const std::vector<WindowLevel>& levels, WindowHandle picked);
 
   Engine& engine_;
   FormControls& controls_;
