@@ -105,6 +105,7 @@ void Win32Desktop::MouseEvent(std::uint32_t flags, long x, long y) {
   input.mi.dx = x;
   input.mi.dy = y;
   input.mi.dwFlags = flags & 0xFFFFu;
+  input.mi.dwExtraInfo = Own_Input_Mark();  // the editor's recorder leaves it out
   SendInput(1, &input, sizeof input);
 }
 

@@ -3,6 +3,7 @@
 
 #include "desktop.h"
 #include "win32_frame_marker.h"
+#include "win32_input_hooks.h"
 #include "win32_window_watch.h"
 
 namespace velmora {
@@ -37,7 +38,11 @@ class Win32Desktop : public Desktop {
   int ScreenHeight() override;
   void WatchWindowChanges(bool on) override { on ? watch_.Start() : watch_.Stop(); }
   bool WaitForWindowChange(int timeoutMilliseconds) override { return watch_.Wait(timeoutMilliseconds); }
-  bool ObserveInput(InputObserver* observer) override { return observer == nullptr; }
+  bool ObserveInput(InputObserver* observer) override {
+    if (observer) return hooks_.Start(observer);
+    hooks_.Stop();
+    return true;
+  }
   void DrawWindowFrame(WindowHandle window) override;
   void RepaintScreenArea(const WindowRect& rect) override;
   std::uint32_t OwnProgram() override;
@@ -48,6 +53,7 @@ class Win32Desktop : public Desktop {
  private:
   FrameMarker frame_;  // the mark of a pick
   WindowWatch watch_;  // for a search that waits in the fast pace
+  InputHooks hooks_;   // for the editor's recorder
 };
 
 }  // namespace velmora

@@ -2,6 +2,8 @@
 
 #include <array>
 
+#include "win32_input_hooks.h"
+
 namespace velmora {
 
 namespace {
@@ -23,6 +25,7 @@ INPUT Key(WORD vk, bool up, HKL layout) {
   input.ki.wVk = vk;
   input.ki.wScan = static_cast<WORD>(MapVirtualKeyExA(vk, MAPVK_VK_TO_VSC, layout));
   input.ki.dwFlags = (up ? KEYEVENTF_KEYUP : 0) | (Is_Extended(vk) ? KEYEVENTF_EXTENDEDKEY : 0);
+  input.ki.dwExtraInfo = Own_Input_Mark();  // the editor's recorder leaves it out
   return input;
 }
 
@@ -31,6 +34,7 @@ INPUT Unicode_Unit(WCHAR unit, bool up) {
   input.type = INPUT_KEYBOARD;
   input.ki.wScan = unit;
   input.ki.dwFlags = KEYEVENTF_UNICODE | (up ? KEYEVENTF_KEYUP : 0);
+  input.ki.dwExtraInfo = Own_Input_Mark();
   return input;
 }
 
