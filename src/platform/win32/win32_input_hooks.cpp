@@ -7,10 +7,18 @@ namespace {
 InputHooks* active = nullptr;  // the system's hook procedures take no context
 
 // Windows takes a low-level hook away, without a word, from a program whose
-// hook procedure overruns LowLevelHooksTimeout (some hundreds of
-// milliseconds, at most a second). An observer call this long may have cost
-// the hooks; the recording then ends rather than going on deaf.
+// hook procedure overruns LowLevelHooksTimeout (at most a second). An
+// observer call longer than this, or than half the user's setting, may have
+// cost the hooks; the recording then ends rather than going on deaf.
 constexpr DWORD kMostObserverMilliseconds = 200;
+
+DWORD Most_Observer_Milliseconds() {
+  DWORD value = 0, size = sizeof value;
+  if (RegGetValueA(HKEY_CURRENT_USER, "Control Panel\\Desktop", "LowLevelHooksTimeout", RRF_RT_REG_DWORD, nullptr,
+                   &value, &size) != ERROR_SUCCESS || value == 0)
+    return kMostObserverMilliseconds;
+  return value / 2 < kMostObserverMilliseconds ? value / 2 : kMostObserverMilliseconds;
+}
 constexpr ULONG_PTR kMarkBase = 0x564C4D5200000000ull;  // "VLMR"
 
 bool Printable(wchar_t unit) { return unit >= 0x20 && unit != 0x7F && (unit < 0xD800 || unit > 0xDFFF); }
@@ -45,6 +53,7 @@ bool InputHooks::Start(InputObserver* observer) {
   }
   active = this;
   observer_ = observer;
+  mostMilliseconds_ = Most_Observer_Milliseconds();
   return true;
 }
 
@@ -67,7 +76,7 @@ void InputHooks::Tell(Call call) {
   call(*observer_);
   const DWORD spent = GetTickCount() - start;
   telling_ = false;
-  if (spent <= kMostObserverMilliseconds || !observer_) return;
+  if (spent <= mostMilliseconds_ || !observer_) return;
   // Told once this procedure has returned, never from inside it.
   lostReason_ = "the system may have removed the input hooks: one event took " + std::to_string(spent) + " ms";
   SetTimer(nullptr, 0, 0, Report_Lost);

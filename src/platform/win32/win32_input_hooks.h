@@ -36,6 +36,7 @@ class InputHooks {
   bool shift_[2] = {}, control_[2] = {}, alt_[2] = {};  // left, right
   wchar_t highSurrogate_ = 0;
   std::string lostReason_;
+  DWORD mostMilliseconds_ = 0;  // the longest observer call that cannot have cost the hooks
 };
 
 }  // namespace velmora
