@@ -5,7 +5,7 @@
 # arrived, and saves a picture of the installer's finish page, which the
 # script leaves on the screen for a few seconds, as docs/demo-finish.png,
 # and pictures of the editor (docs/editor.png), of a first script's run line
-# (docs/first-script.png), of a pick (docs/pick.png), of
+# (docs/first-script.png), of a pick (docs/pick.png), of a recording (docs/record.png), of
 # the batch editor (docs/batch-editor.png) and of the about box (docs/about.png).
 set -uo pipefail
 
@@ -104,6 +104,50 @@ SCRIPT
       "$pick_picture" && echo "demo: saved a pick in progress as ${pick_picture#"$root/"}"
   else
     echo "demo: the editor did not start a pick"
+  fi
+  wait "$session"
+  wine_run reg delete 'HKCU\Software\Velmora Software\Velmora' /f >/dev/null 2>&1
+}
+
+# A recording, as docs/record.png: a Velmora session opens the editor at the
+# top right, chooses Record Actions and clicks the sample setup's Next button;
+# the picture is taken once the licence page is up, the two recorded lines in
+# the script. The session then ends the recording and closes both without saving.
+take_record_picture() {
+  local record_picture="$root/docs/record.png" key='HKCU\Software\Velmora Software\Velmora\Editor'
+  wine_run reg add "$key" /v Left /t REG_SZ /d 9600 /f >/dev/null 2>&1
+  wine_run reg add "$key" /v Top /t REG_SZ /d 0 /f >/dev/null 2>&1
+  {
+    printf '%s\n' 'run: "velmora-sample-setup.exe"' \
+      'findwindow: 2, "Velmora Sample Setup", "#32770", 0, 0.5, 0.5, "&Next >", "Button", 1, 0.5, 0.5, 0.30'
+    new_script_lines recorded
+    cat <<'SCRIPT'
+findwindow: 2, "Velmora - IDE", "VelmoraEditor", 0, 0.5, 0.5, "&Velmora", "Button", 1001, 0.5, 0.5, 0.10
+sendbuttons: sl
+sendkeys: "r"
+findwindow: 2, "Velmora Sample Setup", "#32770", 0, 0.5, 0.5, "&Next >", "Button", 1, 0.5, 0.5, 0.10
+sendbuttons: sl
+findwindow: 2, "Velmora Sample Setup ", "#32770", 0, 0.5, 0.5, "I &Agree", "Button", 1, 0.5, 0.5, 0.30
+wait: 0.04
+findwindow: 2, "Velmora - IDE  ** RECORDING ACTIONS! **", "VelmoraEditor", 0, 0.5, 0.5, "&Velmora", "Button", 1001, 0.5, 0.5, 0.10
+sendbuttons: sl
+sendkeys: "r"
+findwindow: 1, "Velmora - IDE", "VelmoraEditor", 0, 0.5, 0.5, 0.10
+sendkeys: "%{F4}"
+findwindow: 2, "Velmora - IDE", "VelmoraEditor", 0, 0.5, 0.5, "Velmora - IDE", "#32770", 0, 0.5, 0.5, 0.10
+sendkeys: "n"
+findwindow: 1, "Velmora Sample Setup ", "#32770", 0, 0.5, 0.5, 0.10
+sendkeys: "{ESC}"
+SCRIPT
+  } >"$demo/record-picture.vls"
+  launch '"record-picture.vls" "record-picture.vld"' 90 record
+  local session=$launched
+  if wine_run "$bin/wintree.exe" --wait 60 "Velmora Sample Setup " >/dev/null; then
+    sleep 1.5  # the licence page is drawn
+    import -display "$DISPLAY" -window root -crop 940x720+340+0 +repage -strip -define png:exclude-chunks=date,time \
+      "$record_picture" && echo "demo: saved a recording as ${record_picture#"$root/"}"
+  else
+    echo "demo: the recording did not reach the licence page"
   fi
   wait "$session"
   wine_run reg delete 'HKCU\Software\Velmora Software\Velmora' /f >/dev/null 2>&1
@@ -261,6 +305,7 @@ fi
 take_editor_picture
 take_first_script_picture
 take_pick_picture
+take_record_picture
 take_batch_pictures
 wine_stop
 

@@ -275,6 +275,7 @@ my @terms = (
   ['halt', 'docs/help/editor-script.md'],
   ['nofile', 'docs/user-guide.md#running-a-script'],
   ['pick', 'docs/user-guide.md#running-the-script-and-picking-windows-in-the-editor', 'README.md#your-first-script'],
+  ['record', 'docs/help/editor-recording.md', 'docs/user-guide.md#recording-actions'],
   ['TARGETDIR', 'docs/user-guide.md#the-batch-editor', 'docs/script-reference.md#environment-variables'],
   ['VELMORA_EXPLAIN', 'docs/user-guide.md#when-a-window-is-not-found'],
   ['window not found', 'docs/user-guide.md#when-a-window-is-not-found'],
