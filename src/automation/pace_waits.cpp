@@ -43,7 +43,7 @@ void Pause_Before_Input(Engine& engine, long long sampledAt) {
 
 bool Wait_Until_Idle(Engine& engine, Desktop& desktop, WaitBudget& budget) {
   if (!Fast_Pace(engine)) return true;
-  return budget.Spend([&](int left) { return desktop.WaitForInputIdle(left); });
+  return budget.Idle(desktop);
 }
 
 }  // namespace velmora

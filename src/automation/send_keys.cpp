@@ -164,12 +164,12 @@ SendKeys::Status SendKeys::Type(bool interactive, const std::string& keys, Windo
     // Each group has its program idle before the next goes, and the keyboard
     // must still be where the group was sent.
     if (i < groups.size()) {
-      budget.Spend([&](int left) { return desktop_.WaitForInputIdle(left); });
+      budget.Idle(desktop_);
       if (!guard.Keys_Were_Read_Here())
         return Keys_Astray(interactive, guard, total - sent + Presses(groups[i - 1]), total, succeeded);
     }
   }
-  if (!budget.Spend([&](int left) { return desktop_.WaitForInputIdle(left); }))
+  if (!budget.Idle(desktop_))
     Log(interactive, "Info: The window did not finish processing the keys within " +
                          std::to_string(kInputIdleBoundMilliseconds / 1000) + " seconds.");
   // The last group is the one the target may not have read before another

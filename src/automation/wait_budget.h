@@ -39,6 +39,11 @@ class WaitBudget {
     return Spend([&](int milliseconds) { return desktop.WaitUntilResponsive(window, milliseconds); });
   }
 
+  // Waits, within what is left, until the foreground program has taken its input.
+  bool Idle(Desktop& desktop) {
+    return Spend([&](int milliseconds) { return desktop.WaitForInputIdle(milliseconds); });
+  }
+
   // Brings the window forward once its program takes messages (the time that
   // takes counts too) and lets it react; false, with nothing done, when it
   // did not respond in time.
