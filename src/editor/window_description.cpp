@@ -6,6 +6,8 @@
 #include "debug_log.h"
 #include "engine.h"
 #include "find_window.h"
+#include "near_windows.h"
+#include "text.h"
 #include "form_placement.h"
 #include "window_search.h"
 
@@ -33,6 +35,14 @@ std::string Decimal_Text(double value) {
   while (text.back() == '0') text.pop_back();
   if (text.back() == '.') text.pop_back();
   return text;
+}
+
+// As a findwindow that found nothing: the nearest windows, on request.
+void Explain_No_Match(Engine& engine, const std::vector<WindowLevel>& levels) {
+  const auto wanted = engine.host.GetEnv("VELMORA_EXPLAIN");
+  if (!wanted || Trim(*wanted) != "1") return;
+  for (const std::string& line : Near_Window_Lines(Nearest_Windows(*engine.desktop, levels), levels.size()))
+    Log_Trace(engine, true, line);
 }
 
 }  // namespace
@@ -68,6 +78,8 @@ void Report_Matches(Engine& engine, const std::vector<WindowLevel>& levels, Wind
   std::string line;
   if (forecast.matches == 0) {
     line = "Info: No window matches the picked description now.";
+    Log_Trace(engine, true, line);
+    return Explain_No_Match(engine, levels);
   } else if (forecast.matches == 1) {
     line = "Info: 1 window matches the picked description now.";
   } else {
