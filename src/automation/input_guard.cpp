@@ -168,13 +168,7 @@ bool InputGuard::Focus_Reset(WindowHandle focus) const {
 
 bool InputGuard::Keys_Still_Reach_Target() {
   for (int look = 0;; ++look) {
-    const WindowHandle foreground = desktop_.ForegroundWindow();
-    const WindowHandle focus = desktop_.FocusWindow();
-    if (foreground != 0 && desktop_.ProgramOf(foreground) == program_ && !Focus_Reset(focus)) {
-      if (focus) lastFocus_ = focus;
-      foreground_ = foreground;
-      return true;
-    }
+    if (Keyboard_Here()) return true;
     if (look == 0) Name_Keyboard_Holder();
     // Given back to the control that had the keys, while the target is there.
     if (desktop_.ProgramOf(root_) != program_ || (look > 0 && !Pause())) return false;
@@ -184,13 +178,17 @@ bool InputGuard::Keys_Still_Reach_Target() {
 }
 
 bool InputGuard::Keys_Were_Read_Here() {
+  if (Keyboard_Here()) return true;
+  Name_Keyboard_Holder();
+  return false;
+}
+
+// Not even the desktop window's moment in front counts: a key read then is
+// lost. What is found is kept: the script's own keys may have moved the
+// focus, or opened a window.
+bool InputGuard::Keyboard_Here() {
   const WindowHandle foreground = desktop_.ForegroundWindow(), focus = desktop_.FocusWindow();
-  // Not even the desktop window's moment in front: a key read then is lost.
-  if (foreground == 0 || desktop_.ProgramOf(foreground) != program_ || Focus_Reset(focus)) {
-    Name_Keyboard_Holder();
-    return false;
-  }
-  // The script's own keys may have moved the focus, or opened a window.
+  if (foreground == 0 || desktop_.ProgramOf(foreground) != program_ || Focus_Reset(focus)) return false;
   if (focus && desktop_.ProgramOf(focus) == program_) lastFocus_ = focus;
   foreground_ = foreground;
   return true;

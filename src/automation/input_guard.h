@@ -66,6 +66,8 @@ class InputGuard {
   bool Focus_Inside_Target(WindowHandle focus);
   bool Another_Program_Has(WindowHandle foreground);
   bool Focus_Reset(WindowHandle focus) const;
+  // The target's program has the keyboard, its focus not fallen back on the top-level window.
+  bool Keyboard_Here();
   // Brings the window forward and raises the target's top-level window; false
   // when its program did not answer in time.
   bool Bring_Back(WindowHandle window);
