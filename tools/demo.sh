@@ -72,18 +72,26 @@ findwindow: 3, "Velmora - IDE", "VelmoraEditor", 0, 0.5, 0.5, "Automation Comman
 SCRIPT
 }
 
+# The editor's place at the top right of the screen, stored for its next start,
+# and the lines of a session that starts the sample setup and then the editor
+# with a new script <name>.vls (see new_script_lines).
+setup_and_editor_lines() {
+  local key='HKCU\Software\Velmora Software\Velmora\Editor'
+  wine_run reg add "$key" /v Left /t REG_SZ /d 9600 /f >/dev/null 2>&1
+  wine_run reg add "$key" /v Top /t REG_SZ /d 0 /f >/dev/null 2>&1
+  printf '%s\n' 'run: "velmora-sample-setup.exe"' \
+    'findwindow: 2, "Velmora Sample Setup", "#32770", 0, 0.5, 0.5, "&Next >", "Button", 1, 0.5, 0.5, 0.30'
+  new_script_lines "$1"
+}
+
 # A pick in progress, as docs/pick.png: a Velmora session opens the editor at
 # the top right of the screen, chooses "Find a Window", enters its field and
 # points at the sample setup's Next button; the picture is taken while the
 # editor waits for the mouse to stand still, the button framed.
 take_pick_picture() {
-  local pick_picture="$root/docs/pick.png" key='HKCU\Software\Velmora Software\Velmora\Editor'
-  wine_run reg add "$key" /v Left /t REG_SZ /d 9600 /f >/dev/null 2>&1
-  wine_run reg add "$key" /v Top /t REG_SZ /d 0 /f >/dev/null 2>&1
+  local pick_picture="$root/docs/pick.png"
   {
-    printf '%s\n' 'run: "velmora-sample-setup.exe"' \
-      'findwindow: 2, "Velmora Sample Setup", "#32770", 0, 0.5, 0.5, "&Next >", "Button", 1, 0.5, 0.5, 0.30'
-    new_script_lines picked
+    setup_and_editor_lines picked
     cat <<'SCRIPT'
 sendkeys: "{UP 12}{DOWN}{ENTER}"
 findwindow: 3, "Velmora - IDE", "VelmoraEditor", 0, 0.5, 0.5, "Command Parameters", "VelmoraFrame", 1200, 0.5, 0.5, "", "Edit", 1202, 0.5, 0.5, 0.10
@@ -114,13 +122,9 @@ SCRIPT
 # the picture is taken once the licence page is up, the two recorded lines in
 # the script. The session then ends the recording and closes both without saving.
 take_record_picture() {
-  local record_picture="$root/docs/record.png" key='HKCU\Software\Velmora Software\Velmora\Editor'
-  wine_run reg add "$key" /v Left /t REG_SZ /d 9600 /f >/dev/null 2>&1
-  wine_run reg add "$key" /v Top /t REG_SZ /d 0 /f >/dev/null 2>&1
+  local record_picture="$root/docs/record.png"
   {
-    printf '%s\n' 'run: "velmora-sample-setup.exe"' \
-      'findwindow: 2, "Velmora Sample Setup", "#32770", 0, 0.5, 0.5, "&Next >", "Button", 1, 0.5, 0.5, 0.30'
-    new_script_lines recorded
+    setup_and_editor_lines recorded
     cat <<'SCRIPT'
 findwindow: 2, "Velmora - IDE", "VelmoraEditor", 0, 0.5, 0.5, "&Velmora", "Button", 1001, 0.5, 0.5, 0.10
 sendbuttons: sl
