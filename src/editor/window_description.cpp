@@ -74,7 +74,11 @@ void Report_Matches(Engine& engine, const std::vector<WindowLevel>& levels, Wind
     if (level.title.find('"') != std::string::npos || level.className.find('"') != std::string::npos)
       return Log_Trace(engine, true, "Info: The picked window cannot be found again: a title holds a double quote.");
   }
-  const FindForecast forecast = Forecast_Find(engine, *engine.desktop, levels);
+  // A second look before "no window": the walk reads the tree one window at a
+  // time, and a program that reorders its windows meanwhile can hide one from
+  // it (findwindow, when it plays, looks again and again).
+  FindForecast forecast = Forecast_Find(engine, *engine.desktop, levels);
+  if (forecast.matches == 0) forecast = Forecast_Find(engine, *engine.desktop, levels);
   std::string line;
   if (forecast.matches == 0) {
     line = "Info: No window matches the picked description now.";
