@@ -14,11 +14,13 @@
 namespace velmora::test {
 namespace {
 
-// What the observer heard, as text: "L 300,200", "key 41 'A' +", "lost".
+// What the observer heard, as text: "L 300,200", "key 41 0041 shift", "lost: why".
 class Heard : public InputObserver {
  public:
   std::vector<std::string> lines;
+  DWORD slowMilliseconds = 0;  // how long each press keeps the observer
   void Button_Down(const ObservedClick& click) override {
+    Sleep(slowMilliseconds);
     lines.push_back(std::string(click.button == PressedButton::Right ? "R " : "L ") + std::to_string(click.point.x) +
                     "," + std::to_string(click.point.y));
   }
@@ -28,7 +30,7 @@ class Heard : public InputObserver {
                   key.shift ? " shift" : "", key.control ? " ctrl" : "", key.alt ? " alt" : "");
     lines.push_back(text);
   }
-  void Observing_Lost(const std::string&) override { lines.push_back("lost"); }
+  void Observing_Lost(const std::string& reason) override { lines.push_back("lost: " + reason); }
 };
 
 INPUT Key(WORD vk, bool up) {
@@ -125,6 +127,20 @@ TEST_F(InputHooksTest, InputThisProgramSendsItselfIsNotHeard) {
   desktop.ObserveInput(nullptr);
   Send_As_Another_Program(Press('B'));
   EXPECT_EQ(heard.lines, std::vector<std::string>{});  // stopped: nothing more
+}
+
+// Windows silently takes away a hook that answers too slowly: the observer is
+// told, once the hook procedure has returned, and hears nothing more.
+TEST_F(InputHooksTest, AnObserverTooSlowForTheSystemIsToldItLostTheHooks) {
+  heard.slowMilliseconds = 250;
+  Send_As_Another_Program(Mouse_Click(300, 200, MOUSEEVENTF_LEFTDOWN, MOUSEEVENTF_LEFTUP));
+  Pump_Until([&] { return heard.lines.size() >= 2; }, 2000);
+  ASSERT_EQ(heard.lines.size(), 2u);
+  EXPECT_EQ(heard.lines[1].rfind("lost: the system may have removed the input hooks: one event took ", 0), 0u)
+      << heard.lines[1];
+  heard.slowMilliseconds = 0;
+  Send_As_Another_Program(Press('B'));
+  EXPECT_EQ(heard.lines.size(), 2u);
 }
 
 }  // namespace

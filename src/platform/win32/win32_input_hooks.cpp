@@ -25,12 +25,13 @@ bool Printable(wchar_t unit) { return unit >= 0x20 && unit != 0x7F && (unit < 0x
 
 // The character that the key types with the given modifiers, in the layout
 // of the program that has the keyboard; 0 for none. The state of the
-// keyboard (dead keys) is left as it was.
-char32_t Character_Of(const KBDLLHOOKSTRUCT& key, bool shift, bool controlAndAlt) {
+// keyboard (dead keys) is left as it was. Caps Lock counts only for typing:
+// Ctrl+A stays Ctrl+A under it.
+char32_t Character_Of(const KBDLLHOOKSTRUCT& key, bool shift, bool controlAndAlt, bool capsLock) {
   BYTE state[256] = {};
   if (shift) state[VK_SHIFT] = 0x80;
   if (controlAndAlt) state[VK_CONTROL] = state[VK_MENU] = 0x80;
-  state[VK_CAPITAL] = static_cast<BYTE>(GetKeyState(VK_CAPITAL) & 1);
+  if (capsLock) state[VK_CAPITAL] = static_cast<BYTE>(GetKeyState(VK_CAPITAL) & 1);
   const HKL layout = GetKeyboardLayout(GetWindowThreadProcessId(GetForegroundWindow(), nullptr));
   wchar_t text[4] = {};
   constexpr UINT kKeepKeyboardState = 0x4;
@@ -53,6 +54,11 @@ bool InputHooks::Start(InputObserver* observer) {
   }
   active = this;
   observer_ = observer;
+  // A modifier held as observing starts is heard only when it comes up.
+  const auto held = [](int key) { return GetAsyncKeyState(key) < 0; };
+  shift_[0] = held(VK_LSHIFT), shift_[1] = held(VK_RSHIFT);
+  control_[0] = held(VK_LCONTROL), control_[1] = held(VK_RCONTROL);
+  alt_[0] = held(VK_LMENU), alt_[1] = held(VK_RMENU);
   mostMilliseconds_ = Most_Observer_Milliseconds();
   return true;
 }
@@ -130,10 +136,10 @@ void InputHooks::Key(const KBDLLHOOKSTRUCT& key, bool down) {
                              ? 0x10000 + ((highSurrogate_ - 0xD800) << 10) + (unit - 0xDC00)
                              : unit;
     highSurrogate_ = 0;
-  } else if (observed.control && observed.alt && (observed.character = Character_Of(key, observed.shift, true))) {
+  } else if (observed.control && observed.alt && (observed.character = Character_Of(key, observed.shift, true, true))) {
     observed.control = observed.alt = false;  // AltGr: the character is the key's meaning
   } else {
-    observed.character = Character_Of(key, observed.shift, false);
+    observed.character = Character_Of(key, observed.shift, false, !observed.control && !observed.alt);
   }
   Tell([&](InputObserver& observer) { observer.Key_Down(observed); });
 }
