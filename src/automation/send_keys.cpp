@@ -169,17 +169,22 @@ SendKeys::Status SendKeys::Type(bool interactive, const std::string& keys, Windo
         return Keys_Astray(interactive, guard, total - sent + Presses(groups[i - 1]), total, succeeded);
     }
   }
+  return After_Last_Group(interactive, guard, budget, Presses(groups.back()), total, succeeded);
+}
+
+// The last group is the one the target may not have read before another
+// program took the keyboard. The fast pace goes on at once, so it watches a
+// moment longer: the system gives no sign that a program has read its keys,
+// and keys still unread when another program takes the keyboard are lost.
+SendKeys::Status SendKeys::After_Last_Group(bool interactive, InputGuard& guard, WaitBudget& budget,
+                                            std::size_t lastPresses, std::size_t total, bool& succeeded) {
   if (!budget.Idle(desktop_))
     Log(interactive, "Info: The window did not finish processing the keys within " +
                          std::to_string(kInputIdleBoundMilliseconds / 1000) + " seconds.");
-  // The last group is the one the target may not have read before another
-  // program took the keyboard. The fast pace goes on at once, so it watches a
-  // moment longer: the system gives no sign that a program has read its keys,
-  // and keys still unread when another program takes the keyboard are lost.
   if (Fast_Pace(engine_)) {
     if (!Keyboard_Kept_A_While(guard)) return Keys_Astray(interactive, guard, total, total, succeeded);
   } else if (!guard.Target_Kept_Keyboard()) {
-    return Keys_Astray(interactive, guard, Presses(groups.back()), total, succeeded);
+    return Keys_Astray(interactive, guard, lastPresses, total, succeeded);
   }
   return kKeysSent;
 }

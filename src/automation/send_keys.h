@@ -40,6 +40,9 @@ class SendKeys {
   void Log(bool interactive, const std::string& text);
   bool Point_At_And_Focus(WindowHandle window, WaitBudget& budget);
   Status Type(bool interactive, const std::string& keys, WindowHandle window, WaitBudget& budget, bool& succeeded);
+  // Once every group went: the program idle, and the target still holding the keyboard.
+  Status After_Last_Group(bool interactive, InputGuard& guard, WaitBudget& budget, std::size_t lastPresses,
+                          std::size_t total, bool& succeeded);
   // Fast pace: the target keeps the keyboard for a moment after the keys.
   bool Keyboard_Kept_A_While(InputGuard& guard);
   // Logs that another program took the keyboard while `doubtful` of the keys

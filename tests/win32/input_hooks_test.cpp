@@ -33,11 +33,13 @@ class Heard : public InputObserver {
   void Observing_Lost(const std::string& reason) override { lines.push_back("lost: " + reason); }
 };
 
-INPUT Key(WORD vk, bool up) {
+// A key, or with a unit a Unicode character as such.
+INPUT Key(WORD vk, bool up, wchar_t unit = 0) {
   INPUT input{};
   input.type = INPUT_KEYBOARD;
   input.ki.wVk = vk;
-  input.ki.dwFlags = up ? KEYEVENTF_KEYUP : 0;
+  input.ki.wScan = unit;
+  input.ki.dwFlags = (up ? KEYEVENTF_KEYUP : 0) | (unit ? KEYEVENTF_UNICODE : 0);
   return input;
 }
 std::vector<INPUT> Press(WORD vk, std::vector<WORD> held = {}) {
@@ -46,15 +48,6 @@ std::vector<INPUT> Press(WORD vk, std::vector<WORD> held = {}) {
   inputs.push_back(Key(vk, false));
   inputs.push_back(Key(vk, true));
   for (auto it = held.rbegin(); it != held.rend(); ++it) inputs.push_back(Key(*it, true));
-  return inputs;
-}
-std::vector<INPUT> Unicode(wchar_t unit) {
-  std::vector<INPUT> inputs(2);
-  for (int up = 0; up < 2; ++up) {
-    inputs[up].type = INPUT_KEYBOARD;
-    inputs[up].ki.wScan = unit;
-    inputs[up].ki.dwFlags = KEYEVENTF_UNICODE | (up ? KEYEVENTF_KEYUP : 0);
-  }
   return inputs;
 }
 std::vector<INPUT> Mouse_Click(long x, long y, DWORD down, DWORD up) {
@@ -108,7 +101,7 @@ TEST_F(InputHooksTest, AnotherProgramsClicksAndKeysAreHeardWithTheirCharacters) 
       {Press('A', {VK_CONTROL}), {"key 41 0061 ctrl"}},
       {Press(VK_RETURN), {"key 0D 0000"}},
       {Press(VK_END, {VK_SHIFT}), {"key 23 0000 shift"}},
-      {Unicode(0x00E9), {"key 00 00E9"}},
+      {{Key(0, false, 0xE9), Key(0, true, 0xE9)}, {"key 00 00E9"}},
   };
   for (const auto& [inputs, expected] : rows) {
     SCOPED_TRACE(expected.empty() ? "middle button" : expected.front());
