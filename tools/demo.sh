@@ -72,11 +72,16 @@ findwindow: 3, "Velmora - IDE", "VelmoraEditor", 0, 0.5, 0.5, "Automation Comman
 SCRIPT
 }
 
-# The editor's place at the top right of the screen, stored for its next start,
-# and the lines of a session that starts the sample setup and then the editor
+# The editor's place at the top right of the screen, stored for a fresh
+# editor's next start, and the lines of a session that starts the sample setup and then the editor
 # with a new script <name>.vls (see new_script_lines).
 setup_and_editor_lines() {
   local key='HKCU\Software\Velmora Software\Velmora\Editor'
+  # The editor of the picture before closes after its session has ended, and
+  # then stores its files; a new editor that remembered them would ask for no
+  # debug file.
+  _wine_wait_for "! wine_run '$bin/wintree.exe' --wait 0 'Velmora - IDE' >/dev/null 2>&1" 150
+  wine_run reg delete 'HKCU\Software\Velmora Software\Velmora' /f >/dev/null 2>&1
   wine_run reg add "$key" /v Left /t REG_SZ /d 9600 /f >/dev/null 2>&1
   wine_run reg add "$key" /v Top /t REG_SZ /d 0 /f >/dev/null 2>&1
   printf '%s\n' 'run: "velmora-sample-setup.exe"' \
