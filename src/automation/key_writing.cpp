@@ -16,10 +16,6 @@ using namespace virtual_key;
 constexpr std::string_view kReserved = "+^%~(){}";
 constexpr std::string_view kModifierMarks = "+^%";
 
-bool Is_Lock_Key(std::uint16_t virtualKey) {
-  return virtualKey == kCapital || virtualKey == kNumLock || virtualKey == kScroll;
-}
-
 std::string Character_Text(char32_t character) {
   const auto byte = Windows_1252_Byte(character);
   if (!byte) return "";
@@ -50,6 +46,10 @@ bool Ends_With_Named_Key(const std::string& keys, std::string_view name, int& co
 }
 
 }  // namespace
+
+bool Is_Lock_Key(std::uint16_t virtualKey) {
+  return virtualKey == kCapital || virtualKey == kNumLock || virtualKey == kScroll;
+}
 
 std::string Key_Notation_Of(const ObservedKey& key) {
   if (Is_Lock_Key(key.virtualKey)) return "";

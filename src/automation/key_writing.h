@@ -8,6 +8,9 @@
 
 namespace velmora {
 
+// Caps Lock, Num Lock and Scroll Lock.
+bool Is_Lock_Key(std::uint16_t virtualKey);
+
 // One key press in the notation: a character as itself (the notation's own
 // characters in braces, a backquote doubled), a key without a character by
 // its name in braces, with + ^ % before it for Shift, Ctrl and Alt. Empty

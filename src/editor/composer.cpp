@@ -86,15 +86,26 @@ std::string LineComposer::Compose_Line() {
   }
 }
 
+long Insert_Before_Highlighted(ListModel& script, const std::string& line) {
+  const long highlighted = script.Selected();
+  if (highlighted < 0 || highlighted >= static_cast<long>(script.Count())) {
+    script.Add(line);
+    return static_cast<long>(script.Count()) - 1;
+  }
+  script.Insert(static_cast<std::size_t>(highlighted), line);
+  return highlighted;
+}
+
 // Overwriting replaces the highlighted line and keeps its breakpoint; else the
-// line goes in before the highlighted one, which stays highlighted. Without a
-// highlighted line the new line ends the script.
+// line goes in as Insert_Before_Highlighted puts it.
 void LineComposer::Place_Line(const std::string& line) {
   ListModel& trace = engine_.TraceWindow;
   const long highlighted = trace.Selected();
-  if (highlighted < 0 || highlighted >= static_cast<long>(trace.Count())) return trace.Add(line);
+  if (!panel_.Overwriting() || highlighted < 0 || highlighted >= static_cast<long>(trace.Count())) {
+    Insert_Before_Highlighted(trace, line);
+    return;
+  }
   const auto index = static_cast<std::size_t>(highlighted);
-  if (!panel_.Overwriting()) return trace.Insert(index, line);
   const bool marked = Starts_With(Trim(trace.Item(highlighted)), kBreakpointMark);
   trace.Set(index, marked ? std::string(kBreakpointMark) + " " + line : line);
   trace.Select(highlighted);

@@ -7,11 +7,16 @@
 
 namespace velmora {
 
+class ListModel;
 struct Engine;
 struct ParsedCommand;
 class CommandPanel;
 class EditorActivity;
 class FormControls;
+
+// Puts the line before the highlighted one, which stays highlighted; at the
+// end when no line is highlighted. Returns where the line went.
+long Insert_Before_Highlighted(ListModel& script, const std::string& line);
 
 class LineComposer {
  public:

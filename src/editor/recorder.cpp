@@ -8,7 +8,7 @@
 #include "editor_activity.h"
 #include "engine.h"
 #include "key_writing.h"
-#include "virtual_keys.h"
+#include "line_composer.h"
 #include "window_description.h"
 #include "window_search.h"
 
@@ -134,9 +134,8 @@ void Recorder::Key_Down(const ObservedKey& key) {
 // Lock keys are left out without a word: what was typed under them is
 // written as it came.
 void Recorder::Report_Left_Out(const ObservedKey& key) {
-  using namespace virtual_key;
   if (key.character != 0) return Log_Trace(engine_, true, "Info: A typed character that a script cannot hold was left out.");
-  if (key.virtualKey == kCapital || key.virtualKey == kNumLock || key.virtualKey == kScroll) return;
+  if (Is_Lock_Key(key.virtualKey)) return;
   Log_Trace(engine_, true, "Info: A key that the key notation has no name for was left out.");
 }
 
@@ -152,20 +151,11 @@ void Recorder::Aim_At(WindowHandle window, ScreenPoint point, bool forClick) {
   Report_Matches(engine_, levels, window);
 }
 
-// Before the highlighted line, which stays highlighted; at the end when no
-// line is highlighted.
 long Recorder::Place(const std::string& line) {
-  ListModel& script = engine_.TraceWindow;
-  const long highlighted = script.Selected();
   ++linesWritten_;
   activity_.Set_Script_Changed(true);
   controls_.SetEnabled(C::SaveScriptButton, true);
-  if (highlighted < 0 || highlighted >= static_cast<long>(script.Count())) {
-    script.Add(line);
-    return static_cast<long>(script.Count()) - 1;
-  }
-  script.Insert(static_cast<std::size_t>(highlighted), line);
-  return highlighted;
+  return Insert_Before_Highlighted(engine_.TraceWindow, line);
 }
 
 void Recorder::Replace(long line, const std::string& text) {
